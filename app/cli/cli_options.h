@@ -1,0 +1,32 @@
+// Helpers shared by the verbs of orvana-cli.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include <QString>
+#include <QStringList>
+
+class QCommandLineParser;
+
+namespace cli {
+
+enum ExitCode : int {
+    Designed = 0,  // a design was made (or the command did its work)
+    Refused = 1,   // the model refused the input; the message says why
+    Usage = 2,     // the command line itself is wrong
+};
+
+// A number as typed: plain decimals, exponents, and "nan"/"inf" (which the
+// models then refuse with their own message). Anything else is not a number.
+std::optional<double> parseNumber(const QString& text);
+
+// Parses the verb's arguments; on a usage error prints it with the help
+// text to stderr and returns false. `args` starts with the program name.
+bool parseOrComplain(QCommandLineParser& parser, const QStringList& args);
+
+void printOut(const QString& text);
+void printOut(const std::string& text);
+void printErr(const QString& text);
+
+}  // namespace cli

@@ -1,0 +1,60 @@
+// orvana-cli: the design models without windows, for scripting and batch work.
+#include <QCoreApplication>
+
+#include <cstring>
+
+#include "cli/cli_options.h"
+#include "cli/verbs.h"
+
+namespace {
+
+struct Verb {
+    const char* name;
+    int (*run)(const QStringList&);
+    const char* summary;
+};
+
+constexpr Verb kVerbs[] = {
+    {"filter", cli::runFilter, "design a window-method FIR filter"},
+    {"signal", cli::runSignal, "design a 16384-sample test signal"},
+    {"project", cli::runProject, "run a Sum & Filter or Multirate project from saved designs"},
+    {"export", cli::runExport, "write a saved filter's integer coefficients as CSV"},
+    {"open", cli::runOpen, "print a saved design's keys and values"},
+};
+
+void printUsage()
+{
+    QString text = QStringLiteral("Usage: orvana-cli <verb> [options]\n\nVerbs:\n");
+    for (const Verb& v : kVerbs)
+        text += QStringLiteral("  %1  %2\n").arg(QString::fromLatin1(v.name), -8).arg(QString::fromLatin1(v.summary));
+    text += QStringLiteral("\nRun 'orvana-cli <verb> --help' for the options of a verb.\n");
+    cli::printErr(text);
+}
+
+}  // namespace
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Orvana"));
+    QStringList args = QCoreApplication::arguments();
+    if (args.size() < 2) {
+        printUsage();
+        return cli::Usage;
+    }
+    const QString verb = args.at(1);
+    if (verb == QLatin1String("--help") || verb == QLatin1String("-h") || verb == QLatin1String("help")) {
+        printUsage();
+        return 0;
+    }
+    for (const Verb& v : kVerbs) {
+        if (verb == QLatin1String(v.name)) {
+            args.removeAt(1);
+            args[0] = QStringLiteral("orvana-cli ") + verb;
+            return v.run(args);
+        }
+    }
+    cli::printErr(QStringLiteral("Unknown verb \"%1\".").arg(verb));
+    printUsage();
+    return cli::Usage;
+}

@@ -1,0 +1,39 @@
+#include "dsp/real_fft.h"
+
+#include <fftw3.h>
+
+#include <map>
+#include <memory>
+#include <stdexcept>
+
+RealFft::RealFft(std::size_t n) : n_(n)
+{
+    if (n < 2 || n > (std::size_t{1} << 20) || (n & (n - 1)) != 0)
+        throw std::invalid_argument("RealFft: length must be a power of two");
+    in_ = fftw_alloc_real(n);
+    out_ = reinterpret_cast<std::complex<double>*>(fftw_alloc_complex(n / 2 + 1));
+    // ESTIMATE keeps the first design quick; the plan is reused afterwards.
+    plan_ = fftw_plan_dft_r2c_1d(static_cast<int>(n), in_,
+                                 reinterpret_cast<fftw_complex*>(out_), FFTW_ESTIMATE);
+}
+
+RealFft::~RealFft()
+{
+    fftw_destroy_plan(plan_);
+    fftw_free(in_);
+    fftw_free(out_);
+}
+
+void RealFft::execute()
+{
+    fftw_execute(plan_);
+}
+
+RealFft& RealFft::ofSize(std::size_t n)
+{
+    static std::map<std::size_t, std::unique_ptr<RealFft>> plans;
+    auto& slot = plans[n];
+    if (!slot)
+        slot = std::make_unique<RealFft>(n);
+    return *slot;
+}
