@@ -1,3 +1,10 @@
 # Widgets of the filter designer and the design file sheets.
 target_sources(orvana_ui PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/design_file_alerts.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/design_file_commands.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/design_file_kind.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/design_file_listing.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/file_table_model.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/open_sheet.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/save_sheet.cpp
 )

@@ -1,0 +1,37 @@
+// The warning alerts of the design file commands, window-modal on the
+// designer window and non-blocking: each returns the box it opened, and a
+// completion runs only when the first button is chosen.
+#pragma once
+
+#include <functional>
+
+#include <QString>
+
+class QMessageBox;
+class QWidget;
+
+class DesignFileAlerts {
+public:
+    DesignFileAlerts(QWidget* designerWindow, QString replaceInformativeText,
+                     QString overwriteInformativeText);
+
+    // "The Filename is Invalid", button "OK".
+    QMessageBox* alertInvalidFilename();
+    // "\"name\" already exists. Do you want to replace it?", "Replace"/"Cancel".
+    QMessageBox* alertDuplicateFile(const QString& name, std::function<void()> onReplace);
+    // "\"name\" already exists. Do you want to overwrite its original
+    // contents?", "Overwrite"/"Cancel".
+    QMessageBox* alertOverwriteFile(const QString& name, std::function<void()> onOverwrite);
+    // "This Project File Contains Erroneous Information and Cannot be
+    // Opened", button "OK".
+    QMessageBox* alertInvalidProjectFile();
+
+private:
+    QMessageBox* makeAlert(const QString& text, const QString& informativeText);
+    QMessageBox* askWithFirstButton(const QString& text, const QString& informativeText,
+                                    const QString& firstButton, std::function<void()> onFirstButton);
+
+    QWidget* window_;
+    QString replaceInformativeText_;
+    QString overwriteInformativeText_;
+};

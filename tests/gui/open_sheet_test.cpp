@@ -1,0 +1,185 @@
+// The open sheet's rows: which files of a library folder are listed, their
+// date text, and sorting by clicking the column headers.
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include "filter/design_file_listing.h"
+#include "filter/open_sheet.h"
+#include "support/temp_library.h"
+
+// Readable failure messages.
+static void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace {
+
+// Writes `name` in `folder` with the given local modification time.
+void makeFile(const QString& folder, const QString& name, const QDateTime& modified)
+{
+    QFile file(QDir(folder).filePath(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
+    file.write("x");
+    // Written out first, or closing the file would touch the date again.
+    ASSERT_TRUE(file.flush());
+    ASSERT_TRUE(file.setFileTime(modified, QFileDevice::FileModificationTime));
+}
+
+QDateTime at(int y, int mo, int d, int h, int mi)
+{
+    return QDateTime(QDate(y, mo, d), QTime(h, mi));
+}
+
+QStringList names(const QList<GVRFile>& rows)
+{
+    QStringList out;
+    for (const GVRFile& row : rows)
+        out << row.fileName();
+    return out;
+}
+
+void clickHeader(QTableView* table, int column)
+{
+    QHeaderView* header = table->horizontalHeader();
+    const QPoint centre(header->sectionViewportPosition(column) + header->sectionSize(column) / 2,
+                        header->height() / 2);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, centre);
+}
+
+} // namespace
+
+TEST(DesignFileListing, DateTextIsEnglishTwelveHourClock)
+{
+    EXPECT_EQ(formatFileDate(at(2010, 3, 5, 16, 7)), "Mar 5, 2010, 4:07 PM");
+    EXPECT_EQ(formatFileDate(at(2023, 12, 25, 0, 30)), "Dec 25, 2023, 12:30 AM");
+    EXPECT_EQ(formatFileDate(at(2001, 9, 10, 12, 5)), "Sep 10, 2001, 12:05 PM");
+    EXPECT_EQ(formatFileDate(at(1999, 1, 31, 9, 59)), "Jan 31, 1999, 9:59 AM");
+}
+
+TEST(DesignFileListing, ListsOnlyFilesWithTheExtension)
+{
+    TempLibrary lib;
+    const QString folder = lib.folder("filter");
+    makeFile(folder, "lp300fc25.filt", at(2010, 3, 5, 16, 7));
+    makeFile(folder, "bp.filt", at(2011, 1, 2, 3, 4));
+    makeFile(folder, "notes.txt", at(2011, 1, 2, 3, 4));
+    makeFile(folder, "tone.signal", at(2011, 1, 2, 3, 4));
+    makeFile(folder, "filt", at(2011, 1, 2, 3, 4));
+    makeFile(folder, "old.filt.bak", at(2011, 1, 2, 3, 4));
+    makeFile(folder, "upper.FILT", at(2011, 1, 2, 3, 4));
+    QDir(folder).mkdir("folder.filt");
+
+    const QList<GVRFile> rows = designFilesInFolder(folder, ".filt");
+    QStringList listed = names(rows);
+    listed.sort();
+    EXPECT_EQ(listed, QStringList({"bp.filt", "lp300fc25.filt"}));
+    for (const GVRFile& row : rows) {
+        if (row.fileName() == "lp300fc25.filt") {
+            EXPECT_EQ(row.fileDate(), "Mar 5, 2010, 4:07 PM");
+        }
+    }
+
+    QStringList bare = designNamesInFolder(folder, ".filt");
+    bare.sort();
+    EXPECT_EQ(bare, QStringList({"bp", "lp300fc25"}));
+    EXPECT_EQ(stripExtension("lp300fc25.filt", ".filt"), "lp300fc25");
+    EXPECT_EQ(stripExtension("a.filt.filt", ".filt"), "a.filt");
+    EXPECT_EQ(stripExtension("plain", ".filt"), "plain");
+
+    EXPECT_TRUE(designFilesInFolder(lib.root() + "/missing", ".filt").isEmpty());
+    EXPECT_TRUE(designFilesInFolder(QString(), ".filt").isEmpty());
+}
+
+TEST(OpenSheet, ShowsRowsInGivenOrderWithRowZeroSelected)
+{
+    QWidget window;
+    window.show();
+    GVROpenSheet sheet(&window);
+    EXPECT_EQ(sheet.windowModality(), Qt::WindowModal);
+    EXPECT_TRUE(sheet.openButton()->isDefault());
+    EXPECT_EQ(sheet.openButton()->text(), "Open");
+    EXPECT_EQ(sheet.cancelButton()->text(), "Cancel");
+
+    sheet.setFiles({{"b.filt", "Mar 5, 2010, 4:07 PM"}, {"a.filt", "Feb 1, 2020, 9:00 AM"}});
+    sheet.open();
+    QAbstractItemModel* model = sheet.table()->model();
+    EXPECT_EQ(model->headerData(0, Qt::Horizontal).toString(), "Name");
+    EXPECT_EQ(model->headerData(1, Qt::Horizontal).toString(), "Date");
+    ASSERT_EQ(model->rowCount(), 2);
+    EXPECT_EQ(model->index(0, 0).data().toString(), "b.filt");
+    EXPECT_EQ(model->index(0, 1).data().toString(), "Mar 5, 2010, 4:07 PM");
+    EXPECT_EQ(sheet.selectedRow(), 0);
+
+    sheet.setFiles({});
+    EXPECT_EQ(model->rowCount(), 0);
+    EXPECT_EQ(sheet.selectedRow(), std::nullopt);
+}
+
+TEST(OpenSheet, HeaderClicksSortTheRowArrayOnTheShownText)
+{
+    QWidget window;
+    window.show();
+    GVROpenSheet sheet(&window);
+    // Listing order; the dates are chosen so that text order and time order differ.
+    sheet.setFiles({{"mid.filt", "Mar 5, 2010, 4:07 PM"},
+                    {"Zed.filt", "Feb 1, 2020, 9:00 AM"},
+                    {"alpha.filt", "Dec 24, 2005, 11:15 PM"}});
+    sheet.open();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&sheet));
+    EXPECT_EQ(names(sheet.files()), QStringList({"mid.filt", "Zed.filt", "alpha.filt"}));
+
+    clickHeader(sheet.table(), 0);
+    // Case-sensitive, as a plain comparison of the texts.
+    EXPECT_EQ(names(sheet.files()), QStringList({"Zed.filt", "alpha.filt", "mid.filt"}));
+    // The selection stays on the file it was on.
+    ASSERT_TRUE(sheet.selectedRow());
+    EXPECT_EQ(sheet.files().at(*sheet.selectedRow()).fileName(), "mid.filt");
+
+    clickHeader(sheet.table(), 0);
+    EXPECT_EQ(names(sheet.files()), QStringList({"mid.filt", "alpha.filt", "Zed.filt"}));
+
+    clickHeader(sheet.table(), 1);
+    // "Dec…" < "Feb…" < "Mar…", whatever the years.
+    EXPECT_EQ(names(sheet.files()), QStringList({"alpha.filt", "Zed.filt", "mid.filt"}));
+    EXPECT_EQ(sheet.table()->model()->index(0, 1).data().toString(), "Dec 24, 2005, 11:15 PM");
+
+    // New rows come in listing order again, without a sort indicator.
+    sheet.setFiles({{"b.filt", "x"}, {"a.filt", "y"}});
+    EXPECT_EQ(names(sheet.files()), QStringList({"b.filt", "a.filt"}));
+    EXPECT_EQ(sheet.table()->horizontalHeader()->sortIndicatorSection(), -1);
+}
+
+TEST(OpenSheet, ReturnAndDoubleClickMeanOpen)
+{
+    QWidget window;
+    window.show();
+    GVROpenSheet sheet(&window);
+    sheet.setFiles({{"a.filt", "x"}, {"b.filt", "y"}});
+    sheet.open();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&sheet));
+    QSignalSpy opened(&sheet, &GVROpenSheet::openPressed);
+
+    sheet.table()->setFocus();
+    QTest::keyClick(sheet.table(), Qt::Key_Return);
+    EXPECT_EQ(opened.count(), 1);
+
+    const QRect row1 = sheet.table()->visualRect(sheet.table()->model()->index(1, 0));
+    // A double click is a click followed by a double-click event.
+    QTest::mouseClick(sheet.table()->viewport(), Qt::LeftButton, {}, row1.center());
+    QTest::mouseDClick(sheet.table()->viewport(), Qt::LeftButton, {}, row1.center());
+    EXPECT_EQ(opened.count(), 2);
+    EXPECT_EQ(sheet.selectedRow(), 1);
+
+    QTest::mouseClick(sheet.cancelButton(), Qt::LeftButton);
+    EXPECT_EQ(opened.count(), 2);
+    EXPECT_FALSE(sheet.isVisible());
+}
