@@ -5,10 +5,11 @@
 
 #include <functional>
 
+#include <QPointer>
 #include <QString>
+#include <QWidget>
 
 class QMessageBox;
-class QWidget;
 
 class DesignFileAlerts {
 public:
@@ -31,7 +32,7 @@ private:
     QMessageBox* askWithFirstButton(const QString& text, const QString& informativeText,
                                     const QString& firstButton, std::function<void()> onFirstButton);
 
-    QWidget* window_;
+    QPointer<QWidget> window_;
     QString replaceInformativeText_;
     QString overwriteInformativeText_;
 };

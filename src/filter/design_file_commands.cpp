@@ -82,7 +82,8 @@ void DesignFileCommands::openMenuItem()
 
 void DesignFileCommands::openSheetOpen()
 {
-    if (!openSheet_)
+    // A second Open (a double click followed by Return) finds it closed.
+    if (!openSheet_ || !openSheet_->isVisible())
         return;
     const std::optional<int> row = openSheet_->selectedRow();
     const GVRFile file = row ? openSheet_->files().value(*row) : GVRFile();
@@ -130,7 +131,7 @@ void DesignFileCommands::saveToFileWithNewFileFlag(bool newFile)
 
 void DesignFileCommands::saveSheetSave()
 {
-    if (!saveSheet_)
+    if (!saveSheet_ || !saveSheet_->isVisible())
         return;
     const QString name = saveSheet_->typedName();
     saveSheet_->accept();

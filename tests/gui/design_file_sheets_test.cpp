@@ -215,6 +215,12 @@ TEST_F(DesignFileSheets, SheetIsReusedAndRowsRebuiltEachTime)
     QTest::keyClick(first, Qt::Key_Return);
     EXPECT_FALSE(first->isVisible());
     EXPECT_EQ(designer.calls.mid(designer.calls.indexOf("open:new")), QStringList({"open:new", "redesign"}));
+
+    // Once closed, a late Open does nothing.
+    const qsizetype callsBefore = designer.calls.size();
+    commands->openSheetOpen();
+    commands->saveSheetSave();
+    EXPECT_EQ(designer.calls.size(), callsBefore);
 }
 
 TEST_F(DesignFileSheets, OpenWithNoRowsOnlyCloses)
