@@ -437,6 +437,11 @@ struct KindTexts {
     const char* overwriteText;
 };
 
+void PrintTo(const KindTexts& texts, std::ostream* out)
+{
+    *out << texts.label;
+}
+
 class DesignFileKindTexts : public DesignFileSheets, public ::testing::WithParamInterface<KindTexts> {};
 
 TEST_P(DesignFileKindTexts, ReplaceAndOverwriteAlertsCarryTheDesignersWords)
