@@ -1,0 +1,32 @@
+// Block diagram 2: rate change by L/M — zero insertion, the FIR stage at the
+// high rate, and keeping every M-th sample — plus the automatic low pass.
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+inline constexpr std::size_t kAutoFilterTaps = 255;
+
+// L ≥ 1; u: n = u.size() outputs, u[i] = x[i/L] when L divides i, else 0
+// (x reads as zero past its end). Returns false (u all zero) for L < 1.
+bool interpolateSignal(std::span<const double> x, int L, std::span<double> u);
+
+// M ≥ 1; y: n = y.size() outputs, y[j] = v[M·j] while M·j < n, then zeros
+// (v reads as zero past its end). Returns false (y all zero) for M < 1.
+bool decimateSignal(std::span<const double> v, int M, std::span<double> y);
+
+// L, M ≥ 1; h: exactly 255 taps, a Chebyshev-windowed (ϒ = 3.5) low pass
+// whose band edge is near half the lower of the input and output rates.
+// Returns false (h untouched) for bad arguments.
+bool autoGenLPF(int L, int M, std::span<double> h);
+
+// The pass-band bin count k = ⌊(255 / max(L, M) + 1) · 0.5⌋ of autoGenLPF.
+std::size_t autoFilterPassBins(int L, int M);
+
+// L, M in 1 .. 16; x: n input samples; h: N_H ≥ 1 taps; y: outputs wanted.
+// Equals decimateSignal(convolutionSysOut(interpolateSignal(x, L, L·n), h), M)
+// cut to y.size(), sample for sample, but only forms the products that meet
+// an input sample and only the outputs kept. L = M = 1 copies x unfiltered.
+// Returns false (y all zero) for L or M outside 1 .. 16.
+bool multirateSysOut(std::span<const double> x, std::span<const double> h, int L, int M,
+                     std::span<double> y);

@@ -1,0 +1,36 @@
+// Signal extremes and the designer's magnitude spectrum, on the shared
+// 16384-point FFTW plan.
+#include "dsp/signal_spectrum.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "dsp/real_fft.h"
+
+SignalExtremes measureSignal(std::span<const double> x)
+{
+    if (x.empty())
+        return {};
+    const auto [lo, hi] = std::minmax_element(x.begin(), x.end());
+    return {*hi, *lo};
+}
+
+SignalExtremes magSpectrum(std::span<const double> x, std::span<double> mag)
+{
+    RealFft& fft = RealFft::ofSize(kSpectrumLength);
+    const std::span<double> in = fft.input();
+    const std::size_t used = std::min(x.size(), kSpectrumLength);
+    std::copy_n(x.begin(), used, in.begin());
+    std::fill(in.begin() + static_cast<std::ptrdiff_t>(used), in.end(), 0.0);
+    fft.execute();
+    const auto bins = fft.output();
+    const std::size_t n = std::min(mag.size(), kSpectrumLength);
+    for (std::size_t k = 0; k < n; ++k) {
+        // Bins above N/2 mirror those below (the input is real).
+        const std::size_t b = k <= kSpectrumLength / 2 ? k : kSpectrumLength - k;
+        const double re = bins[b].real();
+        const double im = bins[b].imag();
+        mag[k] = std::sqrt(re * re + im * im) / static_cast<double>(kSpectrumLength);
+    }
+    return measureSignal(mag.first(n));
+}
