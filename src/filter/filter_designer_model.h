@@ -1,0 +1,98 @@
+// GVRFilterDesignerModel: the headless half of the filter designer. It
+// validates a filter parameter dictionary, designs the FIR filter by the
+// window method, keeps every result, and reports back to its window through
+// GVRFilterDesignView.
+#pragma once
+
+#include <QString>
+#include <QVariantMap>
+
+#include <cstdint>
+#include <vector>
+
+class GVRFilterDesignView;
+
+class GVRFilterDesignerModel {
+public:
+    GVRFilterDesignerModel();
+    virtual ~GVRFilterDesignerModel() = default;
+
+    // The window the model reports to; may be null (nothing is reported).
+    void setWindow(GVRFilterDesignView* window) { winFilterDesign_ = window; }
+    GVRFilterDesignView* window() const { return winFilterDesign_; }
+
+    // The whole design from the nine KEYFP_ parameters: validate, then firFilter().
+    void designFilterWithParameters(const QVariantMap& parameters);
+    // Validates the stored parameters with the cutoff and centre as typed and sets the
+    // normalised frequencies; on failure shows the first broken rule and returns false.
+    bool checkParametersWithCutoffFreq(double cutoffFreq, double centerFreq);
+    // The design pipeline on the stored, validated fields.
+    void firFilter();
+    // Fills the results dictionary (frequencies in the selected units) and sends it on.
+    void displayFilterDesignResults();
+    // 2 positive, 1 negative symmetry, anything else not symmetric.
+    void displayNoticeWithSymmetry(int symmetry);
+
+    // Every field a design leaves behind, as a saved design holds it. Opening a design
+    // puts one back with restoreDesign().
+    struct Design {
+        bool validResultsFlag = false;
+        double thetaSamplingFreq = 0.0;
+        double filterLengthN = 0.0;
+        double betaUpsilon = 0.0;
+        double thetaCutoffFreqNormalized = 0.0;
+        double thetaCenterFreqNormalized = 0.0;
+        int filterType = 0;
+        int windowType = 0;
+        int filterWidth = 0;
+        int unitsType = 0;
+        double gimeldbLow = 0.0;
+        double gimeldbHigh = 0.0;
+        double gimeldbBandwidth = 0.0;
+        double passbandRipple = 0.0;
+        double dynamicRange = 0.0;
+        double dynamicRangeError = 0.0;
+        std::vector<std::int64_t> integerCoefficients;
+        std::vector<double> filterCoefficients;
+        std::vector<double> filterPrecisionCoefficients;
+    };
+    const Design& design() const { return d_; }
+    void restoreDesign(const Design& design) { d_ = design; }
+
+    bool validResultsFlag() const { return d_.validResultsFlag; }
+    double thetaSamplingFreq() const { return d_.thetaSamplingFreq; }
+    double filterLengthN() const { return d_.filterLengthN; }
+    double betaUpsilon() const { return d_.betaUpsilon; }
+    double thetaCutoffFreqNormalized() const { return d_.thetaCutoffFreqNormalized; }
+    double thetaCenterFreqNormalized() const { return d_.thetaCenterFreqNormalized; }
+    int filterType() const { return d_.filterType; }
+    int windowType() const { return d_.windowType; }
+    int filterWidth() const { return d_.filterWidth; }
+    int unitsType() const { return d_.unitsType; }
+    double gimeldbLow() const { return d_.gimeldbLow; }
+    double gimeldbHigh() const { return d_.gimeldbHigh; }
+    double gimeldbBandwidth() const { return d_.gimeldbBandwidth; }
+    double passbandRipple() const { return d_.passbandRipple; }
+    double dynamicRange() const { return d_.dynamicRange; }
+    double dynamicRangeError() const { return d_.dynamicRangeError; }
+    const std::vector<std::int64_t>& integerCoefficients() const { return d_.integerCoefficients; }
+    const std::vector<double>& filterCoefficients() const { return d_.filterCoefficients; }
+    const std::vector<double>& filterPrecisionCoefficients() const { return d_.filterPrecisionCoefficients; }
+    const std::vector<double>& dBmagAndPhaseArray() const { return dBmagAndPhaseArray_; }
+    const QVariantMap& filterResultsDictionary() const { return filterResultsDictionary_; }
+
+    // Index values no pop-up list holds (not a whole number, or beyond int) are stored as this.
+    static constexpr int kInvalidIndex = -1;
+
+protected:
+    void note(const QString& text, double value = 0.0, bool withValue = false);
+
+private:
+    bool checkExtraRanges(double cutoffFreq, double centerFreq);
+
+    Design d_;
+    std::vector<double> dBmagAndPhaseArray_;
+    QVariantMap filterResultsDictionary_;
+    GVRFilterDesignView* winFilterDesign_ = nullptr;
+
+};
