@@ -1,0 +1,35 @@
+// Geometry of the project block diagram, in lower-left coordinates: the
+// sum-and-filter model (index 1) or the multirate model (any other index).
+#pragma once
+
+#include <QColor>
+#include <QPointF>
+#include <QPolygonF>
+#include <QRectF>
+#include <QString>
+#include <QVector>
+
+struct DiagramText {
+    QPointF at;  // lower-left corner of the text box
+    QString text;
+    bool large = false;  // 20-point font instead of 16
+};
+
+struct DiagramBox {
+    QRectF rect;
+    QColor fill;
+};
+
+struct BlockDiagramLayout {
+    QVector<DiagramText> inputs;  // x₁[n], x₂[n] and their rates
+    DiagramText title;
+    QRectF summingCircle;  // bounding square of the circle
+    QVector<DiagramBox> boxes;  // in fill order
+    QVector<QPolygonF> lines;   // connecting lines, no arrow heads
+    QVector<DiagramText> labels;
+};
+
+inline constexpr int kSumAndFilterDiagram = 1;
+
+// index: 1 sum-and-filter, anything else multirate; width, height: view size.
+BlockDiagramLayout blockDiagramLayout(int index, float width, float height);

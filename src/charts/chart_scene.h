@@ -1,0 +1,35 @@
+// What one pass of a chart draws, in chart coordinates (origin at the
+// lower-left corner, y upward): the curve, the dashed grid and the labels.
+// Built by the chart layouts, painted by paintChartScene().
+#pragma once
+
+#include <optional>
+
+#include <QColor>
+#include <QLineF>
+#include <QPointF>
+#include <QString>
+#include <QVector>
+
+#include "charts/grid_steps.h"
+
+struct ChartLabel {
+    QPointF at;  // lower-left corner of the text box
+    QString text;
+};
+
+struct ChartScene {
+    // False for an empty or unreadable array: only the frame is drawn.
+    bool hasData = false;
+    QColor curveColor;
+    // Separate straight segments between consecutive points; segments with a
+    // non-finite end are left out, the rest are clipped to the view.
+    QVector<QLineF> curve;
+    QVector<QLineF> gridLines;
+    // In drawing order: horizontal-line labels, vertical-line labels, origin.
+    QVector<ChartLabel> labels;
+    // The steps chosen for the two axes (for the vertical axis the one used
+    // for the scale); nothing where no table value fitted.
+    std::optional<GridStep> verticalStep;
+    std::optional<GridStep> horizontalStep;
+};

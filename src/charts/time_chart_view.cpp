@@ -1,0 +1,34 @@
+// Common part of the two time-domain charts.
+#include "charts/time_chart_view.h"
+
+#include "charts/time_array_source.h"
+#include "charts/time_chart_layout.h"
+
+GVRTimeChartView::GVRTimeChartView(int headerBase, int sampleBase, QWidget* parent)
+    : GVRChartView(parent), headerBase_(headerBase), sampleBase_(sampleBase)
+{
+}
+
+void GVRTimeChartView::newTimeDomainChart()
+{
+    update();
+}
+
+void GVRTimeChartView::setZoom(float zoom)
+{
+    zoomFactor_ = zoom;
+    update();
+}
+
+void GVRTimeChartView::setBases(int headerBase, int sampleBase)
+{
+    headerBase_ = headerBase;
+    sampleBase_ = sampleBase;
+    update();
+}
+
+ChartScene GVRTimeChartView::layoutChart(float width, float height)
+{
+    timeArray_ = source_ ? source_->theTimeArray() : std::vector<double>();
+    return layoutTimeChart(timeArray_, headerBase_, sampleBase_, zoomFactor_, width, height);
+}

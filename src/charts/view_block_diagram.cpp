@@ -1,0 +1,67 @@
+// The block diagram of the project window.
+#include "charts/view_block_diagram.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include "charts/block_diagram_layout.h"
+#include "charts/chart_colors.h"
+#include "charts/chart_painting.h"
+
+GVRViewBlockDiagram::GVRViewBlockDiagram(QWidget* parent)
+    : QWidget(parent), textFont_(chartpaint::palatinoFont(16)), textFontLarge_(chartpaint::palatinoFont(20))
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+QSize GVRViewBlockDiagram::sizeHint() const
+{
+    return QSize(600, 200);
+}
+
+void GVRViewBlockDiagram::newBlockDiagramWithIndex(int index)
+{
+    blockDiagramIndex_ = index;
+    update();
+}
+
+void GVRViewBlockDiagram::paintEvent(QPaintEvent*)
+{
+    const QSizeF size = this->size();
+    const BlockDiagramLayout d = blockDiagramLayout(blockDiagramIndex_, float(size.width()), float(size.height()));
+    auto draw = [&](QPainter& p, const DiagramText& t) {
+        chartpaint::drawTextAt(p, t.at, t.text, t.large ? textFontLarge_ : textFont_);
+    };
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setRenderHint(QPainter::TextAntialiasing, true);
+    chartpaint::useLowerLeftOrigin(painter, size);
+    chartpaint::drawFrame(painter, size, chartpaint::kDiagramLineWidth);
+    const QPen outline(chartcolors::outline(), chartpaint::kDiagramLineWidth, Qt::SolidLine, Qt::FlatCap,
+                       Qt::MiterJoin);
+    painter.setPen(outline);
+    painter.setBrush(Qt::NoBrush);
+
+    for (const DiagramText& t : d.inputs)
+        draw(painter, t);
+    draw(painter, d.title);
+
+    // Circle, box outlines and connecting lines in one stroke.
+    QPainterPath path;
+    path.addEllipse(d.summingCircle);
+    for (const DiagramBox& box : d.boxes)
+        path.addRect(box.rect);
+    for (const QPolygonF& line : d.lines)
+        path.addPolygon(line);
+    painter.strokePath(path, outline);
+
+    for (const DiagramBox& box : d.boxes) {
+        painter.fillRect(box.rect, box.fill);
+        painter.setPen(outline);
+        painter.drawRect(box.rect);
+    }
+    for (const DiagramText& t : d.labels)
+        draw(painter, t);
+}

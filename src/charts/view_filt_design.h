@@ -1,0 +1,34 @@
+// The filter response chart of the filter design window: magnitude in dB or
+// unwrapped phase in radians, pulled from the window at every pass.
+#pragma once
+
+#include <vector>
+
+#include "charts/chart_view.h"
+
+class MagPhaseArraySource;
+
+class GVRViewFiltDesign : public GVRChartView {
+    Q_OBJECT
+public:
+    explicit GVRViewFiltDesign(QWidget* parent = nullptr);
+
+    // The window the response array comes from; not owned, may be null.
+    void setMagPhaseSource(const MagPhaseArraySource* source) { winFilterDesign_ = source; }
+
+    int chartType() const { return chartType_; }
+    QString freqUnitsString() const { return freqUnitsString_; }
+
+public slots:
+    // type: 0 magnitude, 1 phase; units: "Norm", "KHz" or "MHz". Redraws.
+    void newChartOfType(int type, const QString& units);
+
+protected:
+    ChartScene layoutChart(float width, float height) override;
+
+private:
+    std::vector<double> dBmagAndPhaseArray_;
+    int chartType_ = 0;
+    QString freqUnitsString_;
+    const MagPhaseArraySource* winFilterDesign_ = nullptr;
+};
