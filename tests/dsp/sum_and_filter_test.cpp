@@ -1,0 +1,121 @@
+// Signed sum and the FIR stage read N_H − 1 samples ahead.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+#include "dsp/sum_and_filter.h"
+#include "support/reference_python.h"
+
+namespace {
+
+constexpr std::size_t N = 16384;
+
+std::vector<double> randomSignal(std::size_t n, unsigned seed)
+{
+    std::mt19937 gen(seed);
+    std::normal_distribution<double> d(0.0, 1.0);
+    std::vector<double> x(n);
+    for (double& v : x)
+        v = d(gen);
+    return x;
+}
+
+QByteArray line(const std::vector<double>& v)
+{
+    QByteArray text;
+    for (double x : v)
+        text += QByteArray::number(x, 'g', 17) + ' ';
+    return text + '\n';
+}
+
+}  // namespace
+
+TEST(SumAndFilter, SignedSums)
+{
+    const auto x1 = randomSignal(N, 1);
+    const auto x2 = randomSignal(N, 2);
+    std::vector<double> x(N);
+    sumTwoSignals(x1, x1, 0, 1, x);
+    for (double v : x)
+        ASSERT_EQ(v, 0.0);
+    sumTwoSignals(x1, x2, 2, 0, x);
+    EXPECT_EQ(x, x2);
+    sumTwoSignals(x1, x2, 1, 2, x);
+    for (std::size_t i = 0; i < N; ++i)
+        ASSERT_EQ(x[i], -x1[i]);
+    sumTwoSignals(x1, x2, 0, 0, x);
+    for (std::size_t i = 0; i < N; ++i)
+        ASSERT_EQ(x[i], x1[i] + x2[i]);
+    // A signal left out contributes nothing, even infinities.
+    const std::vector<double> bad(N, INFINITY);
+    sumTwoSignals(x1, bad, 0, 2, x);
+    EXPECT_EQ(x, x1);
+}
+
+// A unit impulse at the centre tap delays by (N_H − 1)/2 after the
+// read-ahead: y[n] = x[n + 12] for N_H = 25, and the last 28 are zero.
+TEST(SumAndFilter, CentreTapReadAheadAndZeroTail)
+{
+    const auto x = randomSignal(N, 3);
+    std::vector<double> h(25, 0.0);
+    h[12] = 1.0;
+    std::vector<double> y(N);
+    convolutionSysOut(x, h, y);
+    for (std::size_t n = 0; n <= 16355; ++n)
+        ASSERT_EQ(y[n], x[n + 12]) << n;
+    for (std::size_t n = 16356; n < N; ++n)
+        ASSERT_EQ(y[n], 0.0) << n;
+
+    std::vector<double> h255(255, 1.0 / 255);
+    convolutionSysOut(x, h255, y);
+    EXPECT_NE(y[16127], 0.0);
+    for (std::size_t n = 16128; n < N; ++n)
+        ASSERT_EQ(y[n], 0.0) << n;
+    EXPECT_EQ(convolutionOutputLength(N, 255), 16128u);
+    EXPECT_EQ(convolutionOutputLength(N, 25), 16356u);
+    EXPECT_EQ(convolutionOutputLength(10, 25), 0u);
+}
+
+TEST(SumAndFilter, UnitGainFilterKeepsAConstant)
+{
+    std::vector<double> h(31);
+    double sum = 0.0;
+    for (std::size_t i = 0; i < h.size(); ++i)
+        sum += (h[i] = 1.0 + static_cast<double>(i % 5));
+    for (double& v : h)
+        v /= sum;
+    const std::vector<double> x(N, 2.5);
+    std::vector<double> y(N);
+    convolutionSysOut(x, h, y);
+    for (std::size_t n = 0; n < convolutionOutputLength(N, 31); ++n)
+        ASSERT_NEAR(y[n], 2.5, 1e-14);
+}
+
+// Random filters of 25 and 255 taps against numpy's convolution.
+TEST(SumAndFilter, MatchesNumpyConvolution)
+{
+    for (std::size_t taps : {25u, 101u, 255u}) {
+        const auto x = randomSignal(N, 4);
+        const auto h = randomSignal(taps, 5);
+        std::vector<double> y(N);
+        convolutionSysOut(x, h, y);
+        QString error;
+        const auto out = reference::runPython(QStringLiteral("project_systems.py"), {"conv"}, line(h) + line(x), &error);
+        ASSERT_TRUE(out) << error.toStdString();
+        const auto ref = reference::parseNumbers(*out);
+        ASSERT_EQ(ref.size(), N);
+        for (std::size_t n = 0; n < N; ++n)
+            ASSERT_NEAR(y[n], ref[n], 1e-12 * std::sqrt(static_cast<double>(taps))) << taps << " " << n;
+    }
+}
+
+TEST(SumAndFilter, ShortInputReadsAsZeros)
+{
+    const std::vector<double> x{1.0, 2.0, 3.0};
+    const std::vector<double> h{1.0};
+    std::vector<double> y(12, 9.0);
+    convolutionSysOut(x, h, y);
+    const std::vector<double> expected{1, 2, 3, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+    EXPECT_EQ(y, expected);
+}
