@@ -12,15 +12,18 @@
 
 #include <QByteArray>
 
+// Trailer fields to override; unset ones are computed.
+struct BplistTrailer {
+    std::optional<unsigned> offsetSize = {};
+    std::optional<unsigned> refSize = {};
+    std::optional<std::uint64_t> objectCount = {};
+    std::optional<std::uint64_t> top = {};
+    std::optional<std::uint64_t> tableOffset = {};
+};
+
 class BplistBuilder {
 public:
-    struct Trailer {
-        std::optional<unsigned> offsetSize;
-        std::optional<unsigned> refSize;
-        std::optional<std::uint64_t> objectCount;
-        std::optional<std::uint64_t> top;
-        std::optional<std::uint64_t> tableOffset;
-    };
+    using Trailer = BplistTrailer;
 
     // Index the next object will get (for objects that refer to themselves).
     int next() const { return int(objects_.size()); }
