@@ -1,0 +1,98 @@
+// GVRSignalDesignerModel: the non-visual half of the signal designer. It
+// takes the window's ten-entry parameter dictionary, checks it for the
+// chosen signal function, synthesises 16384 samples with their spectrum and
+// hands both result arrays back to the window.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include <QString>
+#include <QVariantMap>
+
+class SignalDesignView;
+
+class GVRSignalDesignerModel {
+public:
+    static constexpr std::size_t kHeaderLength = 8;
+    static constexpr std::size_t kTimeArrayLength = 16392;  // header + 16384 samples
+    static constexpr std::size_t kFreqArrayLength = 8200;   // header + 8192 magnitudes
+
+    GVRSignalDesignerModel() = default;
+
+    void setWinSignalDesign(SignalDesignView* window) { winSignalDesign_ = window; }
+    SignalDesignView* winSignalDesign() const { return winSignalDesign_; }
+
+    // Entry point from the window: stores the values, checks them and, when
+    // they pass, designs the signal. A dictionary without exactly the ten
+    // KEYSP_ entries is ignored; a failed check leaves the previous results.
+    void designSignalWithParameters(const QVariantMap& parameters);
+
+    // Clears the note line and checks the stored values for the stored
+    // signal function; the first failing rule goes to the note line.
+    bool checkAllParameters();
+
+    // After a design: the note "OPTIMAL RATE: f samp ≥ 10 fₐ" when fs is
+    // below ten times the highest signal frequency, else an empty note.
+    void optimalSamplingRateCheck();
+
+    // A parameter dictionary as the window builds it.
+    static QVariantMap parameterDictionary(std::int64_t freqUnits, std::int64_t voltUnits, double samplingFreq,
+                                           double yStepIndex, const std::array<double, 6>& parms);
+
+    // Results of the last successful design.
+    const std::vector<double>& timeDomainArray() const { return timeDomainArray_; }
+    const std::vector<double>& freqDomainArray() const { return freqDomainArray_; }
+    bool validResultsFlag() const { return validResultsFlag_; }
+    double max_amplitude() const { return max_amplitude_; }
+    double min_amplitude() const { return min_amplitude_; }
+    double max_freq() const { return max_freq_; }
+
+    // Values of the last parameter dictionary, kept even when it was refused.
+    std::int64_t freqUnits() const { return freqUnits_; }
+    std::int64_t voltUnits() const { return voltUnits_; }
+    double yStepIndex() const { return yStepIndex_; }
+    double samplingFreq() const { return samplingFreq_; }
+    double parm1() const { return parms_[0]; }
+    double parm2() const { return parms_[1]; }
+    double parm3() const { return parms_[2]; }
+    double parm4() const { return parms_[3]; }
+    double parm5() const { return parms_[4]; }
+    double parm6() const { return parms_[5]; }
+    const std::array<double, 6>& parms() const { return parms_; }
+
+    // The ten entries rebuilt from an opened file, for the window's restoration.
+    QVariantMap& signalRestorationDictionary() { return signalRestorationDictionary_; }
+
+private:
+    bool checkTrigSingle();
+    bool checkTrigDouble();
+    bool checkTrigSummation();
+    bool checkNoise();
+    bool checkMixer();
+    bool checkRectangle();
+    bool checkSinc();
+    // Rules beyond the listed ones: every value the function uses is finite
+    // and the unit codes are known. `symbols` names parm1.. in order.
+    bool checkFiniteAndUnits(std::initializer_list<const char*> symbols);
+    bool refuse(const QString& message);
+    bool refuse(const QString& message, double value);
+
+    void designSignal();
+    void note(const QString& text, double value, bool withValue);
+
+    std::vector<double> timeDomainArray_;
+    std::vector<double> freqDomainArray_;
+    bool validResultsFlag_ = false;
+    std::int64_t freqUnits_ = 0;
+    std::int64_t voltUnits_ = 0;
+    double yStepIndex_ = 0.0;
+    double samplingFreq_ = 0.0;
+    std::array<double, 6> parms_{};
+    double max_amplitude_ = 0.0;
+    double min_amplitude_ = 0.0;
+    double max_freq_ = 0.0;
+    QVariantMap signalRestorationDictionary_;
+    SignalDesignView* winSignalDesign_ = nullptr;
+};
