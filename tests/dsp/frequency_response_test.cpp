@@ -59,7 +59,7 @@ TEST(FrequencyResponse, MatchesNumpy)
             ASSERT_NEAR(r.dB[k], ref[k], tol) << "filter " << f << " bin " << k;
             // Where Re X is rounding noise the sign of ±π/2 is arbitrary: compare modulo π.
             const double d = std::fmod(std::fabs(r.phase[k] - ref[kResponsePoints + k]), kPi);
-            ASSERT_LT(std::min(d, kPi - d), 1e-9) << "filter " << f << " bin " << k;
+            ASSERT_LT(std::min(d, kPi - d), tol) << "filter " << f << " bin " << k;
         }
     }
 }
