@@ -1,6 +1,8 @@
 // Painting shared by the chart and panel views.
 #include "charts/chart_painting.h"
 
+#include <algorithm>
+
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPainter>
@@ -69,8 +71,9 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
         gridPath.lineTo(line.p2());
     }
     QPen gridPen(chartcolors::grid(), kGridLineWidth, Qt::CustomDashLine, Qt::FlatCap, Qt::MiterJoin);
-    // Qt measures dashes in pen widths.
-    gridPen.setDashPattern({kGridDash / kGridLineWidth, kGridGap / kGridLineWidth});
+    // Qt measures dashes in pen widths, but in whole units for pens thinner than 1.
+    const qreal dashUnit = std::max<qreal>(kGridLineWidth, 1.0);
+    gridPen.setDashPattern({kGridDash / dashUnit, kGridGap / dashUnit});
     gridPen.setDashOffset(0.0);
     painter.strokePath(gridPath, gridPen);
     painter.restore();

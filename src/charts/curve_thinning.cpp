@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -40,7 +41,12 @@ private:
         }
         const double lowY = points[low].y();
         const double highY = points[high].y();
-        if (count >= 3 && highY - lowY >= penWidth_) {
+        // A column where the curve turns back on itself (both extremes inside
+        // the run) and spans more than a pen width is drawn solid anyway: one
+        // bar shows it. A column the curve crosses in one direction keeps its
+        // slant through its end points.
+        const bool turnsBack = low > 0 && low < count - 1 && high > 0 && high < count - 1;
+        if (turnsBack && highY - lowY >= penWidth_) {
             // Joining from the previous column is needed unless that was a
             // bar overlapping this one.
             const bool covered = previousBar_ && lowY <= previousHigh_ && highY >= previousLow_;
@@ -49,7 +55,7 @@ private:
             flushKept();
             const double x = column + 0.5;
             out_.append(QLineF(x, lowY, x, highY));
-            kept_.append(points[count - 1]);
+            keep(points[count - 1]);
             previousBar_ = true;
             previousLow_ = lowY;
             previousHigh_ = highY;
@@ -67,17 +73,48 @@ private:
         previousBar_ = false;
     }
 
-    // A point between two at the same height is replaced by the later one.
+    // Extends the last segment to p while every point it has swallowed stays
+    // within kTolerance of it vertically (a cone of slopes from the anchor),
+    // otherwise starts a new segment. Fewer joints also means fewer places
+    // where two antialiased butt ends share a pixel and leave it lighter.
     void keep(QPointF p)
     {
         const qsizetype n = kept_.size();
         if (n > 0 && kept_[n - 1] == p)
             return;
-        if (n > 1 && kept_[n - 2].y() == kept_[n - 1].y() && kept_[n - 1].y() == p.y()) {
-            kept_[n - 1] = p;
+        if (n == 0) {
+            kept_.append(p);
             return;
         }
+        if (n > 1) {
+            const double dx = p.x() - anchor_.x();
+            if (dx > 0.0) {
+                const double slope = (p.y() - anchor_.y()) / dx;
+                if (slope >= slopeLow_ && slope <= slopeHigh_) {
+                    kept_[n - 1] = p;
+                    narrowCone(p);
+                    return;
+                }
+            }
+        }
+        anchor_ = kept_[n - 1];
+        slopeLow_ = -std::numeric_limits<double>::infinity();
+        slopeHigh_ = std::numeric_limits<double>::infinity();
+        narrowCone(p);
         kept_.append(p);
+    }
+
+    void narrowCone(QPointF p)
+    {
+        const double dx = p.x() - anchor_.x();
+        if (!(dx > 0.0)) {
+            // A vertical step: nothing may extend it.
+            slopeLow_ = std::numeric_limits<double>::infinity();
+            slopeHigh_ = -std::numeric_limits<double>::infinity();
+            return;
+        }
+        slopeLow_ = std::max(slopeLow_, (p.y() - kTolerance - anchor_.y()) / dx);
+        slopeHigh_ = std::min(slopeHigh_, (p.y() + kTolerance - anchor_.y()) / dx);
     }
 
     void flushKept()
@@ -89,7 +126,11 @@ private:
 
     QVector<QLineF>& out_;
     const double penWidth_;
+    static constexpr double kTolerance = 0.25;  // pixels
     QVector<QPointF> kept_;
+    QPointF anchor_;
+    double slopeLow_ = 0.0;
+    double slopeHigh_ = 0.0;
     bool previousBar_ = false;
     double previousLow_ = 0.0;
     double previousHigh_ = 0.0;

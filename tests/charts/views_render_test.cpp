@@ -151,15 +151,17 @@ TEST(ViewsRender, MagnitudeCurveSitsAtTheTopInThePassBand)
     expectFrameAndBackground(image);
     EXPECT_GE(window.pulls, 1);
     const QColor blue = chartcolors::dBMagGraph();
-    // Pass band (points 0-799: x < 400) at 0.9 H, stop band at 0.1 H.
-    for (int x : {20, 200, 380}) {
+    // Pass band (points 0-799: x < 400) at 0.9 H, stop band at 0.1 H. The
+    // columns are in gaps of the dashed grid lines lying on the same heights
+    // (dashes 4 on, 6 off from x = 0).
+    for (int x : {25, 205, 385}) {
         EXPECT_TRUE(columnHas(image, x, row(image, 0.9 * 400) - 2, row(image, 0.9 * 400) + 2, blue)) << x;
         EXPECT_FALSE(columnHas(image, x, row(image, 0.5 * 400), row(image, 0.1 * 400) + 3, blue)) << x;
     }
-    for (int x : {420, 700, 1000})
+    for (int x : {425, 705, 995})
         EXPECT_TRUE(columnHas(image, x, row(image, 0.1 * 400) - 2, row(image, 0.1 * 400) + 2, blue)) << x;
     // The edge at point 800 is a vertical segment.
-    EXPECT_TRUE(columnHas(image, 400, row(image, 0.5 * 400), row(image, 0.5 * 400), blue));
+    EXPECT_TRUE(columnHas(image, 399, row(image, 0.5 * 400), row(image, 0.5 * 400), blue));
     // No phase colour on a magnitude chart.
     EXPECT_EQ(countColour(image, chartcolors::phaseGraph()), 0);
 
@@ -188,11 +190,11 @@ TEST(ViewsRender, PhaseCurveInGreen)
     view.newChartOfType(1, QStringLiteral("Norm"));
     const QImage image = render(view, 1024, 400, "filter_phase");
     expectFrameAndBackground(image);
-    EXPECT_GT(countColour(image, chartcolors::phaseGraph()), 1000);
+    EXPECT_GT(countColour(image, chartcolors::phaseGraph()), 800);
     EXPECT_EQ(countColour(image, chartcolors::dBMagGraph()), 0);
     // Phase 0 (the top line, ka = 0 for Pmax 0) at 0.9 H; -30 rad at 0.1 H with
     // step 5 and 6 divisions.
-    EXPECT_TRUE(columnHas(image, 2, row(image, 0.9 * 400) - 2, row(image, 0.9 * 400) + 2,
+    EXPECT_TRUE(columnHas(image, 6, row(image, 0.9 * 400) - 2, row(image, 0.9 * 400) + 2,
                           chartcolors::phaseGraph()));
     EXPECT_TRUE(columnHas(image, 1015, row(image, 0.1 * 400) - 3, row(image, 0.1 * 400) + 3,
                           chartcolors::phaseGraph()));
@@ -240,8 +242,10 @@ TEST(ViewsRender, TimeChartsDrawTheSignalAroundTheMiddle)
     projView.setZoomLevel(4);
     image = render(projView, 1200, 400, "project_time_output");
     expectFrameAndBackground(image);
-    // -0.5 sin at zoom 4: the first trough (sample 64) at x = 18.75, at the bottom of the band.
-    EXPECT_TRUE(columnHas(image, 19, row(image, 0.1 * 400) - 2, row(image, 0.1 * 400) + 2, blue));
+    // -0.5 sin at zoom 4: the first trough (sample 64) at x = 18.75; amplitude
+    // step 0.2 with 3 divisions puts -0.5 at 0.5 H - 0.5 / 0.6 × 0.4 H.
+    const double trough = 200.0 - 0.5 / 0.6 * 160.0;
+    EXPECT_TRUE(columnHas(image, 19, row(image, trough) - 2, row(image, trough) + 2, blue));
 }
 
 TEST(ViewsRender, SpectrumChartsDrawThePeak)
