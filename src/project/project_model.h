@@ -1,0 +1,98 @@
+// GVRProjectModel: the non-visual half of the project window. It combines
+// two saved signals and a saved (or automatic) filter in the Sum & Filter
+// or the Multirate model and hands the input and output, in time and in
+// frequency, back to the window.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include <QString>
+#include <QVariantMap>
+
+#include "archive/filter_record.h"
+#include "archive/signal_record.h"
+
+class DesignSource;
+class ProjectView;
+
+class GVRProjectModel {
+public:
+    static constexpr std::size_t kSamples = 16384;
+    static constexpr std::size_t kHeaderLength = 8;
+    static constexpr std::size_t kTimeArrayLength = 32784;  // 2 headers + x + y
+    static constexpr std::size_t kFreqArrayLength = 16400;  // 2 headers + |X| + |Y|
+    static constexpr double kRateTolerance = 1e-6;
+
+    explicit GVRProjectModel(const DesignSource* library = nullptr) : library_(library) {}
+
+    // Where the named designs are read from; the model does not own it.
+    void setDesignSource(const DesignSource* library) { library_ = library; }
+    const DesignSource* designSource() const { return library_; }
+    void setWinProject(ProjectView* window) { winProject_ = window; }
+    ProjectView* winProject() const { return winProject_; }
+
+    // Entry point from the window: copies the values, checks them silently
+    // and designs. A dictionary without exactly the nine KEYMOD_ entries or
+    // with a value out of range does nothing.
+    void designProjectWithParameters(const QVariantMap& parameters);
+
+    // Names non-empty, diagram 1 or 2, sign codes 0..2, L and M 1..12,
+    // filter type 0 or 1.
+    bool checkAllParameters() const;
+
+    // A parameter dictionary as the window builds it.
+    static QVariantMap parameterDictionary(int blockDiagramNumber, const QString& filterName,
+                                           const QString& signalOneName, const QString& signalTwoName,
+                                           int signalOneSign, int signalTwoSign, int multirateL, int multirateM,
+                                           int multirateFilterType);
+
+    // Results of the last successful design (kept when a later one fails).
+    const std::vector<double>& timeDomainArray() const { return timeDomainArray_; }
+    const std::vector<double>& freqDomainArray() const { return freqDomainArray_; }
+    // False from the start of every design until its results are in.
+    bool validResultsFlag() const { return validResultsFlag_; }
+
+    // Values of the last parameter dictionary.
+    int blockDiagramNumber() const { return blockDiagramNumber_; }
+    int multirateFilterType() const { return multirateFilterType_; }
+    int signalOneSign() const { return signalOneSign_; }
+    int signalTwoSign() const { return signalTwoSign_; }
+    int multirateL() const { return multirateL_; }
+    int multirateM() const { return multirateM_; }
+    const QString& filterName() const { return filterName_; }
+    const QString& signalOneName() const { return signalOneName_; }
+    const QString& signalTwoName() const { return signalTwoName_; }
+
+    // Records read by the last design (empty records before the first).
+    const GVRSignal& signalOneRecord() const { return signalOneRecord_; }
+    const GVRSignal& signalTwoRecord() const { return signalTwoRecord_; }
+    const GVRFilter& filterOneRecord() const { return filterOneRecord_; }
+
+    // The nine entries rebuilt from an opened project file.
+    QVariantMap& projectRestorationDictionary() { return projectRestorationDictionary_; }
+
+private:
+    void designProject();
+    void note(const QString& text);
+
+    std::vector<double> timeDomainArray_;
+    std::vector<double> freqDomainArray_;
+    bool validResultsFlag_ = false;
+    int blockDiagramNumber_ = 0;
+    int multirateFilterType_ = 0;
+    int signalOneSign_ = 0;
+    int signalTwoSign_ = 0;
+    int multirateL_ = 0;
+    int multirateM_ = 0;
+    QString filterName_;
+    QString signalOneName_;
+    QString signalTwoName_;
+    QVariantMap projectRestorationDictionary_;
+    GVRSignal signalOneRecord_;
+    GVRSignal signalTwoRecord_;
+    GVRFilter filterOneRecord_;
+    const DesignSource* library_ = nullptr;
+    ProjectView* winProject_ = nullptr;
+};
