@@ -1,12 +1,208 @@
+// orvana-cli signal: one test-signal design through GVRSignalDesignerModel,
+// printed for a person or as JSON. Options mirror the signal design
+// window's form; a missing number reads as 0, as an empty field does.
 #include "cli/cli_options.h"
+#include "cli/json_writer.h"
 #include "cli/verbs.h"
+
+#include "dsp/signal_spectrum.h"
+#include "shell/note_format.h"
+#include "signal/signal_design_view.h"
+#include "signal/signal_designer_model.h"
+
+#include <QCommandLineParser>
+
+#include <algorithm>
+#include <numeric>
+#include <optional>
 
 namespace cli {
 
-int runSignal(const QStringList&)
+namespace {
+
+const QStringList kFunctions{QStringLiteral("cosine"), QStringLiteral("two-cosines"), QStringLiteral("cosine-sum"),
+                             QStringLiteral("sine"),   QStringLiteral("two-sines"),   QStringLiteral("sine-sum"),
+                             QStringLiteral("noise"),  QStringLiteral("mixer"),       QStringLiteral("rectangle"),
+                             QStringLiteral("sinc"),   QStringLiteral("sinc-squared")};
+// Parameter symbols per function, as the window labels them.
+const QStringList kSymbols[6] = {
+    QStringLiteral("A,A₁,A,A,A₁,A,σ,A₁,A,β,β").split(QLatin1Char(',')),
+    QStringLiteral("fₐ,fₐ₁,fₐ,fₐ,fₐ₁,fₐ,μ,fₐ₁,τ,σ,σ").split(QLatin1Char(',')),
+    QStringLiteral("ϕ,A₂,ϕ,ϕ,A₂,ϕ, ,A₂,σ,μ,μ").split(QLatin1Char(',')),
+    QStringLiteral("σ,fₐ₂,M,σ,fₐ₂,M, ,fₐ₂,μ, , ").split(QLatin1Char(',')),
+    QStringLiteral("μ,σ,σ,μ,σ,σ, ,σ, , , ").split(QLatin1Char(',')),
+    QStringLiteral(" ,μ,μ, ,μ,μ, ,μ, , , ").split(QLatin1Char(',')),
+};
+
+// Everything the model tells its window, kept for printing.
+class CollectingView : public SignalDesignView {
+public:
+    void displayNoteField(const QString& text, double value, bool withValue) override
+    {
+        note = formatNote(text, value, withValue);
+    }
+    void plotTimeWithArray(const std::vector<double>& a) override { time = a; }
+    void plotFreqWithArray(const std::vector<double>& a) override { freq = a; }
+    void restoreSignalParameters(const QVariantMap&) override {}
+
+    QString note;
+    std::vector<double> time;
+    std::vector<double> freq;
+};
+
+// A function index 0..10 or its name.
+std::optional<int> functionChoice(const QString& text)
 {
-    printErr(QStringLiteral("orvana-cli signal: not available in this build yet."));
-    return Usage;
+    const QString t = text.trimmed();
+    for (int i = 0; i < kFunctions.size(); ++i)
+        if (t.compare(kFunctions[i], Qt::CaseInsensitive) == 0)
+            return i;
+    bool ok = false;
+    const int index = t.toInt(&ok);
+    if (ok && index >= 0 && index < kFunctions.size())
+        return index;
+    return std::nullopt;
+}
+
+void writeJson(const CollectingView& view, bool designed)
+{
+    JsonWriter json;
+    json.beginObject();
+    json.key("note");
+    json.value(view.note.toStdString());
+    json.key("time");
+    json.array(designed ? view.time : std::vector<double>{});
+    json.key("freq");
+    json.array(designed ? view.freq : std::vector<double>{});
+    json.endObject();
+    printOut(json.text() + "\n");
+}
+
+void writeText(const GVRSignalDesignerModel& model, const CollectingView& view, bool designed)
+{
+    QString out;
+    if (!view.note.isEmpty())
+        out += view.note + QLatin1Char('\n');
+    if (!designed) {
+        printOut(out);
+        return;
+    }
+    const int index = static_cast<int>(model.yStepIndex());
+    const QString freqUnit = model.freqUnits() == 0 ? QStringLiteral("MHz") : QStringLiteral("KHz");
+    const QString timeUnit = model.freqUnits() == 0 ? QStringLiteral("μS") : QStringLiteral("mS");
+    const QString voltUnit = model.voltUnits() == 0 ? QStringLiteral("V") : QStringLiteral("mV");
+    const auto& t = view.time;
+    const auto& f = view.freq;
+    const double fs = t[0];
+
+    out += QStringLiteral("\n%1, fs %2 %3\n").arg(kFunctions[index]).arg(fs, 0, 'g', 10).arg(freqUnit);
+    QStringList parms;
+    for (int slot = 0; slot < 6; ++slot) {
+        const QString symbol = kSymbols[slot].value(index).trimmed();
+        if (!symbol.isEmpty())
+            parms << QStringLiteral("%1 = %2").arg(symbol).arg(model.parms()[static_cast<std::size_t>(slot)], 0, 'g', 10);
+    }
+    out += parms.join(QStringLiteral(", ")) + QLatin1Char('\n');
+    out += QStringLiteral("Highest frequency: %1 %2\n").arg(t[1], 0, 'g', 10).arg(freqUnit);
+    out += QStringLiteral("Largest sample:    %1 %2\n").arg(t[4], 0, 'g', 10).arg(voltUnit);
+    out += QStringLiteral("Smallest sample:   %1 %2\n").arg(t[5], 0, 'g', 10).arg(voltUnit);
+
+    out += QStringLiteral("\nFirst samples (of 16384, T = %1 %2):\n").arg(1.0 / fs, 0, 'g', 6).arg(timeUnit);
+    for (std::size_t k = 0; k < 8; ++k)
+        out += QStringLiteral("  x[%1] = %2\n").arg(k).arg(t[8 + k], 0, 'g', 12);
+
+    // The strongest bins of the one-sided spectrum.
+    std::vector<std::size_t> bins(f.size() - 8);
+    std::iota(bins.begin(), bins.end(), 0);
+    const std::size_t shown = std::min<std::size_t>(5, bins.size());
+    std::partial_sort(bins.begin(), bins.begin() + static_cast<std::ptrdiff_t>(shown), bins.end(),
+                      [&](std::size_t a, std::size_t b) { return f[8 + a] > f[8 + b]; });
+    out += QStringLiteral("\nStrongest spectrum bins (|X[k]|/16384, bin width %1 %2):\n")
+               .arg(fs / static_cast<double>(kSpectrumLength), 0, 'g', 6)
+               .arg(freqUnit);
+    for (std::size_t i = 0; i < shown; ++i) {
+        const std::size_t k = bins[i];
+        out += QStringLiteral("  bin %1  %2 %3  %4 %5\n")
+                   .arg(k, 4)
+                   .arg(static_cast<double>(k) * fs / static_cast<double>(kSpectrumLength), 0, 'g', 8)
+                   .arg(freqUnit)
+                   .arg(f[8 + k], 0, 'g', 8)
+                   .arg(voltUnit);
+    }
+    printOut(out);
+}
+
+}  // namespace
+
+int runSignal(const QStringList& args)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Design a 16384-sample test signal."));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
+    const QCommandLineOption freqUnits(QStringLiteral("freq-units"), QStringLiteral("mhz or khz (default mhz)."),
+                                       QStringLiteral("units"), QStringLiteral("mhz"));
+    const QCommandLineOption voltUnits(QStringLiteral("volt-units"), QStringLiteral("v or mv (default v)."),
+                                       QStringLiteral("units"), QStringLiteral("v"));
+    const QCommandLineOption fs(QStringLiteral("fs"), QStringLiteral("Sampling frequency."), QStringLiteral("number"));
+    const QCommandLineOption function(QStringLiteral("function"),
+                                      QStringLiteral("0..10 or a name: ") + kFunctions.join(QStringLiteral(", ")),
+                                      QStringLiteral("function"), QStringLiteral("0"));
+    QList<QCommandLineOption> parms;
+    for (int slot = 0; slot < 6; ++slot) {
+        QStringList uses;
+        for (int i = 0; i < kFunctions.size(); ++i)
+            if (!kSymbols[slot][i].trimmed().isEmpty())
+                uses << QStringLiteral("%1 %2").arg(i).arg(kSymbols[slot][i]);
+        parms << QCommandLineOption(QStringLiteral("p%1").arg(slot + 1),
+                                    QStringLiteral("Parameter %1 (%2).").arg(slot + 1).arg(uses.join(QStringLiteral(", "))),
+                                    QStringLiteral("number"));
+    }
+    const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
+    parser.addOptions({help, freqUnits, voltUnits, fs, function, json});
+    parser.addOptions(parms);
+    if (!parseOrComplain(parser, args))
+        return Usage;
+    if (parser.isSet(help)) {
+        printOut(parser.helpText());
+        return Designed;
+    }
+
+    const QString freqText = parser.value(freqUnits).trimmed().toLower();
+    const QString voltText = parser.value(voltUnits).trimmed().toLower();
+    const auto index = functionChoice(parser.value(function));
+    if ((freqText != QLatin1String("mhz") && freqText != QLatin1String("khz")) ||
+        (voltText != QLatin1String("v") && voltText != QLatin1String("mv")) || !index) {
+        printErr(QStringLiteral("orvana-cli signal: unknown units or function.\n") + parser.helpText());
+        return Usage;
+    }
+    auto number = [&](const QCommandLineOption& option) -> std::optional<double> {
+        const QString text = parser.value(option);
+        return text.isEmpty() ? std::optional<double>(0.0) : parseNumber(text);
+    };
+    std::array<double, 6> values{};
+    std::optional<double> fsValue = number(fs);
+    bool ok = fsValue.has_value();
+    for (std::size_t slot = 0; slot < 6 && ok; ++slot) {
+        const auto v = number(parms[static_cast<qsizetype>(slot)]);
+        ok = v.has_value();
+        values[slot] = v.value_or(0.0);
+    }
+    if (!ok) {
+        printErr(QStringLiteral("orvana-cli signal: --fs and --p1 .. --p6 take numbers."));
+        return Usage;
+    }
+
+    CollectingView view;
+    GVRSignalDesignerModel model;
+    model.setWinSignalDesign(&view);
+    model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
+        freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index, values));
+    const bool designed = !view.time.empty();
+    if (parser.isSet(json))
+        writeJson(view, designed);
+    else
+        writeText(model, view, designed);
+    return designed ? Designed : Refused;
 }
 
 }  // namespace cli

@@ -1,0 +1,104 @@
+// orvana-cli signal: exit codes, the note, and the JSON arrays.
+#include <gtest/gtest.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <cmath>
+
+namespace {
+
+struct CliRun {
+    int exitCode = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+CliRun runCli(const QStringList& args)
+{
+    QProcess p;
+    p.start(QStringLiteral(ORVANA_CLI_PATH), QStringList{QStringLiteral("signal")} + args);
+    CliRun r;
+    if (!p.waitForFinished(60000))
+        return r;
+    r.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+    r.out = p.readAllStandardOutput();
+    r.err = p.readAllStandardError();
+    return r;
+}
+
+QJsonObject json(const CliRun& r)
+{
+    QJsonParseError error;
+    const QJsonDocument doc = QJsonDocument::fromJson(r.out, &error);
+    EXPECT_EQ(error.error, QJsonParseError::NoError) << r.out.left(200).toStdString();
+    return doc.object();
+}
+
+}  // namespace
+
+TEST(SignalVerb, JsonDesign)
+{
+    const CliRun r = runCli({"--fs", "300", "--function", "0", "--p1", "1", "--p2", "37.5", "--freq-units", "khz",
+                          "--volt-units", "mv", "--json"});
+    ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+    const QJsonObject o = json(r);
+    EXPECT_EQ(o.value("note").toString(), QStringLiteral("OPTIMAL RATE: f samp ≥ 10 fₐ"));
+    const QJsonArray time = o.value("time").toArray();
+    const QJsonArray freq = o.value("freq").toArray();
+    ASSERT_EQ(time.size(), 16392);
+    ASSERT_EQ(freq.size(), 8200);
+    EXPECT_EQ(time[0].toDouble(), 300.0);
+    EXPECT_EQ(time[2].toDouble(), 1.0);  // mV
+    EXPECT_EQ(time[3].toDouble(), 1.0);  // KHz
+    EXPECT_EQ(time[8].toDouble(), 1.0);
+    EXPECT_NEAR(time[9].toDouble(), std::sqrt(0.5), 1e-15);  // 17 digits survive the trip
+    EXPECT_NEAR(freq[8 + 2048].toDouble(), 0.5, 1e-12);
+}
+
+TEST(SignalVerb, EmptyNoteAndMissingParametersReadAsZero)
+{
+    // Noise alone with μ left out: mean 0.
+    const CliRun r = runCli({"--fs", "300", "--function", "noise", "--p1", "1", "--json"});
+    ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+    const QJsonObject o = json(r);
+    EXPECT_EQ(o.value("note").toString(), QString());
+    EXPECT_NEAR(o.value("freq").toArray()[8].toDouble(), 0.0, 0.05);
+}
+
+TEST(SignalVerb, RefusalPrintsTheNote)
+{
+    CliRun r = runCli({"--fs", "300", "--p1", "1", "--p2", "150"});
+    EXPECT_EQ(r.exitCode, 1);
+    EXPECT_EQ(QString::fromUtf8(r.out).trimmed(), QStringLiteral("VALID RANGE: fₐ <  150.000"));
+    r = runCli({"--fs", "nan", "--p1", "1", "--p2", "10", "--json"});
+    EXPECT_EQ(r.exitCode, 1);
+    const QJsonObject o = json(r);
+    EXPECT_EQ(o.value("note").toString(), QStringLiteral("VALID RANGE: f samp is not a number"));
+    EXPECT_TRUE(o.value("time").toArray().isEmpty());
+    r = runCli({"--function", "6"});  // fs 0
+    EXPECT_EQ(r.exitCode, 1);
+    EXPECT_EQ(QString::fromUtf8(r.out).trimmed(), QStringLiteral("VALID RANGE: f samp > 0"));
+}
+
+TEST(SignalVerb, UsageErrors)
+{
+    EXPECT_EQ(runCli({"--fs", "abc"}).exitCode, 2);
+    EXPECT_EQ(runCli({"--function", "11", "--fs", "300"}).exitCode, 2);
+    EXPECT_EQ(runCli({"--freq-units", "ghz"}).exitCode, 2);
+    EXPECT_EQ(runCli({"--volt-units", "kv"}).exitCode, 2);
+    EXPECT_EQ(runCli({"--bogus"}).exitCode, 2);
+    EXPECT_EQ(runCli({"stray"}).exitCode, 2);
+}
+
+TEST(SignalVerb, PlainOutputForAPerson)
+{
+    const CliRun r = runCli({"--fs", "300", "--function", "cosine-sum", "--p1", "1", "--p2", "10", "--p4", "3"});
+    ASSERT_EQ(r.exitCode, 0);
+    const QString text = QString::fromUtf8(r.out);
+    EXPECT_TRUE(text.contains(QStringLiteral("cosine-sum, fs 300 MHz"))) << text.toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("Highest frequency: 30 MHz")));
+    EXPECT_TRUE(text.contains(QStringLiteral("x[0] = 3\n")));
+}
