@@ -163,6 +163,7 @@ bool Decoder::arrayElements(std::uint64_t dict, std::uint64_t maxCount, const QS
         return fail(QStringLiteral("%1 is not an array").arg(what));
     if (!checkDict(dict))
         return false;
+    path_.push_back(dict);
     std::string name;
     if (!classOf(dict, name))
         return false;
@@ -174,7 +175,6 @@ bool Decoder::arrayElements(std::uint64_t dict, std::uint64_t maxCount, const QS
     const std::uint64_t count = plist_.count(*list);
     if (count > maxCount)
         return fail(QStringLiteral("%1 holds %2 elements; at most %3 are allowed").arg(what).arg(count).arg(maxCount));
-    path_.push_back(dict);
     elements.clear();
     elements.reserve(count);
     for (std::uint64_t i = 0; i < count; ++i) {
@@ -245,12 +245,12 @@ bool Decoder::decodeRecord(std::uint64_t dict, const ArchiveSchema& schema, Arch
         return fail(QStringLiteral("its root array holds something other than a design"));
     if (!checkDict(dict))
         return false;
+    path_.push_back(dict);
     std::string name;
     if (!classOf(dict, name))
         return false;
     if (name != schema.className)
         return fail(QStringLiteral("it holds a %1 record where a %2 belongs").arg(quoted(name), quoted(schema.className)));
-    path_.push_back(dict);
     out.assign(schema.fields.size(), std::monostate{});
     for (std::size_t i = 0; i < schema.fields.size(); ++i) {
         const ArchiveField& field = schema.fields[i];

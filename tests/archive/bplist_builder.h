@@ -159,7 +159,11 @@ public:
         objects_.push_back(std::uint64_t(object));
         return objects_.size() - 1;
     }
+    // UID the next entry will get.
     std::uint64_t uidCount() const { return objects_.size(); }
+    void setEntry(std::uint64_t uid, int object) { objects_[uid] = std::uint64_t(object); }
+    // The $objects array, for tests that assemble the top dictionary themselves.
+    int objectsArray() { return plist.array(objects_); }
 
     std::uint64_t classEntry(const std::string& name)
     {
@@ -190,7 +194,7 @@ public:
     QByteArray build(std::uint64_t rootUid, std::int64_t version = 100000,
                      const std::string& archiver = "NSKeyedArchiver")
     {
-        const int list = plist.array(objects_);
+        const int list = objectsArray();
         const int top = plist.dict({{"root", std::uint64_t(plist.uid(rootUid))}});
         const int root = plist.dict({{"$version", std::uint64_t(plist.integer(version))},
                                      {"$archiver", std::uint64_t(plist.ascii(archiver))},
