@@ -53,8 +53,10 @@ public:
     static QByteArray bigEndian(std::uint64_t value, unsigned width)
     {
         QByteArray out;
-        for (unsigned i = 0; i < width; ++i)
-            out.append(char((value >> (8 * (width - 1 - i))) & 0xFF));
+        for (unsigned i = 0; i < width; ++i) {
+            const unsigned shift = 8 * (width - 1 - i);  // widths over 8 get leading zeros
+            out.append(char(shift >= 64 ? 0 : (value >> shift) & 0xFF));
+        }
         return out;
     }
 
