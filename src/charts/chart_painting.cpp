@@ -81,10 +81,10 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
 
 QFont palatinoFont(int pixels)
 {
+    // hasFamily() also matches families listed with a foundry ("P052 [urw]").
     static const QString family = [] {
-        const QStringList families = QFontDatabase::families();
         for (const QString& name : {QStringLiteral("Palatino"), QStringLiteral("P052")}) {
-            if (families.contains(name))
+            if (QFontDatabase::hasFamily(name))
                 return name;
         }
         return QString();
