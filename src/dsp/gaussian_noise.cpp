@@ -12,6 +12,8 @@
 #include <random>
 #include <vector>
 
+#include <unistd.h>
+
 namespace {
 
 // ln 2 split so that ln2Hi times any exponent below 2^21 is exact.
@@ -65,8 +67,16 @@ const TurnTable& turnTable()
     return table;
 }
 
-// −ln(q · 2^-31) for a whole q in 1 .. 2^31, that is ln(1 / (1 − U₁)).
-double minusLogOfDraw(std::uint32_t q, const LogTable& t)
+// The table halves of −ln(q · 2^-31) for a whole q in 1 .. 2^31, that is
+// ln(1 / (1 − U₁)) = big + (small − log1p(x)); the polynomial is left to a
+// separate loop that vectorises.
+struct LogParts {
+    double big;
+    double small;
+    double x;
+};
+
+LogParts logPartsOfDraw(std::uint32_t q, const LogTable& t)
 {
     const std::uint64_t bits = std::bit_cast<std::uint64_t>(static_cast<double>(q));
     int e = static_cast<int>(bits >> 52) - 1023;
@@ -76,23 +86,36 @@ double minusLogOfDraw(std::uint32_t q, const LogTable& t)
         e += 1;
     }
     const auto i = static_cast<std::size_t>((m - 0.75) * 256.0);
-    const double x = m * t.recip[i] - 1.0;  // exact: see LogTable
-    const double log1p =
-        x * (1.0 + x * (-0.5 + x * (1.0 / 3 + x * (-0.25 + x * (0.2 + x * (-1.0 / 6 + x * (1.0 / 7 - x * 0.125)))))));
-    const double lnM = t.minusLnRecip[i] + log1p;
     const double k = 31.0 - e;
-    return k * kLn2Hi + (k * kLn2Lo - lnM);
+    // m · recip is exact (see LogTable), and so is the subtraction of 1.
+    return {k * kLn2Hi, k * kLn2Lo - t.minusLnRecip[i], m * t.recip[i] - 1.0};
 }
 
-// cos(2π r · 2^-31) for r < 2^31: a table turn plus a small exact remainder.
-double cosOfDraw(std::uint32_t r, const TurnTable& t)
+double log1pSmall(double x)
+{
+    return x * (1.0 + x * (-0.5 + x * (1.0 / 3 + x * (-0.25 + x * (0.2 + x * (-1.0 / 6 + x * (1.0 / 7 - x * 0.125)))))));
+}
+
+// cos(2π r · 2^-31) for r < 2^31 is c + (c·(cos a − 1) − s·sin a) with a table
+// turn (c, s) and a small exact remainder a < 2π/1024.
+struct TurnParts {
+    double c;
+    double s;
+    double a;
+};
+
+TurnParts turnPartsOfDraw(std::uint32_t r, const TurnTable& t)
 {
     const std::size_t j = r >> 21;
-    const double a = 6.283185307179586476925 * static_cast<double>(r & 0x1FFFFFu) * 0x1p-31;
+    return {t.c[j], t.s[j], 6.283185307179586476925 * static_cast<double>(r & 0x1FFFFFu) * 0x1p-31};
+}
+
+double cosOfParts(double c, double s, double a)
+{
     const double a2 = a * a;
     const double cosMinusOne = a2 * (-0.5 + a2 * (1.0 / 24 - a2 * (1.0 / 720)));
     const double sinA = a * (1.0 + a2 * (-1.0 / 6 + a2 * (1.0 / 120 - a2 * (1.0 / 5040))));
-    return t.c[j] + (t.c[j] * cosMinusOne - t.s[j] * sinA);
+    return c + (c * cosMinusOne - s * sinA);
 }
 
 // xoshiro256**: fast, 2^256 − 1 period, well-mixed top bits.
@@ -131,6 +154,10 @@ std::uint64_t splitmix(std::uint64_t& x)
 std::array<std::uint64_t, 4> entropySeed()
 {
     std::array<std::uint64_t, 4> seed{};
+    // One system call for the whole seed; std::random_device costs a call
+    // (or a slow hardware instruction) per 32 bits.
+    if (getentropy(seed.data(), sizeof seed) == 0)
+        return seed;
     try {
         std::random_device device;
         for (auto& word : seed)
@@ -163,10 +190,29 @@ void boxMullerSig(std::span<const std::uint32_t> r1, std::span<const std::uint32
     const LogTable& lt = logTable();
     const TurnTable& tt = turnTable();
     const std::size_t n = std::min({out.size(), r1.size(), r2.size()});
-    for (std::size_t k = 0; k < n; ++k) {
-        const std::uint32_t q = 0x80000000u - (r1[k] & 0x7FFFFFFFu);
-        const double radius = sigma * std::sqrt(2.0 * minusLogOfDraw(q, lt));
-        out[k] = radius * cosOfDraw(r2[k] & 0x7FFFFFFFu, tt) + mu;
+    // Table look-ups first, then the polynomials over whole blocks: the
+    // second loops have no look-ups and no dependencies between samples.
+    constexpr std::size_t kChunk = 256;
+    std::array<double, kChunk> big, small, x, c, s, a;
+    for (std::size_t k0 = 0; k0 < n; k0 += kChunk) {
+        const std::size_t len = std::min(kChunk, n - k0);
+        for (std::size_t k = 0; k < len; ++k) {
+            const LogParts lp = logPartsOfDraw(0x80000000u - (r1[k0 + k] & 0x7FFFFFFFu), lt);
+            big[k] = lp.big;
+            small[k] = lp.small;
+            x[k] = lp.x;
+            const TurnParts tp = turnPartsOfDraw(r2[k0 + k] & 0x7FFFFFFFu, tt);
+            c[k] = tp.c;
+            s[k] = tp.s;
+            a[k] = tp.a;
+        }
+        double* dst = out.data() + k0;
+        for (std::size_t k = 0; k < len; ++k)
+            dst[k] = 2.0 * (big[k] + (small[k] - log1pSmall(x[k])));
+        for (std::size_t k = 0; k < len; ++k)
+            dst[k] = sigma * std::sqrt(dst[k]);
+        for (std::size_t k = 0; k < len; ++k)
+            dst[k] = dst[k] * cosOfParts(c[k], s[k], a[k]) + mu;
     }
 }
 
