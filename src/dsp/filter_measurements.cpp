@@ -18,8 +18,9 @@ Filt3dBResult calcFilt3dB(int type, std::span<const double> m, double theta0)
         return r;
 
     // The point after the last reads 0.0 dB, as the interpolation may look there.
-    std::array<double, kResponsePoints> work{};
+    std::array<double, kResponsePoints> work;
     std::copy(m.begin(), m.end(), work.begin());
+    work[n] = 0.0;
     bool seen = false;
     for (std::size_t i = 0; i < n; ++i) {
         if (std::isnan(work[i]))

@@ -6,7 +6,41 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <complex>
 #include <numbers>
+#include <vector>
+
+namespace {
+
+// Per length N: cos(2πm/N) for m < N, sin(πm/N) for m < 2N, and 1/(2·sin(πk/N)).
+// Built once per length; designs keep asking for the same few.
+struct Tables {
+    std::vector<double> cosine, sine, halfCosecant;
+};
+
+const Tables& tablesFor(std::size_t N)
+{
+    thread_local std::array<Tables, kFirMaxTaps + 1> cache;
+    Tables& t = cache[N];
+    if (t.cosine.empty()) {
+        const double n = static_cast<double>(N);
+        t.cosine.resize(N);
+        t.sine.resize(2 * N);
+        t.halfCosecant.resize(N / 2 + 1);
+        for (std::size_t m = 0; m < N; ++m)
+            t.cosine[m] = std::cos(2.0 * std::numbers::pi * static_cast<double>(m) / n);
+        for (std::size_t m = 0; m < 2 * N; ++m)
+            t.sine[m] = std::sin(std::numbers::pi * static_cast<double>(m) / n);
+        for (std::size_t k = 1; k <= N / 2; ++k)
+            t.halfCosecant[k] = 1.0 / (2.0 * t.sine[k]);
+    }
+    return t;
+}
+
+// Runs of equal bins at least this long are summed in closed form.
+constexpr std::size_t kClosedFormRun = 4;
+
+} // namespace
 
 std::size_t passbandCount(std::size_t N, double theta)
 {
@@ -36,26 +70,47 @@ void inverseDFT(std::span<const double> X, std::span<double> x)
     if (N == 0 || N > kFirMaxTaps || x.size() != N)
         return;
 
-    std::array<double, kFirMaxTaps> table;
-    for (std::size_t m = 0; m < N; ++m)
-        table[m] = std::cos(2.0 * std::numbers::pi * static_cast<double>(m) / static_cast<double>(N));
+    const Tables& t = tablesFor(N);
 
-    // x[k] = x[N−k], so only k = 0..N/2 is summed; bins i and N−i are paired.
+    // x[k] = x[N−k], so only k = 0..N/2 is summed; bins i and N−i share a cosine.
     const std::size_t K = N / 2;
     std::array<double, kFirMaxTaps> acc;
     std::fill(acc.begin(), acc.begin() + K + 1, X[0]);
     const std::size_t pairs = (N - 1) / 2;
-    for (std::size_t i = 1; i <= pairs; ++i) {
-        const double p = X[i] + X[N - i];
-        if (p == 0.0)
-            continue;
-        std::size_t idx = 0;
-        for (std::size_t k = 0; k <= K; ++k) {
-            acc[k] += p * table[idx];
-            idx += i;
-            if (idx >= N)
-                idx -= N;
+    std::size_t a = 1;
+    while (a <= pairs) {
+        const double p = X[a] + X[N - a];
+        std::size_t b = a;
+        while (b + 1 <= pairs && X[b + 1] + X[N - b - 1] == p)
+            ++b;
+        if (p != 0.0 && b - a + 1 >= kClosedFormRun) {
+            // Σ_{i=a..b} cos(iθ) = (sin((b+½)θ) − sin((a−½)θ)) / (2·sin(θ/2)), θ = 2πk/N:
+            // the sines are sin(πm/N) with m = k(2b+1) and k(2a−1) taken mod 2N.
+            acc[0] += p * static_cast<double>(b - a + 1);
+            const std::size_t stepHigh = (2 * b + 1) % (2 * N);
+            const std::size_t stepLow = (2 * a - 1) % (2 * N);
+            std::size_t high = 0, low = 0;
+            for (std::size_t k = 1; k <= K; ++k) {
+                high += stepHigh;
+                if (high >= 2 * N)
+                    high -= 2 * N;
+                low += stepLow;
+                if (low >= 2 * N)
+                    low -= 2 * N;
+                acc[k] += p * ((t.sine[high] - t.sine[low]) * t.halfCosecant[k]);
+            }
+        } else if (p != 0.0) {
+            for (std::size_t i = a; i <= b; ++i) {
+                std::size_t idx = 0;
+                for (std::size_t k = 0; k <= K; ++k) {
+                    acc[k] += p * t.cosine[idx];
+                    idx += i;
+                    if (idx >= N)
+                        idx -= N;
+                }
+            }
         }
+        a = b + 1;
     }
     if (N % 2 == 0) {
         const double nyquist = X[N / 2];
@@ -120,8 +175,18 @@ void filt(int type, double theta0, std::span<const double> hw, std::span<double>
         // r aligns the modulation with the centre tap; halves go to the even neighbour.
         const double r = std::remainder(static_cast<double>(N - 1) * theta0, 1.0);
         const double phase = std::numbers::pi / 2.0 * r;
-        for (std::size_t n = 0; n < N; ++n)
-            c[n] = 2.0 * std::cos(std::numbers::pi * theta0 * static_cast<double>(n) - phase) * hw[n];
+        const double step = std::numbers::pi * theta0;
+        // The modulation turns by a fixed angle per tap: rotate a phasor and start
+        // it afresh every 32 taps, which keeps it within ~1e-14 of cos().
+        const std::complex<double> turn = std::polar(1.0, step);
+        std::complex<double> z;
+        for (std::size_t n = 0; n < N; ++n) {
+            if (n % 32 == 0)
+                z = std::polar(1.0, step * static_cast<double>(n) - phase);
+            else
+                z *= turn;
+            c[n] = 2.0 * z.real() * hw[n];
+        }
         break;
     }
     case kFilterHighPass:

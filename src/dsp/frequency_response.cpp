@@ -1,8 +1,8 @@
-// Frequency response on a real FFT. Only bins 0..2048 are computed; the upper
-// half is the conjugate mirror, so its dB and phase are copied, not recomputed,
-// wherever the near-zero rule left a bin equal to its mirror.
+// Frequency response on a real FFT. Only bins 0..2048 are converted to dB and
+// phase; the upper half is their conjugate mirror and is copied.
 #include "dsp/frequency_response.h"
 
+#include "dsp/fast_elementary.h"
 #include "dsp/real_fft.h"
 
 #include <algorithm>
@@ -20,58 +20,46 @@ bool nearZero(std::complex<double> z)
     return std::fabs(z.real()) <= kNearZero && std::fabs(z.imag()) <= kNearZero;
 }
 
-// 20·log10|z| from the squared magnitude, which spares a square root.
-double decibels(std::complex<double> z)
-{
-    return 10.0 * std::log10(z.real() * z.real() + z.imag() * z.imag());
-}
-
 } // namespace
 
 void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double> phase)
 {
     constexpr std::size_t n = kResponsePoints;
+    constexpr std::size_t half = n / 2;
     const bool wantPhase = !phase.empty();
     if (c.empty() || c.size() > n || dB.size() != n || (wantPhase && phase.size() != n))
         return;
 
     RealFft& fft = RealFft::ofSize(n);
     auto in = fft.input();
-    std::fill(in.begin(), in.end(), 0.0);
     std::copy(c.begin(), c.end(), in.begin());
+    std::fill(in.begin() + static_cast<std::ptrdiff_t>(c.size()), in.end(), 0.0);
     fft.execute();
-    const auto half = fft.output();
-
-    std::array<std::complex<double>, n> X;
-    for (std::size_t k = 0; k <= n / 2; ++k)
-        X[k] = half[k];
-    for (std::size_t k = n / 2 + 1; k < n; ++k)
-        X[k] = std::conj(half[n - k]);
+    const auto X = fft.output();
 
     // A bin at (numerically) zero has no usable dB or phase: it borrows its left
-    // neighbour's value, bin 0 its right one. The scan runs upward over all bins.
-    if (nearZero(X[0]))
-        X[0] = X[1];
-    for (std::size_t k = 1; k < n; ++k)
-        if (nearZero(X[k]))
-            X[k] = X[k - 1];
-
-    for (std::size_t k = 0; k <= n / 2; ++k) {
-        dB[k] = decibels(X[k]);
-        if (wantPhase)
-            phase[k] = std::atan(X[k].imag() / X[k].real());
+    // neighbour's value, bin 0 its right one, scanning upward over all 4096 bins.
+    std::array<double, half + 1> re, im, power;
+    std::array<bool, half + 1> zero;
+    for (std::size_t k = 0; k <= half; ++k) {
+        zero[k] = nearZero(X[k]);
+        const std::complex<double> v = !zero[k] ? X[k] : (k == 0 ? X[1] : std::complex<double>(re[k - 1], im[k - 1]));
+        re[k] = v.real();
+        im[k] = v.imag();
+        // 20·log10|X| from the squared magnitude spares a square root.
+        power[k] = re[k] * re[k] + im[k] * im[k];
     }
-    for (std::size_t k = n / 2 + 1; k < n; ++k) {
-        const std::complex<double> mirror = X[n - k];
-        if (X[k].real() == mirror.real() && X[k].imag() == -mirror.imag()) {
-            dB[k] = dB[n - k];
-            if (wantPhase)
-                phase[k] = -phase[n - k];
-        } else {
-            dB[k] = decibels(X[k]);
-            if (wantPhase)
-                phase[k] = std::atan(X[k].imag() / X[k].real());
-        }
+    decibelsOfPower(power, dB.first(half + 1));
+    if (wantPhase)
+        arctangentOfRatio(im, re, phase.first(half + 1));
+
+    // Bins above fs/2 are the conjugates of those below: same dB, opposite phase,
+    // unless the bin is near zero and takes its (upper) left neighbour instead.
+    for (std::size_t k = half + 1; k < n; ++k) {
+        const std::size_t mirror = n - k;
+        dB[k] = zero[mirror] ? dB[k - 1] : dB[mirror];
+        if (wantPhase)
+            phase[k] = zero[mirror] ? phase[k - 1] : -phase[mirror];
     }
 }
 
@@ -83,29 +71,36 @@ PhaseRange unwrapPhase(std::span<const double> P, std::span<const double> D, std
         return range;
 
     // Rises of the magnitude between neighbouring points; falls and NaN count as 0.
-    std::array<double, kResponsePoints + 1> R{};
-    std::array<bool, kResponsePoints> notch{};
+    std::array<double, kResponsePoints> R;
     R[0] = 0.0;
     for (std::size_t j = 0; j + 1 < n; ++j) {
         const double rise = D[j + 1] - D[j];
         R[j + 1] = rise >= 0.0 ? rise : 0.0;
     }
-    // A notch: the magnitude stops falling, then climbs by at least 0.5 dB a point, slowing down.
-    for (std::size_t i = 2; i + 3 < n; ++i)
-        notch[i] = R[i] == 0.0 && R[i + 1] > 0.0 && R[i + 2] >= 0.5 && R[i + 2] > R[i + 3];
+    // A notch at i (2 ≤ i < n − 3): the magnitude stops falling, then climbs by at
+    // least 0.5 dB a point, slowing down.
+    auto notch = [&](std::size_t i) {
+        return i >= 2 && i + 3 < n && R[i] == 0.0 && R[i + 1] > 0.0 && R[i + 2] >= 0.5 && R[i + 2] > R[i + 3];
+    };
 
     // Away from a notch every upward step of the wrapped phase is a wrap by π;
     // across a notch a downward step is the linear-phase jump of π.
     double offset = 0.0;
     U[0] = P[0];
+    range.largest = range.smallest = U[0];
     for (std::size_t j = 0; j + 1 < n; ++j) {
-        if (P[j + 1] > P[j] && !notch[j])
-            offset -= std::numbers::pi;
-        else if (P[j + 1] <= P[j] && notch[j])
-            offset += std::numbers::pi;
+        const bool up = P[j + 1] > P[j];
+        const bool down = P[j + 1] <= P[j];
+        if (up || down) {
+            const bool atNotch = notch(j);
+            if (up && !atNotch)
+                offset -= std::numbers::pi;
+            else if (down && atNotch)
+                offset += std::numbers::pi;
+        }
         U[j + 1] = P[j + 1] + offset;
+        range.largest = std::max(range.largest, U[j + 1]);
+        range.smallest = std::min(range.smallest, U[j + 1]);
     }
-    range.largest = *std::max_element(U.begin(), U.end());
-    range.smallest = *std::min_element(U.begin(), U.end());
     return range;
 }
