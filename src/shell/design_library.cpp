@@ -1,50 +1,96 @@
+// Design library folders, listings and sample seeding.
 #include "shell/design_library.h"
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QPointer>
+
+#include "archive/atomic_write.h"
+#include "shell/library_location.h"
 
 namespace {
 
-QPointer<DesignLibrary> sharedLibrary;
+// Samples are small design files; anything bigger is not one of ours.
+constexpr qint64 kMaxSampleBytes = 16 * 1024 * 1024;
 
-// Why `path` could not be made a folder, as a sentence.
-QString whyNoFolder(const QString& path)
+QString quoted(const QString& text)
 {
-    const QFileInfo parent(QFileInfo(path).absolutePath());
-    if (!parent.exists())
-        return QStringLiteral("The folder “%1” could not be created because “%2” does not exist.")
-            .arg(path, parent.filePath());
-    if (!parent.isDir())
-        return QStringLiteral("The folder “%1” could not be created because “%2” is not a folder.")
-            .arg(path, parent.filePath());
-    if (!parent.isWritable())
-        return QStringLiteral("The folder “%1” could not be created because “%2” is read-only.")
-            .arg(path, parent.filePath());
-    return QStringLiteral("The folder “%1” could not be created.").arg(path);
+    return QStringLiteral("“%1”").arg(text);
+}
+
+QString quotedPath(const QString& path)
+{
+    return quoted(QDir::toNativeSeparators(path));
+}
+
+// What cannot be saved while a folder is missing, for the messages.
+QString contentsOf(const QString& folderName)
+{
+    if (folderName == QLatin1String("filter"))
+        return QStringLiteral("filter designs");
+    if (folderName == QLatin1String("signal"))
+        return QStringLiteral("signal designs");
+    if (folderName == QLatin1String("projectOne"))
+        return QStringLiteral("Sum & Filter projects");
+    if (folderName == QLatin1String("projectTwo"))
+        return QStringLiteral("Multirate projects");
+    return QStringLiteral("designs");
+}
+
+QString systemReason(const std::error_code& error)
+{
+    QString text = QString::fromLocal8Bit(error.message());
+    if (!text.isEmpty())
+        text[0] = text[0].toLower();
+    return text;
+}
+
+// Makes one folder where nothing is; a problem for anything else there.
+std::optional<LibraryProblem> makeFolder(const QString& path, const QString& what, bool withParents)
+{
+    const QFileInfo info(path);
+    if (info.isDir())
+        return std::nullopt;
+    if (info.exists() || info.isSymLink()) {
+        // Someone's file: never moved or deleted by us.
+        return LibraryProblem{
+            path, QStringLiteral("The design library needs a folder at %1, but something else is there. "
+                                 "It is left alone, so %2 cannot be saved until it is moved away.")
+                      .arg(quotedPath(path), contentsOf(what))};
+    }
+    std::error_code error;
+    const std::filesystem::path native(QFile::encodeName(path).toStdString());
+    if (withParents)
+        std::filesystem::create_directories(native, error);
+    else
+        std::filesystem::create_directory(native, error);
+    if (!error && QFileInfo(path).isDir())
+        return std::nullopt;
+    if (!error)
+        error = std::make_error_code(std::errc::not_a_directory);
+    return LibraryProblem{path, QStringLiteral("The folder %1 could not be made (%2), so %3 cannot be saved.")
+                                    .arg(quotedPath(path), systemReason(error), contentsOf(what))};
 }
 
 }  // namespace
 
-DesignLibrary::DesignLibrary(const QString& root, QObject* parent)
-    : QObject(parent), root_(QDir::cleanPath(root))
+DesignLibrary::DesignLibrary(const QString& root, QObject* parent) : QObject(parent), root_(QDir::cleanPath(root))
 {
 }
 
-DesignLibrary* DesignLibrary::shared()
+DesignLibrary& DesignLibrary::shared()
 {
-    return sharedLibrary.data();
+    static DesignLibrary library(resolveLibraryRoot());
+    return library;
 }
 
-void DesignLibrary::setShared(DesignLibrary* library)
+void DesignLibrary::setRoot(const QString& root)
 {
-    sharedLibrary = library;
-}
-
-QList<DesignLibrary::Folder> DesignLibrary::folders()
-{
-    return {Folder::Filter, Folder::Signal, Folder::ProjectOne, Folder::ProjectTwo};
+    root_ = QDir::cleanPath(root);
 }
 
 QString DesignLibrary::folderName(Folder folder)
@@ -69,18 +115,14 @@ QString DesignLibrary::extension(Folder folder)
     return {};
 }
 
+DesignLibrary::Folder DesignLibrary::projectFolder(int blockDiagram)
+{
+    return blockDiagram == 1 ? Folder::ProjectOne : Folder::ProjectTwo;
+}
+
 QString DesignLibrary::folderPath(Folder folder) const
 {
     return root_ + QLatin1Char('/') + folderName(folder);
-}
-
-QString DesignLibrary::projectFolder(int blockDiagram) const
-{
-    if (blockDiagram == 1)
-        return folderPath(Folder::ProjectOne);
-    if (blockDiagram == 2)
-        return folderPath(Folder::ProjectTwo);
-    return {};
 }
 
 QString DesignLibrary::designPath(Folder folder, const QString& name) const
@@ -88,101 +130,92 @@ QString DesignLibrary::designPath(Folder folder, const QString& name) const
     return folderPath(folder) + QLatin1Char('/') + name + extension(folder);
 }
 
-QString DesignLibrary::projectPath(int blockDiagram, const QString& name) const
+QList<LibraryProblem> DesignLibrary::ensureFolders() const
 {
-    const QString folder = projectFolder(blockDiagram);
-    if (folder.isEmpty())
-        return {};
-    return folder + QLatin1Char('/') + name + QStringLiteral(".orvana");
-}
-
-QList<DesignLibrary::FolderProblem> DesignLibrary::ensureFolders() const
-{
-    QList<FolderProblem> problems;
-    QStringList paths{root_};
-    for (Folder folder : folders())
-        paths << folderPath(folder);
-    for (const QString& path : paths) {
-        const QFileInfo info(path);
-        if (info.isDir())
-            continue;
-        if (info.exists() || info.isSymLink()) {
-            // Someone's file: never moved or deleted by us.
-            problems.append({path, QStringLiteral("“%1” is not a folder, so no designs can be kept there; "
-                                                  "move it away to let Orvana create the folder.")
-                                       .arg(path)});
-            continue;
-        }
-        if (!QDir().mkdir(path))
-            problems.append({path, whyNoFolder(path)});
+    QList<LibraryProblem> problems;
+    // Without the root none of the four can be made; one message says it all.
+    if (auto problem = makeFolder(root_, QString(), true)) {
+        problems.append(*problem);
+        return problems;
+    }
+    for (Folder folder : kFolders) {
+        if (auto problem = makeFolder(folderPath(folder), folderName(folder), false))
+            problems.append(*problem);
     }
     return problems;
 }
 
-QList<DesignLibrary::LibraryFile> DesignLibrary::files(Folder folder) const
+QList<DesignFileEntry> DesignLibrary::files(Folder folder) const
 {
-    QList<LibraryFile> out;
-    const QString suffix = extension(folder);
+    QList<DesignFileEntry> entries;
+    const QString ext = extension(folder);
     const QDir dir(folderPath(folder));
-    const QFileInfoList entries =
-        dir.entryInfoList({QLatin1Char('*') + suffix}, QDir::Files | QDir::CaseSensitive, QDir::Unsorted);
-    for (const QFileInfo& entry : entries) {
-        // The name filter's wildcard also takes a bare ".filt"; that is hidden
-        // and skipped already, but keep the test exact anyway.
-        if (entry.fileName().endsWith(suffix) && entry.fileName().size() > suffix.size())
-            out.append({entry.fileName(), entry.lastModified()});
+    // Hidden files are listed too, as the platform's folder listing does.
+    const QFileInfoList infos = dir.entryInfoList(QDir::Files | QDir::Hidden, QDir::Unsorted);
+    for (const QFileInfo& info : infos) {
+        const QString name = info.fileName();
+        // ".filt" alone names no design.
+        if (name.size() > ext.size() && name.endsWith(ext, Qt::CaseSensitive))
+            entries.append({name, info.lastModified()});
     }
-    return out;
+    return entries;
 }
 
 QStringList DesignLibrary::designNames(Folder folder) const
 {
+    const qsizetype cut = extension(folder).size();
     QStringList names;
-    const qsizetype suffixLength = extension(folder).size();
-    for (const LibraryFile& file : files(folder))
-        names << file.fileName.chopped(suffixLength);
+    for (const DesignFileEntry& entry : files(folder))
+        names.append(entry.fileName.chopped(cut));
     return names;
 }
 
-DesignLibrary::SeedReport DesignLibrary::seedSamples(const QString& sampleFolder) const
+SeedReport DesignLibrary::seedSamples(const QString& sampleFolder) const
 {
     SeedReport report;
-    if (sampleFolder.isEmpty() || !QFileInfo(sampleFolder).isDir()) {
-        report.problems << QStringLiteral("The sample designs were not found at “%1”.").arg(sampleFolder);
-        return report;
-    }
-    for (Folder folder : folders()) {
-        const QString sub = folderName(folder);
-        const QDir source(sampleFolder + QLatin1Char('/') + sub);
-        if (!source.exists())
+    for (const Sample& sample : kSamples) {
+        const QString name = QString::fromLatin1(sample.fileName);
+        const QString source = sampleFolder + QLatin1Char('/') + name;
+        const QString folder = folderPath(sample.folder);
+        const QString target = folder + QLatin1Char('/') + name;
+        if (sampleFolder.isEmpty() || !QFileInfo(source).isFile()) {
+            report.missing.append(name);
             continue;
-        QStringList names = source.entryList({QLatin1Char('*') + extension(folder)},
-                                             QDir::Files | QDir::CaseSensitive, QDir::Name);
-        for (const QString& name : names) {
-            const QString target = folderPath(folder) + QLatin1Char('/') + name;
-            const QString label = sub + QLatin1Char('/') + name;
-            if (QFileInfo::exists(target) || QFileInfo(target).isSymLink()) {
-                report.kept << label;
-                continue;
-            }
-            // QFile::copy never replaces an existing file.
-            QFile file(source.filePath(name));
-            if (file.copy(target))
-                report.copied << label;
-            else
-                report.problems << QStringLiteral("The sample “%1” could not be copied into “%2”: %3.")
-                                       .arg(name, folderPath(folder), file.errorString());
         }
+        const QFileInfo existing(target);
+        if (existing.exists() || existing.isSymLink()) {
+            report.kept.append(name);
+            continue;
+        }
+        const auto problem = [&](const QString& why) {
+            report.problems.append(
+                {target, QStringLiteral("The sample design %1 was not copied: %2.").arg(quoted(name), why)});
+        };
+        if (!QFileInfo(folder).isDir()) {
+            problem(QStringLiteral("the folder %1 is missing").arg(quotedPath(folder)));
+            continue;
+        }
+        QFile in(source);
+        if (!in.open(QIODevice::ReadOnly)) {
+            problem(in.errorString());
+            continue;
+        }
+        const QByteArray bytes = in.read(kMaxSampleBytes + 1);
+        if (in.error() != QFileDevice::NoError) {
+            problem(in.errorString());
+            continue;
+        }
+        if (bytes.size() > kMaxSampleBytes) {
+            problem(QStringLiteral("it is larger than 16 MiB, far more than any design"));
+            continue;
+        }
+        QString error;
+        if (!writeFileAtomically(target, bytes, &error)) {
+            report.problems.append(
+                {target, QStringLiteral("The sample design %1 was not copied. %2").arg(quoted(name), error)});
+            continue;
+        }
+        report.copied.append(name);
     }
     return report;
-}
-
-void DesignLibrary::announceNewFilterFile()
-{
-    emit newFilterFile();
-}
-
-void DesignLibrary::announceNewSignalFile()
-{
-    emit newSignalFile();
 }

@@ -1,3 +1,4 @@
+// Choosing the design library's root folder and finding the sample designs.
 #include "shell/library_location.h"
 
 #include <QCoreApplication>
@@ -7,33 +8,34 @@
 
 namespace {
 
-QString absolute(const QString& path)
+QString absoluteRoot(const QString& path)
 {
     QString expanded = path;
     if (expanded == QLatin1String("~"))
         expanded = QDir::homePath();
     else if (expanded.startsWith(QLatin1String("~/")))
         expanded = QDir::homePath() + expanded.mid(1);
-    return QDir::cleanPath(QDir::current().absoluteFilePath(expanded));
+    return QDir::cleanPath(QFileInfo(expanded).absoluteFilePath());
 }
 
 }  // namespace
 
 QString defaultLibraryRoot()
 {
-    // Not AppDataLocation: that nests organisation and application names,
-    // and the library should be one plainly named folder.
-    const QString base = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return QDir::cleanPath(base + QStringLiteral("/Orvana"));
+    QString base = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    // No data folder at all (no home): keep the library beside the working folder.
+    if (base.isEmpty())
+        base = QDir::currentPath();
+    return QDir::cleanPath(base + QLatin1String("/Orvana"));
 }
 
 QString resolveLibraryRoot(const QString& optionValue)
 {
-    if (!optionValue.isEmpty())
-        return absolute(optionValue);
+    if (!optionValue.trimmed().isEmpty())
+        return absoluteRoot(optionValue);
     const QString fromEnvironment = qEnvironmentVariable(kLibraryEnvironmentVariable);
-    if (!fromEnvironment.isEmpty())
-        return absolute(fromEnvironment);
+    if (!fromEnvironment.trimmed().isEmpty())
+        return absoluteRoot(fromEnvironment);
     return defaultLibraryRoot();
 }
 

@@ -1,22 +1,24 @@
-// Where the design library lives: a command-line option, else the
-// ORVANA_LIBRARY environment variable, else the per-user data folder.
+// Where the design library lives: a command-line option, then the
+// ORVANA_LIBRARY environment variable, then the per-user data folder; and
+// where the sample designs shipped with the program are.
 #pragma once
 
 #include <QString>
 
-// Name of the environment variable that moves the library.
-inline constexpr const char* kLibraryEnvironmentVariable = "ORVANA_LIBRARY";
+// Environment variable that moves the library, for scripts and test runs.
+inline constexpr char kLibraryEnvironmentVariable[] = "ORVANA_LIBRARY";
 
-// "<generic data location>/Orvana", e.g. ~/.local/share/Orvana.
+// "<generic data folder>/Orvana", e.g. ~/.local/share/Orvana. The generic
+// folder rather than the application's own, so that the windowed program and
+// the command line share one library whatever their application names.
 QString defaultLibraryRoot();
 
-// The library root to use: `optionValue` when not empty, then the environment
-// variable when set and not empty, then defaultLibraryRoot(). Relative paths
-// are made absolute against the current folder; "~/" is expanded.
-QString resolveLibraryRoot(const QString& optionValue);
+// The library root to use: `optionValue` when not blank, else the environment
+// variable when set and not blank, else defaultLibraryRoot(). A leading "~"
+// stands for the home folder; the answer is an absolute, cleaned path.
+QString resolveLibraryRoot(const QString& optionValue = {});
 
-// Folder holding the sample designs shipped with the program, laid out like
-// the library ("filter", "signal", "projectOne", "projectTwo"); the first of
+// Folder of the sample design files (all thirteen side by side): the first of
 // <program folder>/samples and <program folder>/../share/orvana/samples that
 // exists, or an empty string.
 QString defaultSampleFolder();
