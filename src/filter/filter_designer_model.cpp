@@ -55,7 +55,27 @@ QString notFinite(const QString& name, double v)
 
 } // namespace
 
-GVRFilterDesignerModel::GVRFilterDesignerModel() = default;
+struct GVRFilterDesignerModel::Workspace {
+    // Taps: ideal samples, ideal impulse, window, windowed, coefficients, precision coefficients.
+    std::vector<double> H, h, w, hw, c, cp;
+    std::vector<std::int32_t> q;
+    // Responses: dB of cp; dB and phase of c; unwrapped phase of c.
+    std::vector<double> dBquantised = std::vector<double>(kResponsePoints);
+    std::vector<double> dBdouble = std::vector<double>(kResponsePoints);
+    std::vector<double> phase = std::vector<double>(kResponsePoints);
+    std::vector<double> unwrapped = std::vector<double>(kResponseHalf);
+
+    void clearTaps(std::size_t N)
+    {
+        for (auto* v : {&H, &h, &w, &hw, &c, &cp})
+            v->assign(N, 0.0);
+        q.assign(N, 0);
+    }
+};
+
+GVRFilterDesignerModel::GVRFilterDesignerModel() : work_(std::make_unique<Workspace>()) {}
+
+GVRFilterDesignerModel::~GVRFilterDesignerModel() = default;
 
 void GVRFilterDesignerModel::note(const QString& text, double value, bool withValue)
 {
@@ -187,8 +207,9 @@ void GVRFilterDesignerModel::firFilter()
     if (N % 2 == 0)
         return;
 
-    std::vector<double> H(N, 0.0), h(N, 0.0), w(N, 0.0), hw(N, 0.0), c(N, 0.0), cp(N, 0.0);
-    std::vector<std::int32_t> q(N, 0);
+    Workspace& ws = *work_;
+    ws.clearTaps(N);
+    auto& [H, h, w, hw, c, cp, q, dBquantised, dBdouble, phase, unwrapped] = ws;
 
     const double theta = d_.thetaCutoffFreqNormalized;
     idealLowPassSamples(passbandCount(N, theta), H);
@@ -204,17 +225,15 @@ void GVRFilterDesignerModel::firFilter()
 
     // Magnitude of the quantised coefficients; magnitude and phase of the double ones.
     // Without quantisation both are the same coefficients and one transform serves.
-    std::vector<double> dBquantised(kResponsePoints, 0.0), dBdouble(kResponsePoints, 0.0);
-    std::vector<double> phase(kResponsePoints, 0.0), unwrapped(kResponseHalf, 0.0);
+    // Every response point is written, so the buffers need no clearing.
     fftFilter(c, dBdouble, phase);
-    if (d_.filterWidth == kWidthDouble)
-        dBquantised = dBdouble;
-    else
+    const std::vector<double>& dBmagnitude = d_.filterWidth == kWidthDouble ? dBdouble : dBquantised;
+    if (d_.filterWidth != kWidthDouble)
         fftFilter(cp, dBquantised, {});
     const PhaseRange phaseRange = unwrapPhase(phase, dBdouble, unwrapped);
 
     const Filt3dBResult m =
-        calcFilt3dB(d_.filterType, std::span<const double>(dBquantised.data(), kResponseHalf),
+        calcFilt3dB(d_.filterType, std::span<const double>(dBmagnitude.data(), kResponseHalf),
                     d_.thetaCenterFreqNormalized);
     d_.gimeldbLow = m.low;
     d_.gimeldbHigh = m.high;
@@ -233,15 +252,13 @@ void GVRFilterDesignerModel::firFilter()
 
     displayFilterDesignResults();
 
-    dBmagAndPhaseArray_.clear();
-    dBmagAndPhaseArray_.reserve(8 + 2 * kResponseHalf);
     const double axisScale = d_.unitsType == 0 ? 1.0 : 0.5 * d_.thetaSamplingFreq;
-    dBmagAndPhaseArray_.insert(dBmagAndPhaseArray_.end(),
-                               {static_cast<double>(kResponseHalf), m.largest, m.smallest, axisScale,
-                                phaseRange.largest, phaseRange.smallest, 0.0, 0.0});
-    dBmagAndPhaseArray_.insert(dBmagAndPhaseArray_.end(), dBquantised.begin(),
-                               dBquantised.begin() + kResponseHalf);
-    dBmagAndPhaseArray_.insert(dBmagAndPhaseArray_.end(), unwrapped.begin(), unwrapped.end());
+    const double header[8] = {static_cast<double>(kResponseHalf), m.largest, m.smallest, axisScale,
+                              phaseRange.largest, phaseRange.smallest, 0.0, 0.0};
+    dBmagAndPhaseArray_.resize(8 + 2 * kResponseHalf);
+    auto out = std::copy(std::begin(header), std::end(header), dBmagAndPhaseArray_.begin());
+    out = std::copy(dBmagnitude.begin(), dBmagnitude.begin() + kResponseHalf, out);
+    std::copy(unwrapped.begin(), unwrapped.end(), out);
     if (winFilterDesign_)
         winFilterDesign_->plotMagnitudeAndPhaseWithArray(dBmagAndPhaseArray_);
 

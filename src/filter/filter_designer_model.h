@@ -8,6 +8,7 @@
 #include <QVariantMap>
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 class GVRFilterDesignView;
@@ -15,7 +16,9 @@ class GVRFilterDesignView;
 class GVRFilterDesignerModel {
 public:
     GVRFilterDesignerModel();
-    virtual ~GVRFilterDesignerModel() = default;
+    virtual ~GVRFilterDesignerModel();
+    GVRFilterDesignerModel(const GVRFilterDesignerModel&) = delete;
+    GVRFilterDesignerModel& operator=(const GVRFilterDesignerModel&) = delete;
 
     // The window the model reports to; may be null (nothing is reported).
     void setWindow(GVRFilterDesignView* window) { winFilterDesign_ = window; }
@@ -89,6 +92,10 @@ protected:
 
 private:
     bool checkExtraRanges(double cutoffFreq, double centerFreq);
+
+    // Working arrays of a design, kept between designs so a design allocates nothing.
+    struct Workspace;
+    std::unique_ptr<Workspace> work_;
 
     Design d_;
     std::vector<double> dBmagAndPhaseArray_;
