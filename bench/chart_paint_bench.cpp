@@ -91,6 +91,13 @@ int main(int argc, char** argv)
     bench::report("time chart, zoom 1, 16383 segments, 1200x400 (target 5000)",
                   bench::medianMicros([&] { time.render(&image); }, 50), std::nullopt, "");
 
+    Arrays none;
+    GVRViewTimeSignalDesign empty;
+    empty.setTimeSource(&none);
+    empty.resize(image.size());
+    bench::report("empty chart (frame only, the cost of a render call), 1200x400",
+                  bench::medianMicros([&] { empty.render(&image); }, 50), std::nullopt, "");
+
     time.setZoomLevel(16);
     bench::report("time chart, zoom 16, 1024 segments, 1200x400",
                   bench::medianMicros([&] { time.render(&image); }, 50), std::nullopt, "");

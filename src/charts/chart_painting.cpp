@@ -58,9 +58,19 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
     }
 
     // Separate segments with butt ends, all in one call; dense curves are
-    // thinned to what each pixel column can show.
+    // thinned to what each pixel column can show, their solid columns filled
+    // in a second call without antialiasing (it would only soften their ends).
+    const ThinCurve curve = thinCurveForPixels(scene.curve, kChartLineWidth);
     painter.setPen(QPen(scene.curveColor, kChartLineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-    painter.drawLines(thinCurveForPixels(scene.curve, kChartLineWidth));
+    painter.drawLines(curve.segments);
+    if (!curve.columns.isEmpty()) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(scene.curveColor);
+        painter.drawRects(curve.columns);
+        painter.restore();
+    }
 
     for (const ChartLabel& label : scene.labels)
         drawTextAt(painter, label.at, label.text, labelFont);

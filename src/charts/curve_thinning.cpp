@@ -9,7 +9,7 @@ namespace {
 
 class ChainThinner {
 public:
-    ChainThinner(QVector<QLineF>& out, double penWidth) : out_(out), penWidth_(penWidth) {}
+    ChainThinner(ThinCurve& out, double penWidth) : out_(out), penWidth_(penWidth) {}
 
     // One connected run of points.
     void thin(const QVector<QPointF>& chain)
@@ -41,20 +41,17 @@ private:
         }
         const double lowY = points[low].y();
         const double highY = points[high].y();
-        // A column where the curve turns back on itself (both extremes inside
-        // the run) and spans more than a pen width is drawn solid anyway: one
-        // bar shows it. A column the curve crosses in one direction keeps its
-        // slant through its end points.
-        const bool turnsBack = low > 0 && low < count - 1 && high > 0 && high < count - 1;
-        if (turnsBack && highY - lowY >= penWidth_) {
+        // A column where the curve turns back and spans more than a pen width
+        // is drawn solid anyway: one column shows it. A column the curve
+        // crosses in one direction keeps its slant through its end points.
+        if (highY - lowY >= penWidth_ && turnsBack(points, count)) {
             // Joining from the previous column is needed unless that was a
             // bar overlapping this one.
             const bool covered = previousBar_ && lowY <= previousHigh_ && highY >= previousLow_;
             if (!covered)
                 keep(points[0]);
             flushKept();
-            const double x = column + 0.5;
-            out_.append(QLineF(x, lowY, x, highY));
+            out_.columns.append(QRectF(column + 0.5 - 0.5 * penWidth_, lowY, penWidth_, highY - lowY));
             keep(points[count - 1]);
             previousBar_ = true;
             previousLow_ = lowY;
@@ -71,6 +68,17 @@ private:
         if (count > 1)
             keep(points[count - 1]);
         previousBar_ = false;
+    }
+
+    static bool turnsBack(const QPointF* points, qsizetype count)
+    {
+        bool rises = false;
+        bool falls = false;
+        for (qsizetype i = 1; i < count; ++i) {
+            rises = rises || points[i].y() > points[i - 1].y();
+            falls = falls || points[i].y() < points[i - 1].y();
+        }
+        return rises && falls;
     }
 
     // Extends the last segment to p while every point it has swallowed stays
@@ -120,11 +128,11 @@ private:
     void flushKept()
     {
         for (qsizetype i = 1; i < kept_.size(); ++i)
-            out_.append(QLineF(kept_[i - 1], kept_[i]));
+            out_.segments.append(QLineF(kept_[i - 1], kept_[i]));
         kept_.clear();
     }
 
-    QVector<QLineF>& out_;
+    ThinCurve& out_;
     const double penWidth_;
     static constexpr double kTolerance = 0.25;  // pixels
     QVector<QPointF> kept_;
@@ -138,9 +146,9 @@ private:
 
 }  // namespace
 
-QVector<QLineF> thinCurveForPixels(const QVector<QLineF>& segments, double penWidth)
+ThinCurve thinCurveForPixels(const QVector<QLineF>& segments, double penWidth)
 {
-    QVector<QLineF> out;
+    ThinCurve out;
     ChainThinner thinner(out, penWidth);
     QVector<QPointF> chain;
     for (const QLineF& s : segments) {

@@ -24,14 +24,22 @@ QVector<QLineF> curveOf(const std::vector<double>& ys, double xSpacing)
     return segments;
 }
 
-QImage paint(const QVector<QLineF>& segments)
+QImage paint(const QVector<QLineF>& segments, const QVector<QRectF>& columns = {})
 {
     QImage image(kW, kH, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setPen(QPen(Qt::black, 2.0, Qt::SolidLine, Qt::FlatCap));
     painter.drawLines(segments);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::black);
+    painter.drawRects(columns);
     return image;
+}
+
+QImage paint(const ThinCurve& curve)
+{
+    return paint(curve.segments, curve.columns);
 }
 
 // Pixels dark in one image and not within one pixel of a dark pixel in the other.
@@ -74,8 +82,9 @@ TEST(CurveThinning, DenseNoisyCurveKeepsItsPixels)
     for (std::size_t i = 0; i < ys.size(); ++i)
         ys[i] = 100.0 + 60.0 * std::sin(double(i) * 0.011) + noise(random);
     const QVector<QLineF> full = curveOf(ys, double(kW) / 8192.0);
-    const QVector<QLineF> thin = thinCurveForPixels(full, 2.0);
-    EXPECT_LT(thin.size(), 3 * kW);
+    const ThinCurve thin = thinCurveForPixels(full, 2.0);
+    EXPECT_LT(thin.segments.size() + thin.columns.size(), 3 * kW);
+    EXPECT_GT(thin.columns.size(), kW / 2);
     const QImage a = paint(full);
     const QImage b = paint(thin);
     EXPECT_GT(darkPixels(a), 10000);
@@ -114,14 +123,15 @@ TEST(CurveThinning, SmoothAndSparseCurvesStayPut)
         zigzag[i] = i % 2 ? 30.0 : 170.0;
     for (const auto& [ys, spacing] : {std::pair{slow, 0.5}, std::pair{zigzag, 5.0}}) {
         const QVector<QLineF> full = curveOf(ys, spacing);
-        const QVector<QLineF> thin = thinCurveForPixels(full, 2.0);
+        const ThinCurve thin = thinCurveForPixels(full, 2.0);
+        EXPECT_TRUE(thin.columns.isEmpty());
         const QImage a = paint(full);
         const QImage b = paint(thin);
         EXPECT_LT(strayPixels(a, b), darkPixels(a) / 200 + 2);
         EXPECT_LT(strayPixels(b, a), darkPixels(a) / 200 + 2);
     }
     // The zig-zag has nothing to merge.
-    EXPECT_EQ(thinCurveForPixels(curveOf(zigzag, 5.0), 2.0).size(), 119);
+    EXPECT_EQ(thinCurveForPixels(curveOf(zigzag, 5.0), 2.0).segments.size(), 119);
 }
 
 TEST(CurveThinning, StraightRunsBecomeOneSegment)
@@ -129,7 +139,7 @@ TEST(CurveThinning, StraightRunsBecomeOneSegment)
     std::vector<double> ys(2048, 50.0);
     for (std::size_t i = 1024; i < ys.size(); ++i)
         ys[i] = 150.0 - 0.1 * double(i - 1024);
-    const QVector<QLineF> thin = thinCurveForPixels(curveOf(ys, 0.25), 2.0);
+    const QVector<QLineF> thin = thinCurveForPixels(curveOf(ys, 0.25), 2.0).segments;
     // A flat run, the step, a straight slope.
     ASSERT_EQ(thin.size(), 3);
     EXPECT_EQ(thin[0].p1(), QPointF(0.0, 50.0));
@@ -141,9 +151,9 @@ TEST(CurveThinning, GapsStayGaps)
 {
     QVector<QLineF> segments = curveOf({10, 20, 30, 40}, 10.0);
     segments.removeAt(1);  // a skipped point leaves a gap between x 10 and 20
-    const QVector<QLineF> thin = thinCurveForPixels(segments, 2.0);
+    const QVector<QLineF> thin = thinCurveForPixels(segments, 2.0).segments;
     ASSERT_EQ(thin.size(), 2);
     EXPECT_EQ(thin[0], QLineF(0, 10, 10, 20));
     EXPECT_EQ(thin[1], QLineF(20, 30, 30, 40));
-    EXPECT_TRUE(thinCurveForPixels({}, 2.0).isEmpty());
+    EXPECT_TRUE(thinCurveForPixels({}, 2.0).segments.isEmpty());
 }
