@@ -78,15 +78,15 @@ struct LogParts {
 
 LogParts logPartsOfDraw(std::uint32_t q, const LogTable& t)
 {
+    // q = 2^e · m with m in [0.75, 1.5), taken apart without branches: the
+    // top mantissa bit says whether m is moved below 1.
     const std::uint64_t bits = std::bit_cast<std::uint64_t>(static_cast<double>(q));
-    int e = static_cast<int>(bits >> 52) - 1023;
-    double m = std::bit_cast<double>((bits & 0x000FFFFFFFFFFFFFull) | 0x3FF0000000000000ull);
-    if (m >= 1.5) {
-        m *= 0.5;
-        e += 1;
-    }
-    const auto i = static_cast<std::size_t>((m - 0.75) * 256.0);
-    const double k = 31.0 - e;
+    const std::uint64_t mantissa = bits & 0x000FFFFFFFFFFFFFull;
+    const std::uint64_t high = mantissa >> 51;
+    const auto e = static_cast<std::int64_t>(bits >> 52) - 1023 + static_cast<std::int64_t>(high);
+    const double m = std::bit_cast<double>(mantissa | ((1023 - high) << 52));
+    const auto i = static_cast<std::size_t>(static_cast<std::int64_t>((m - 0.75) * 256.0));
+    const double k = static_cast<double>(31 - e);
     // m · recip is exact (see LogTable), and so is the subtraction of 1.
     return {k * kLn2Hi, k * kLn2Lo - t.minusLnRecip[i], m * t.recip[i] - 1.0};
 }
@@ -216,21 +216,42 @@ void boxMullerSig(std::span<const std::uint32_t> r1, std::span<const std::uint32
     }
 }
 
+namespace {
+
+// Noise drawn and transformed a block at a time, so no record-sized work
+// buffers are needed; two independently seeded generators, one per draw.
+// out[k] = in[k] + noise[k], or noise[k] alone when in is empty.
+void noiseInto(std::span<const double> in, double sigma, double mu, std::span<double> out)
+{
+    Xoshiro first(entropySeed());
+    Xoshiro second(entropySeed());
+    constexpr std::size_t kChunk = 512;
+    std::array<std::uint32_t, kChunk> r1;
+    std::array<std::uint32_t, kChunk> r2;
+    std::array<double, kChunk> noise;
+    for (std::size_t k0 = 0; k0 < out.size(); k0 += kChunk) {
+        const std::size_t len = std::min(kChunk, out.size() - k0);
+        for (std::size_t k = 0; k < len; ++k)
+            r1[k] = static_cast<std::uint32_t>(first.next() >> 33);
+        for (std::size_t k = 0; k < len; ++k)
+            r2[k] = static_cast<std::uint32_t>(second.next() >> 33);
+        boxMullerSig(std::span(r1).first(len), std::span(r2).first(len), sigma, mu, std::span(noise).first(len));
+        if (in.empty())
+            std::copy_n(noise.begin(), len, out.begin() + static_cast<std::ptrdiff_t>(k0));
+        else
+            for (std::size_t k = 0; k < len; ++k)
+                out[k0 + k] = in[k0 + k] + noise[k];
+    }
+}
+
+}  // namespace
+
 void gaussianSig(double sigma, double mu, std::span<double> out)
 {
-    // Two independently seeded draws, as the transform expects.
-    std::vector<std::uint32_t> r1(out.size());
-    std::vector<std::uint32_t> r2(out.size());
-    uniformDraws(r1);
-    uniformDraws(r2);
-    boxMullerSig(r1, r2, sigma, mu, out);
+    noiseInto({}, sigma, mu, out);
 }
 
 void addGaussianNoiseSig(std::span<const double> in, double sigma, double mu, std::span<double> out)
 {
-    const std::size_t n = std::min(in.size(), out.size());
-    std::vector<double> noise(n);
-    gaussianSig(sigma, mu, noise);
-    for (std::size_t k = 0; k < n; ++k)
-        out[k] = in[k] + noise[k];
+    noiseInto(in, sigma, mu, out.first(std::min(in.size(), out.size())));
 }

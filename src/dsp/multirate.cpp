@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
+#include <numeric>
 #include <vector>
 
 #include "dsp/fir_synthesis.h"
@@ -20,10 +22,63 @@ double at(std::span<const double> x, std::size_t i)
     return i < x.size() ? x[i] : 0.0;
 }
 
+// Two doubles in one SSE register (GCC/Clang vector extension).
+using Pair = double __attribute__((vector_size(16)));
+
+Pair loadPair(const double* p)
+{
+    Pair v;
+    std::memcpy(&v, p, sizeof v);
+    return v;
+}
+
+double dot(const double* h, const double* x, std::size_t taps)
+{
+    double acc = 0.0;
+    for (std::size_t t = 0; t < taps; ++t)
+        acc += x[t] * h[t];
+    return acc;
+}
+
+// Four dot products of the taps h with x0, x0 + stride, x0 + 2·stride and
+// x0 + 3·stride, two taps per step. out[k·outStride] receives the k-th.
+void dot4(const double* h, std::size_t taps, const double* x0, std::size_t stride, double* out,
+          std::size_t outStride)
+{
+    const double* x1 = x0 + stride;
+    const double* x2 = x1 + stride;
+    const double* x3 = x2 + stride;
+    Pair a0{}, a1{}, a2{}, a3{};
+    std::size_t t = 0;
+    for (; t + 2 <= taps; t += 2) {
+        const Pair c = loadPair(h + t);
+        a0 += loadPair(x0 + t) * c;
+        a1 += loadPair(x1 + t) * c;
+        a2 += loadPair(x2 + t) * c;
+        a3 += loadPair(x3 + t) * c;
+    }
+    double s0 = a0[0] + a0[1], s1 = a1[0] + a1[1], s2 = a2[0] + a2[1], s3 = a3[0] + a3[1];
+    if (t < taps) {
+        s0 += x0[t] * h[t];
+        s1 += x1[t] * h[t];
+        s2 += x2[t] * h[t];
+        s3 += x3[t] * h[t];
+    }
+    out[0] = s0;
+    out[outStride] = s1;
+    out[2 * outStride] = s2;
+    out[3 * outStride] = s3;
+}
+
 }  // namespace
 
 bool interpolateSignal(std::span<const double> x, int L, std::span<double> u)
 {
+    std::vector<double> copy;
+    if (x.data() < u.data() + u.size() && u.data() < x.data() + x.size()) {
+        copy.assign(x.begin(), x.end());
+        x = copy;
+    }
     std::fill(u.begin(), u.end(), 0.0);
     if (L < 1)
         return false;
@@ -78,6 +133,11 @@ bool autoGenLPF(int L, int M, std::span<double> h)
 bool multirateSysOut(std::span<const double> x, std::span<const double> h, int L, int M,
                      std::span<double> y)
 {
+    std::vector<double> copy;
+    if (x.data() < y.data() + y.size() && y.data() < x.data() + x.size()) {
+        copy.assign(x.begin(), x.end());
+        x = copy;
+    }
     std::fill(y.begin(), y.end(), 0.0);
     if (L < 1 || L > kMaxFactor || M < 1 || M > kMaxFactor)
         return false;
@@ -92,22 +152,36 @@ bool multirateSysOut(std::span<const double> x, std::span<const double> h, int L
     if (taps == 0)
         return true;
     // The high-rate sequence is L·n long; the filter stage leaves its last
-    // 4⌈N_H/4⌉ samples zero and the decimator keeps every M-th of the rest.
+    // 4⌈N_H/4⌉ samples zero and the decimator keeps every M-th of the rest,
+    // so output j is filtered sample M·j while M·j < filtered.
     const std::size_t highRate = up * x.size();
     const std::size_t filtered = convolutionOutputLength(highRate, taps);
+    const std::size_t outputs = std::min(y.size(), (filtered + down - 1) / down);
     const std::vector<double> reversed(h.rbegin(), h.rend());
-    for (std::size_t j = 0; j < y.size(); ++j) {
-        const std::size_t i = down * j;  // position in the filtered high-rate sequence
-        if (i >= filtered)
-            break;
-        // Only taps that land on an inserted input sample contribute; they
-        // are summed in the same tap order as the direct form.
-        const std::size_t first = (up - i % up) % up;
+
+    // Outputs j and j + P (P = L / gcd(L, M)) meet the same taps — only those
+    // landing on an input sample, every L-th — with the input moved on by
+    // M / gcd(L, M) samples. Each such phase is a short strided correlation.
+    const std::size_t g = std::gcd(up, down);
+    const std::size_t phases = up / g;
+    const std::size_t advance = down / g;
+    std::vector<double> phaseTaps((taps + up - 1) / up);
+    for (std::size_t r = 0; r < phases && r < outputs; ++r) {
+        const std::size_t i = down * r;
+        const std::size_t first = (up - i % up) % up;  // first tap on an input sample
+        if (first >= taps)
+            continue;  // no tap lands on an input: these outputs are zero
+        std::size_t count = 0;
+        for (std::size_t p = first; p < taps; p += up)
+            phaseTaps[count++] = reversed[p];
         const double* in = x.data() + (i + first) / up;
-        double acc = 0.0;
-        for (std::size_t p = first; p < taps; p += up, ++in)
-            acc += *in * reversed[p];
-        y[j] = acc;
+        const std::size_t blocks = (outputs - r + phases - 1) / phases;
+        double* out = y.data() + r;
+        std::size_t q = 0;
+        for (; q + 4 <= blocks; q += 4)
+            dot4(phaseTaps.data(), count, in + q * advance, advance, out + q * phases, phases);
+        for (; q < blocks; ++q)
+            out[q * phases] = dot(phaseTaps.data(), in + q * advance, count);
     }
     return true;
 }

@@ -8,7 +8,8 @@
 inline constexpr std::size_t kAutoFilterTaps = 255;
 
 // L ≥ 1; u: n = u.size() outputs, u[i] = x[i/L] when L divides i, else 0
-// (x reads as zero past its end). Returns false (u all zero) for L < 1.
+// (x reads as zero past its end; u may share x's memory). Returns false
+// (u all zero) for L < 1.
 bool interpolateSignal(std::span<const double> x, int L, std::span<double> u);
 
 // M ≥ 1; y: n = y.size() outputs, y[j] = v[M·j] while M·j < n, then zeros
@@ -25,8 +26,9 @@ std::size_t autoFilterPassBins(int L, int M);
 
 // L, M in 1 .. 16; x: n input samples; h: N_H ≥ 1 taps; y: outputs wanted.
 // Equals decimateSignal(convolutionSysOut(interpolateSignal(x, L, L·n), h), M)
-// cut to y.size(), sample for sample, but only forms the products that meet
-// an input sample and only the outputs kept. L = M = 1 copies x unfiltered.
+// cut to y.size(), to rounding (taps are summed in two interleaved halves),
+// but only forms the products that meet an input sample and only the
+// outputs kept. L = M = 1 copies x unfiltered. y may share x's memory.
 // Returns false (y all zero) for L or M outside 1 .. 16.
 bool multirateSysOut(std::span<const double> x, std::span<const double> h, int L, int M,
                      std::span<double> y);

@@ -20,6 +20,7 @@ namespace {
 constexpr double kTwoPi = 2.0 * std::numbers::pi;
 constexpr std::size_t kBlock = 128;  // samples per anchor
 constexpr std::uint32_t kDirectHarmonics = 64;  // above this the sums use their closed form
+constexpr std::uint32_t kExactEvery = 8;        // harmonics between exactly computed tables
 
 // A value carried as hi + lo, |lo| ≤ ulp(hi)/2.
 struct Wide {
@@ -77,35 +78,74 @@ Phasor times(Phasor a, Phasor b)
     return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re};
 }
 
-// cosOut[k] += scale · cos(2π c k + ϕ) and sinOut[k] += scale · sin(...),
-// either may be empty; both of length n when present.
-void addPhasors(Wide c, double phi, double scale, std::span<double> cosOut, std::span<double> sinOut)
-{
-    const std::size_t n = std::max(cosOut.size(), sinOut.size());
+// e^{i2π c j} for the offsets j < kBlock inside a block, and e^{i2π c k0} for
+// the block starts k0, so that sample k0 + j is anchor × rotation.
+struct PhasorTables {
     std::array<double, kBlock> rotRe{};
     std::array<double, kBlock> rotIm{};
-    for (std::size_t j = 0; j < kBlock && j < n; ++j) {
+    std::vector<Phasor> anchors;
+};
+
+// Every entry from its exactly reduced phase; n samples to cover.
+void exactTables(Wide c, std::size_t n, PhasorTables& t)
+{
+    for (std::size_t j = 0; j < kBlock; ++j) {
         const Phasor r = unitPhasor(fractionOf(timesWide(static_cast<double>(j), c)));
-        rotRe[j] = r.re;
-        rotIm[j] = r.im;
+        t.rotRe[j] = r.re;
+        t.rotIm[j] = r.im;
     }
-    const Phasor phase{std::cos(phi), std::sin(phi)};
-    for (std::size_t k0 = 0; k0 < n; k0 += kBlock) {
-        Phasor a = times(unitPhasor(fractionOf(timesWide(static_cast<double>(k0), c))), phase);
+    t.anchors.resize((n + kBlock - 1) / kBlock);
+    for (std::size_t b = 0; b < t.anchors.size(); ++b)
+        t.anchors[b] = unitPhasor(fractionOf(timesWide(static_cast<double>(b * kBlock), c)));
+}
+
+// The tables of frequency c + c₁ from those of c and c₁, entry by entry;
+// each step adds about two ulp to the entries.
+void advanceTables(PhasorTables& t, const PhasorTables& step)
+{
+    for (std::size_t j = 0; j < kBlock; ++j) {
+        const Phasor r = times({t.rotRe[j], t.rotIm[j]}, {step.rotRe[j], step.rotIm[j]});
+        t.rotRe[j] = r.re;
+        t.rotIm[j] = r.im;
+    }
+    for (std::size_t b = 0; b < t.anchors.size(); ++b)
+        t.anchors[b] = times(t.anchors[b], step.anchors[b]);
+}
+
+// cosOut[k] += scale · cos(2π c k + ϕ) and sinOut[k] += scale · sin(...) with
+// phase = e^{iϕ}; either output may be empty, both n long when present.
+void accumulate(const PhasorTables& t, Phasor phase, double scale, std::span<double> cosOut,
+                std::span<double> sinOut)
+{
+    const std::size_t n = std::max(cosOut.size(), sinOut.size());
+    for (std::size_t b = 0, k0 = 0; k0 < n; ++b, k0 += kBlock) {
+        Phasor a = times(t.anchors[b], phase);
         a.re *= scale;
         a.im *= scale;
         const std::size_t len = std::min(kBlock, n - k0);
         if (!cosOut.empty()) {
             double* dst = cosOut.data() + k0;
             for (std::size_t j = 0; j < len; ++j)
-                dst[j] += a.re * rotRe[j] - a.im * rotIm[j];
+                dst[j] += a.re * t.rotRe[j] - a.im * t.rotIm[j];
         }
         if (!sinOut.empty()) {
             double* dst = sinOut.data() + k0;
             for (std::size_t j = 0; j < len; ++j)
-                dst[j] += a.re * rotIm[j] + a.im * rotRe[j];
+                dst[j] += a.re * t.rotIm[j] + a.im * t.rotRe[j];
         }
     }
+}
+
+Phasor phasorOf(double phi)
+{
+    return {std::cos(phi), std::sin(phi)};
+}
+
+void addPhasors(Wide c, double phi, double scale, std::span<double> cosOut, std::span<double> sinOut)
+{
+    PhasorTables t;
+    exactTables(c, std::max(cosOut.size(), sinOut.size()), t);
+    accumulate(t, phasorOf(phi), scale, cosOut, sinOut);
 }
 
 void sinusoid(bool cosine, double A, double fa, double phi, double fs, std::span<double> out)
@@ -121,11 +161,14 @@ void sinusoid(bool cosine, double A, double fa, double phi, double fs, std::span
 void twoSinusoids(bool cosine, double A1, double fa1, double A2, double fa2, double fs,
                   std::span<double> out)
 {
-    std::vector<double> x2(out.size());
-    sinusoid(cosine, A1, fa1, 0.0, fs, out);
-    sinusoid(cosine, A2, fa2, 0.0, fs, x2);
-    for (std::size_t k = 0; k < out.size(); ++k)
-        out[k] = (out[k] + x2[k]) + 0.0;
+    // (0 + x₁) + x₂ per sample: the same sum as adding two finished records.
+    std::fill(out.begin(), out.end(), 0.0);
+    for (const auto& [A, fa] : {std::pair{A1, fa1}, std::pair{A2, fa2}}) {
+        if (cosine)
+            addPhasors(divideWide(fa, fs), 0.0, A, out, {});
+        else
+            addPhasors(divideWide(fa, fs), 0.0, A, {}, out);
+    }
 }
 
 // Σ_{m=1..M} e^{i(2π m f + ϕ)} = e^{i(π(M+1)f + ϕ)} · sin(πMf) / sin(πf) for the
@@ -159,16 +202,30 @@ void harmonicSum(bool cosine, double A, double fa, double phi, double M, double 
     std::fill(out.begin(), out.end(), 0.0);
     const std::uint32_t count = harmonicCount(M);
     const Wide c = divideWide(fa, fs);
-    if (count <= kDirectHarmonics) {
+    if (count == 0) {
+        return;
+    } else if (count <= kDirectHarmonics) {
+        // Harmonic m's tables are harmonic m−1's times the fundamental's,
+        // recomputed exactly every kExactEvery harmonics to bound the drift.
+        const std::size_t n = out.size();
+        const Phasor phase = phasorOf(phi);
+        PhasorTables fundamental;
+        exactTables(c, n, fundamental);
+        PhasorTables current = fundamental;
         for (std::uint32_t m = 1; m <= count; ++m) {
-            const Wide cm = timesWide(static_cast<double>(m), c);
+            if (m > 1) {
+                if ((m - 1) % kExactEvery == 0)
+                    exactTables(timesWide(static_cast<double>(m), c), n, current);
+                else
+                    advanceTables(current, fundamental);
+            }
             if (cosine)
-                addPhasors(cm, phi, 1.0, out, {});
+                accumulate(current, phase, 1.0, out, {});
             else
-                addPhasors(cm, phi, 1.0, {}, out);
+                accumulate(current, phase, 1.0, {}, out);
         }
     } else {
-        const Phasor phase{std::cos(phi), std::sin(phi)};
+        const Phasor phase = phasorOf(phi);
         const double m = static_cast<double>(count);
         for (std::size_t k = 0; k < out.size(); ++k)
             out[k] = closedFormSum(cosine, m, reduceCycles(timesWide(static_cast<double>(k), c)), phase);
@@ -272,58 +329,58 @@ void sincSquaredBetaSig(double beta, double fs, std::span<double> out)
 double signalTimeDomain(int index, double fs, double p1, double p2, double p3, double p4, double p5,
                         double p6, std::span<double> out)
 {
-    std::vector<double> s(out.size(), 0.0);
+    // The clean signal is made in out and the noise added in place.
     double sigma = 0.0;
     double mu = 0.0;
     double maxFreq = 0.0;
     switch (index) {
     case 0:
-        cosineSig(p1, p2, p3, fs, s);
+        cosineSig(p1, p2, p3, fs, out);
         sigma = p4, mu = p5, maxFreq = p2;
         break;
     case 1:
-        cosineTwoSig(p1, p2, p3, p4, fs, s);
+        cosineTwoSig(p1, p2, p3, p4, fs, out);
         sigma = p5, mu = p6, maxFreq = p2 > p4 ? p2 : p4;
         break;
     case 2:
-        cosineSumSig(p1, p2, p3, p4, fs, s);
+        cosineSumSig(p1, p2, p3, p4, fs, out);
         sigma = p5, mu = p6, maxFreq = p4 * p2;
         break;
     case 3:
-        sineSig(p1, p2, p3, fs, s);
+        sineSig(p1, p2, p3, fs, out);
         sigma = p4, mu = p5, maxFreq = p2;
         break;
     case 4:
-        sineTwoSig(p1, p2, p3, p4, fs, s);
+        sineTwoSig(p1, p2, p3, p4, fs, out);
         sigma = p5, mu = p6, maxFreq = p2 > p4 ? p2 : p4;
         break;
     case 5:
-        sineSumSig(p1, p2, p3, p4, fs, s);
+        sineSumSig(p1, p2, p3, p4, fs, out);
         sigma = p5, mu = p6, maxFreq = p4 * p2;
         break;
     case 6:
         gaussianSig(p1, p2, out);
         return fs / 100.0;
     case 7:
-        mixerSig(p1, p2, p3, p4, fs, s);
+        mixerSig(p1, p2, p3, p4, fs, out);
         sigma = p5, mu = p6, maxFreq = p2 + p4;
         break;
     case 8:
-        rectSig(p1, p2, fs, s);
+        rectSig(p1, p2, fs, out);
         sigma = p3, mu = p4, maxFreq = 1.0 / p2;
         break;
     case 9:
-        sincBetaSig(p1, fs, s);
+        sincBetaSig(p1, fs, out);
         sigma = p2, mu = p3, maxFreq = fs / 100.0;
         break;
     case 10:
-        sincSquaredBetaSig(p1, fs, s);
+        sincSquaredBetaSig(p1, fs, out);
         sigma = p2, mu = p3, maxFreq = fs / 100.0;
         break;
     default:
         std::fill(out.begin(), out.end(), 0.0);
         return 0.0;
     }
-    addGaussianNoiseSig(s, sigma, mu, out);
+    addGaussianNoiseSig(out, sigma, mu, out);
     return maxFreq;
 }

@@ -11,8 +11,21 @@ SignalExtremes measureSignal(std::span<const double> x)
 {
     if (x.empty())
         return {};
-    const auto [lo, hi] = std::minmax_element(x.begin(), x.end());
-    return {*hi, *lo};
+    // Four running extremes keep the loop free of a long dependency chain.
+    double hi[4] = {x[0], x[0], x[0], x[0]};
+    double lo[4] = {x[0], x[0], x[0], x[0]};
+    std::size_t i = 0;
+    for (; i + 4 <= x.size(); i += 4) {
+        for (std::size_t k = 0; k < 4; ++k) {
+            hi[k] = x[i + k] > hi[k] ? x[i + k] : hi[k];
+            lo[k] = x[i + k] < lo[k] ? x[i + k] : lo[k];
+        }
+    }
+    for (; i < x.size(); ++i) {
+        hi[0] = x[i] > hi[0] ? x[i] : hi[0];
+        lo[0] = x[i] < lo[0] ? x[i] : lo[0];
+    }
+    return {std::max({hi[0], hi[1], hi[2], hi[3]}), std::min({lo[0], lo[1], lo[2], lo[3]})};
 }
 
 SignalExtremes magSpectrum(std::span<const double> x, std::span<double> mag)

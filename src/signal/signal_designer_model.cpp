@@ -264,34 +264,27 @@ void GVRSignalDesignerModel::optimalSamplingRateCheck()
 
 void GVRSignalDesignerModel::designSignal()
 {
-    std::vector<double> signal(kSignalSamples, 0.0);
-    std::vector<double> spectrum(kSpectrumLength, 0.0);
+    // Work buffers and the spare result arrays are kept between designs:
+    // record-sized allocations would otherwise cost page faults every time.
+    workSignal_.resize(kSignalSamples);
+    workSpectrum_.resize(kSpectrumLength);
     const int index = static_cast<int>(yStepIndex_);
     const double maxFreq = signalTimeDomain(index, samplingFreq_, parms_[0], parms_[1], parms_[2], parms_[3],
-                                            parms_[4], parms_[5], signal);
-    const SignalExtremes amplitude = measureSignal(signal);
-    const SignalExtremes magnitude = magSpectrum(signal, spectrum);
+                                            parms_[4], parms_[5], workSignal_);
+    const SignalExtremes amplitude = measureSignal(workSignal_);
+    const SignalExtremes magnitude = magSpectrum(workSignal_, workSpectrum_);
 
-    const auto header = [&](double top, double bottom) {
-        return std::vector<double>{samplingFreq_,
-                                   maxFreq,
-                                   static_cast<double>(voltUnits_),
-                                   static_cast<double>(freqUnits_),
-                                   top,
-                                   bottom,
-                                   0.0,
-                                   0.0};
+    const auto fill = [&](std::vector<double>& array, SignalExtremes extremes, std::span<const double> data) {
+        array.assign({samplingFreq_, maxFreq, static_cast<double>(voltUnits_), static_cast<double>(freqUnits_),
+                      extremes.max, extremes.min, 0.0, 0.0});
+        array.insert(array.end(), data.begin(), data.end());
     };
-    std::vector<double> timeArray = header(amplitude.max, amplitude.min);
-    timeArray.reserve(kTimeArrayLength);
-    timeArray.insert(timeArray.end(), signal.begin(), signal.end());
-    std::vector<double> freqArray = header(magnitude.max, magnitude.min);
-    freqArray.reserve(kFreqArrayLength);
-    freqArray.insert(freqArray.end(), spectrum.begin(), spectrum.begin() + kSpectrumLength / 2);
+    fill(spareTime_, amplitude, workSignal_);
+    fill(spareFreq_, magnitude, std::span<const double>(workSpectrum_).first(kSpectrumLength / 2));
 
     // Finite parameters can still overflow (a huge amplitude, a vanishing τ):
     // such a design is refused like a failed check and changes nothing.
-    if (!allFinite(timeArray) || !allFinite(freqArray)) {
+    if (!allFinite(spareTime_) || !allFinite(spareFreq_)) {
         note(kNotFinite, 0.0, false);
         return;
     }
@@ -300,10 +293,10 @@ void GVRSignalDesignerModel::designSignal()
     min_amplitude_ = amplitude.min;
     optimalSamplingRateCheck();
     validResultsFlag_ = true;
-    timeDomainArray_ = std::move(timeArray);
+    timeDomainArray_.swap(spareTime_);
     if (winSignalDesign_)
         winSignalDesign_->plotTimeWithArray(timeDomainArray_);
-    freqDomainArray_ = std::move(freqArray);
+    freqDomainArray_.swap(spareFreq_);
     if (winSignalDesign_)
         winSignalDesign_->plotFreqWithArray(freqDomainArray_);
 }

@@ -95,4 +95,9 @@ private:
     double max_freq_ = 0.0;
     QVariantMap signalRestorationDictionary_;
     SignalDesignView* winSignalDesign_ = nullptr;
+    // Reused between designs.
+    std::vector<double> workSignal_;
+    std::vector<double> workSpectrum_;
+    std::vector<double> spareTime_;
+    std::vector<double> spareFreq_;
 };

@@ -74,6 +74,7 @@ TEST(SignalGenerators, MatchExactFormulaThroughoutTheRecord)
         {"sin", 1.0, -3.0, 0.123456789, 1000.0, 0, 3.0},
         {"cossum", 300, 1.0, 10.0, 0.3, 14.9, 14.0},
         {"sinsum", 2.7, 0.5, 0.0123, -2.0, 3.7, 1.5},
+        {"sinsum", 1000, 1.0, 8.1, 0.4, 64.5, 64.0},     // longest table recurrence
         {"cossum", 300, 1.0, 1.45, 0.2, 100.0, 100.0},   // closed form
         {"sinsum", 1000, 2.0, 0.49, 1.1, 1000.5, 2000.0},  // closed form
         {"mixer", 100, 2.0, 25.0, 3.0, 5.0, 6.0},

@@ -110,6 +110,26 @@ TEST(SumAndFilter, MatchesNumpyConvolution)
     }
 }
 
+// Each output sums its products in tap order, so it equals the plain double
+// loop of the definition bit for bit; in place gives the same.
+TEST(SumAndFilter, EqualsTheDefinitionExactly)
+{
+    const auto x = randomSignal(N, 6);
+    const auto h = randomSignal(37, 7);
+    std::vector<double> y(N);
+    convolutionSysOut(x, h, y);
+    const std::size_t count = convolutionOutputLength(N, h.size());
+    for (std::size_t n = 0; n < count; ++n) {
+        double acc = 0.0;
+        for (std::size_t p = 0; p < h.size(); ++p)
+            acc += x[n + p] * h[h.size() - 1 - p];
+        ASSERT_EQ(y[n], acc) << n;
+    }
+    std::vector<double> inPlace = x;
+    convolutionSysOut(inPlace, h, inPlace);
+    EXPECT_EQ(inPlace, y);
+}
+
 TEST(SumAndFilter, ShortInputReadsAsZeros)
 {
     const std::vector<double> x{1.0, 2.0, 3.0};
