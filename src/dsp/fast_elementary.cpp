@@ -74,8 +74,15 @@ constexpr double kSqrt2 = 1.41421356237309504880;
     const V s = f / (2.0 + f);
     const V z = s * s;
     V poly = splat(1.0 / 21.0);
-    for (double c : {1.0 / 19, 1.0 / 17, 1.0 / 15, 1.0 / 13, 1.0 / 11, 1.0 / 9, 1.0 / 7, 1.0 / 5, 1.0 / 3})
-        poly = poly * z + c;
+    poly = poly * z + 1.0 / 19.0;
+    poly = poly * z + 1.0 / 17.0;
+    poly = poly * z + 1.0 / 15.0;
+    poly = poly * z + 1.0 / 13.0;
+    poly = poly * z + 1.0 / 11.0;
+    poly = poly * z + 1.0 / 9.0;
+    poly = poly * z + 1.0 / 7.0;
+    poly = poly * z + 1.0 / 5.0;
+    poly = poly * z + 1.0 / 3.0;
     const V lnm = 2.0 * s + 2.0 * s * z * poly;
     return kTenOverLn10 * (e * kLn2Hi + (lnm + e * kLn2Lo));
 }
@@ -119,15 +126,24 @@ void decibelsOfPower(std::span<const double> power, std::span<double> dB)
     const std::size_t n = std::min(power.size(), dB.size());
     const double* p = power.data();
     double* out = dB.data();
+    // Lanes outside the normal range (zero, subnormal, infinite, NaN) are noted and
+    // left to the library's log10 afterwards.
+    VI outside = {0, 0, 0, 0};
     std::size_t i = 0;
-    for (; i + kLanes <= n; i += kLanes)
-        store(out + i, decibels(load(p + i)));
+    for (; i + kLanes <= n; i += kLanes) {
+        const V v = load(p + i);
+        outside |= ~((v >= splat(DBL_MIN)) & (v <= splat(DBL_MAX)));
+        store(out + i, decibels(v));
+    }
+    bool anyOutside = (outside[0] | outside[1] | outside[2] | outside[3]) != 0;
     for (; i < n; ++i) {
         double tail[kLanes] = {p[i], 1.0, 1.0, 1.0};
         store(tail, decibels(load(tail)));
         out[i] = tail[0];
+        anyOutside = anyOutside || !(p[i] >= DBL_MIN && p[i] <= DBL_MAX);
     }
-    // Zero, subnormal, infinite or NaN power: the library's log10 handles them.
+    if (!anyOutside)
+        return;
     for (i = 0; i < n; ++i)
         if (!(p[i] >= DBL_MIN && p[i] <= DBL_MAX))
             out[i] = 10.0 * std::log10(p[i]);

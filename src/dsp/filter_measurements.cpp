@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 Filt3dBResult calcFilt3dB(int type, std::span<const double> m, double theta0)
 {
@@ -21,16 +22,18 @@ Filt3dBResult calcFilt3dB(int type, std::span<const double> m, double theta0)
     std::array<double, kResponsePoints> work;
     std::copy(m.begin(), m.end(), work.begin());
     work[n] = 0.0;
-    bool seen = false;
+    // NaN points are passed over: a comparison with NaN is false.
+    double largest = -std::numeric_limits<double>::infinity();
+    double smallest = std::numeric_limits<double>::infinity();
     for (std::size_t i = 0; i < n; ++i) {
-        if (std::isnan(work[i]))
-            continue;
-        if (!seen) {
-            r.largest = r.smallest = work[i];
-            seen = true;
-        }
-        r.largest = std::max(r.largest, work[i]);
-        r.smallest = std::min(r.smallest, work[i]);
+        const double v = work[i];
+        largest = v > largest ? v : largest;
+        smallest = v < smallest ? v : smallest;
+    }
+    const bool seen = largest >= smallest; // false only when every point is NaN
+    if (seen) {
+        r.largest = largest;
+        r.smallest = smallest;
     }
     if (!seen || r.largest < -3.0 || r.smallest > -3.0)
         return r;

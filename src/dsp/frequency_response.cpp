@@ -40,21 +40,42 @@ void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double
     // A bin at (numerically) zero has no usable dB or phase: it borrows its left
     // neighbour's value, bin 0 its right one, scanning upward over all 4096 bins.
     std::array<double, half + 1> re, im, power;
-    std::array<bool, half + 1> zero;
+    unsigned nearZeroSeen = 0;
     for (std::size_t k = 0; k <= half; ++k) {
-        zero[k] = nearZero(X[k]);
-        const std::complex<double> v = !zero[k] ? X[k] : (k == 0 ? X[1] : std::complex<double>(re[k - 1], im[k - 1]));
-        re[k] = v.real();
-        im[k] = v.imag();
-        // 20·log10|X| from the squared magnitude spares a square root.
-        power[k] = re[k] * re[k] + im[k] * im[k];
+        re[k] = X[k].real();
+        im[k] = X[k].imag();
+        nearZeroSeen |= static_cast<unsigned>(std::fabs(re[k]) <= kNearZero) &
+                        static_cast<unsigned>(std::fabs(im[k]) <= kNearZero);
     }
+    // Which bins were near zero before any replacement; only filled when there are some.
+    std::array<bool, half + 1> zero;
+    const bool anyZero = nearZeroSeen != 0;
+    if (anyZero) {
+        for (std::size_t k = 0; k <= half; ++k) {
+            zero[k] = nearZero(X[k]);
+            if (zero[k]) {
+                re[k] = k == 0 ? X[1].real() : re[k - 1];
+                im[k] = k == 0 ? X[1].imag() : im[k - 1];
+            }
+        }
+    }
+    // 20·log10|X| from the squared magnitude spares a square root.
+    for (std::size_t k = 0; k <= half; ++k)
+        power[k] = re[k] * re[k] + im[k] * im[k];
     decibelsOfPower(power, dB.first(half + 1));
     if (wantPhase)
         arctangentOfRatio(im, re, phase.first(half + 1));
 
     // Bins above fs/2 are the conjugates of those below: same dB, opposite phase,
     // unless the bin is near zero and takes its (upper) left neighbour instead.
+    if (!anyZero) {
+        for (std::size_t k = half + 1; k < n; ++k)
+            dB[k] = dB[n - k];
+        if (wantPhase)
+            for (std::size_t k = half + 1; k < n; ++k)
+                phase[k] = -phase[n - k];
+        return;
+    }
     for (std::size_t k = half + 1; k < n; ++k) {
         const std::size_t mirror = n - k;
         dB[k] = zero[mirror] ? dB[k - 1] : dB[mirror];
@@ -79,28 +100,27 @@ PhaseRange unwrapPhase(std::span<const double> P, std::span<const double> D, std
     }
     // A notch at i (2 ≤ i < n − 3): the magnitude stops falling, then climbs by at
     // least 0.5 dB a point, slowing down.
-    auto notch = [&](std::size_t i) {
-        return i >= 2 && i + 3 < n && R[i] == 0.0 && R[i + 1] > 0.0 && R[i + 2] >= 0.5 && R[i + 2] > R[i + 3];
-    };
+    std::array<unsigned char, kResponsePoints> notch;
+    std::fill(notch.begin(), notch.begin() + static_cast<std::ptrdiff_t>(n), 0);
+    for (std::size_t i = 2; i + 3 < n; ++i)
+        notch[i] = R[i] == 0.0 && R[i + 1] > 0.0 && R[i + 2] >= 0.5 && R[i + 2] > R[i + 3];
 
     // Away from a notch every upward step of the wrapped phase is a wrap by π;
     // across a notch a downward step is the linear-phase jump of π.
+    constexpr double pi = std::numbers::pi;
     double offset = 0.0;
     U[0] = P[0];
-    range.largest = range.smallest = U[0];
+    double largest = U[0], smallest = U[0];
     for (std::size_t j = 0; j + 1 < n; ++j) {
         const bool up = P[j + 1] > P[j];
         const bool down = P[j + 1] <= P[j];
-        if (up || down) {
-            const bool atNotch = notch(j);
-            if (up && !atNotch)
-                offset -= std::numbers::pi;
-            else if (down && atNotch)
-                offset += std::numbers::pi;
-        }
-        U[j + 1] = P[j + 1] + offset;
-        range.largest = std::max(range.largest, U[j + 1]);
-        range.smallest = std::min(range.smallest, U[j + 1]);
+        offset += (up && !notch[j]) ? -pi : ((down && notch[j]) ? pi : 0.0);
+        const double u = P[j + 1] + offset;
+        U[j + 1] = u;
+        largest = u > largest ? u : largest;
+        smallest = u < smallest ? u : smallest;
     }
+    range.largest = largest;
+    range.smallest = smallest;
     return range;
 }
