@@ -33,8 +33,8 @@ std::vector<double> timeArray()
     for (int k = 0; k < 16384; ++k) {
         state = state * 1103515245u + 12345u;
         const double noise = (double(state >> 8) / double(1u << 24) - 0.5) * 0.2;
-        const double v = std::cos(2 * std::numbers::pi * 0.01 * k) + 0.5 * std::sin(2 * std::numbers::pi * 0.13 * k) +
-                         noise;
+        const double v = std::cos(2 * std::numbers::pi * 0.01 * k) +
+                         0.5 * std::sin(2 * std::numbers::pi * 0.13 * k) + noise;
         a[8 + k] = v;
         largest = std::max(largest, v);
         smallest = std::min(smallest, v);
@@ -71,7 +71,7 @@ std::vector<double> responseArray()
     return a;
 }
 
-}  // namespace
+} // namespace
 
 int main(int argc, char** argv)
 {

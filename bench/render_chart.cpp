@@ -40,8 +40,8 @@ struct Options {
     int width = 800;
     int height = 300;
     double zoom = 16.0;
-    int index = -1;       // formula or block diagram index; -1 for the kind's default
-    int filterType = 0;   // 0 low pass, 1 band pass, 2 high pass
+    int index = -1;     // formula or block diagram index; -1 for the kind's default
+    int filterType = 0; // 0 low pass, 1 band pass, 2 high pass
 };
 
 // Stands in for the filter design window: keeps what the model sends.
@@ -200,7 +200,7 @@ bool parseOptions(QCommandLineParser& parser, Options& o, QString& kind, QString
            o.zoom <= 256.0 && o.filterType >= 0 && o.filterType <= 2;
 }
 
-}  // namespace
+} // namespace
 
 int main(int argc, char** argv)
 {

@@ -76,7 +76,7 @@ void layoutMultirate(BlockDiagramLayout& d, float w, float h)
     };
 }
 
-}  // namespace
+} // namespace
 
 BlockDiagramLayout blockDiagramLayout(int index, float width, float height)
 {

@@ -10,9 +10,9 @@
 #include <QVector>
 
 struct DiagramText {
-    QPointF at;  // lower-left corner of the text box
+    QPointF at; // lower-left corner of the text box
     QString text;
-    bool large = false;  // 20-point font instead of 16
+    bool large = false; // 20-point font instead of 16
 };
 
 struct DiagramBox {
@@ -21,11 +21,11 @@ struct DiagramBox {
 };
 
 struct BlockDiagramLayout {
-    QVector<DiagramText> inputs;  // x₁[n], x₂[n] and their rates
+    QVector<DiagramText> inputs; // x₁[n], x₂[n] and their rates
     DiagramText title;
-    QRectF summingCircle;  // bounding square of the circle
-    QVector<DiagramBox> boxes;  // in fill order
-    QVector<QPolygonF> lines;   // connecting lines, no arrow heads
+    QRectF summingCircle;      // bounding square of the circle
+    QVector<DiagramBox> boxes; // in fill order
+    QVector<QPolygonF> lines;  // connecting lines, no arrow heads
     QVector<DiagramText> labels;
 };
 

@@ -5,17 +5,44 @@
 
 namespace chartcolors {
 
-inline QColor background() { return QColor::fromRgbF(1.0f, 1.0f, 1.0f, 1.0f); }
-inline QColor outline() { return QColor::fromRgbF(0.0f, 0.0f, 0.0f, 1.0f); }
-inline QColor grid() { return QColor::fromRgbF(0.4f, 0.4f, 0.4f, 1.0f); }
+inline QColor background()
+{
+    return QColor::fromRgbF(1.0f, 1.0f, 1.0f, 1.0f);
+}
+inline QColor outline()
+{
+    return QColor::fromRgbF(0.0f, 0.0f, 0.0f, 1.0f);
+}
+inline QColor grid()
+{
+    return QColor::fromRgbF(0.4f, 0.4f, 0.4f, 1.0f);
+}
 // Filter magnitude curve and both time charts.
-inline QColor dBMagGraph() { return QColor::fromRgbF(0.239f, 0.357f, 0.675f, 1.0f); }
-inline QColor timeGraph() { return dBMagGraph(); }
+inline QColor dBMagGraph()
+{
+    return QColor::fromRgbF(0.239f, 0.357f, 0.675f, 1.0f);
+}
+inline QColor timeGraph()
+{
+    return dBMagGraph();
+}
 // Filter phase curve and both spectrum charts.
-inline QColor phaseGraph() { return QColor::fromRgbF(0.239f, 0.675f, 0.357f, 1.0f); }
-inline QColor magSpectrum() { return phaseGraph(); }
+inline QColor phaseGraph()
+{
+    return QColor::fromRgbF(0.239f, 0.675f, 0.357f, 1.0f);
+}
+inline QColor magSpectrum()
+{
+    return phaseGraph();
+}
 // Block diagram: the filter box and the rate-changer boxes.
-inline QColor filter() { return QColor::fromRgbF(0.82f, 0.936f, 0.998f, 1.0f); }
-inline QColor multi() { return QColor::fromRgbF(0.882f, 1.0f, 0.878f, 1.0f); }
+inline QColor filter()
+{
+    return QColor::fromRgbF(0.82f, 0.936f, 0.998f, 1.0f);
+}
+inline QColor multi()
+{
+    return QColor::fromRgbF(0.882f, 1.0f, 0.878f, 1.0f);
+}
 
-}  // namespace chartcolors
+} // namespace chartcolors

@@ -107,4 +107,4 @@ QFont palatinoFont(int pixels)
     return font;
 }
 
-}  // namespace chartpaint
+} // namespace chartpaint

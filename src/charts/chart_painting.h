@@ -39,4 +39,4 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
 // point size of the layouts, one point per view unit.
 QFont palatinoFont(int pixels);
 
-}  // namespace chartpaint
+} // namespace chartpaint

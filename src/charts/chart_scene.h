@@ -14,7 +14,7 @@
 #include "charts/grid_steps.h"
 
 struct ChartLabel {
-    QPointF at;  // lower-left corner of the text box
+    QPointF at; // lower-left corner of the text box
     QString text;
 };
 

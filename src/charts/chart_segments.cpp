@@ -27,7 +27,7 @@ bool clipTest(double p, double q, double& t0, double& t1)
     return true;
 }
 
-}  // namespace
+} // namespace
 
 void appendClippedSegment(QVector<QLineF>& segments, QPointF a, QPointF b, const QRectF& clip)
 {

@@ -134,7 +134,7 @@ private:
 
     ThinCurve& out_;
     const double penWidth_;
-    static constexpr double kTolerance = 0.25;  // pixels
+    static constexpr double kTolerance = 0.25; // pixels
     QVector<QPointF> kept_;
     QPointF anchor_;
     double slopeLow_ = 0.0;
@@ -144,7 +144,7 @@ private:
     double previousHigh_ = 0.0;
 };
 
-}  // namespace
+} // namespace
 
 ThinCurve thinCurveForPixels(const QVector<QLineF>& segments, double penWidth)
 {

@@ -16,7 +16,7 @@ constexpr int kPhaseStart = 8 + kPoints;
 // band; such a header draws the curve without horizontal grid lines.
 constexpr float kMostLinesAboveZero = 1000.0f;
 
-}  // namespace
+} // namespace
 
 ChartScene layoutFilterChart(std::span<const double> array, int chartType, const QString& freqUnits,
                              float width, float height)
@@ -75,8 +75,9 @@ ChartScene layoutFilterChart(std::span<const double> array, int chartType, const
         for (int i = 0; i <= lines; ++i) {
             const float y = top - float(i) * (step.step * yScale);
             scene.gridLines.append(QLineF(0.0, y, width, y));
-            const QString label = float(i) == zeroDivision ? zeroLabel
-                                                           : formatNoDecimals((zeroDivision - float(i)) * step.step);
+            const QString label = float(i) == zeroDivision
+                                      ? zeroLabel
+                                      : formatNoDecimals((zeroDivision - float(i)) * step.step);
             scene.labels.append({QPointF(5.0, y), label});
         }
     }

@@ -11,7 +11,7 @@
 namespace filterchart {
 inline constexpr int kMagnitude = 0;
 inline constexpr int kPhase = 1;
-}  // namespace filterchart
+} // namespace filterchart
 
 // array: the 4104-number response array (header of 8, 2048 dB magnitudes,
 // 2048 phases; shorter arrays draw what they hold); chartType: 0 magnitude,

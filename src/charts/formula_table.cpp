@@ -21,7 +21,7 @@ const std::array<const char*, kFormulaCount> kSources = {
     "      ,x[n] = sinc²(β π nT) + AGN                    ,      ",
 };
 
-}  // namespace
+} // namespace
 
 QStringList formulaLines(int index)
 {

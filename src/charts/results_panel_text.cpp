@@ -8,10 +8,10 @@ QString frequencyText(float value, const QString& unit)
     return QString::asprintf("%1.3f ", double(value)) + unit;
 }
 
-}  // namespace
+} // namespace
 
-QVector<ResultsPanelRow> resultsPanelRows(int filterType, const QString& unit, const FilterResultValues& values,
-                                          float height)
+QVector<ResultsPanelRow> resultsPanelRows(int filterType, const QString& unit,
+                                          const FilterResultValues& values, float height)
 {
     const QString bandwidthCaption = QStringLiteral("3dB Bandwidth");
     const QString bandwidthValue = frequencyText(values.db3Bandwidth, unit);

@@ -14,8 +14,8 @@ struct FilterResultValues {
 
 struct ResultsPanelRow {
     float y = 0.0f;  // lower-left coordinates
-    QString caption;  // drawn at x = 20
-    QString value;    // drawn at x = 180
+    QString caption; // drawn at x = 20
+    QString value;   // drawn at x = 180
 };
 
 inline constexpr float kResultsCaptionX = 20.0f;
@@ -23,5 +23,5 @@ inline constexpr float kResultsValueX = 180.0f;
 
 // filterType: 0 low pass, 1 band pass (four rows), 2 high pass (three rows);
 // unit: caption after each frequency; height: panel height.
-QVector<ResultsPanelRow> resultsPanelRows(int filterType, const QString& unit, const FilterResultValues& values,
-                                          float height);
+QVector<ResultsPanelRow> resultsPanelRows(int filterType, const QString& unit,
+                                          const FilterResultValues& values, float height);

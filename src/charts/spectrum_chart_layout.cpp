@@ -10,7 +10,7 @@ namespace {
 
 constexpr float kBins = 8192.0f;
 
-}  // namespace
+} // namespace
 
 ChartScene layoutSpectrumChart(std::span<const double> array, int headerBase, int binBase, float width,
                                float height)
@@ -44,7 +44,8 @@ ChartScene layoutSpectrumChart(std::span<const double> array, int headerBase, in
 
     const float magnitude = std::fmax(std::fabs(largest), std::fabs(smallest));
     scene.verticalStep = chooseGridStep(magnitude, gridsteps::kGeneral, 6);
-    float fullSpan = scene.verticalStep ? float(scene.verticalStep->count) * scene.verticalStep->step : magnitude;
+    float fullSpan =
+        scene.verticalStep ? float(scene.verticalStep->count) * scene.verticalStep->step : magnitude;
     if (!(fullSpan > 0.0f) || !std::isfinite(fullSpan))
         fullSpan = 1.0f;
 

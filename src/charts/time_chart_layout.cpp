@@ -10,7 +10,7 @@ namespace {
 
 constexpr float kRecordLength = 16384.0f;
 
-}  // namespace
+} // namespace
 
 ChartScene layoutTimeChart(std::span<const double> array, int headerBase, int sampleBase, float zoom,
                            float width, float height)
@@ -57,7 +57,8 @@ ChartScene layoutTimeChart(std::span<const double> array, int headerBase, int sa
     const float amplitude = std::fmax(std::fabs(largest), std::fabs(smallest));
     scene.verticalStep = chooseGridStep(amplitude, gridsteps::kGeneral, 3);
     // Without a fitting step (absurd amplitudes) the extremes still set the scale.
-    float halfSpan = scene.verticalStep ? float(scene.verticalStep->count) * scene.verticalStep->step : amplitude;
+    float halfSpan =
+        scene.verticalStep ? float(scene.verticalStep->count) * scene.verticalStep->step : amplitude;
     if (!(halfSpan > 0.0f) || !std::isfinite(halfSpan))
         halfSpan = 1.0f;
 
@@ -66,7 +67,8 @@ ChartScene layoutTimeChart(std::span<const double> array, int headerBase, int sa
     const float yScale = (0.5f * height - 0.1f * height) / halfSpan;
 
     const long long segments = zoom == 1.0f ? 16383 : loopCount(kRecordLength / zoom);
-    appendCurve(scene.curve, array, sampleBase, segments, xSpacing, yScale, midY, curveClipRect(width, height));
+    appendCurve(scene.curve, array, sampleBase, segments, xSpacing, yScale, midY,
+                curveClipRect(width, height));
 
     if (scene.verticalStep) {
         const GridStep step = *scene.verticalStep;

@@ -29,7 +29,8 @@ void GVRViewBlockDiagram::newBlockDiagramWithIndex(int index)
 void GVRViewBlockDiagram::paintEvent(QPaintEvent*)
 {
     const QSizeF size = this->size();
-    const BlockDiagramLayout d = blockDiagramLayout(blockDiagramIndex_, float(size.width()), float(size.height()));
+    const BlockDiagramLayout d =
+        blockDiagramLayout(blockDiagramIndex_, float(size.width()), float(size.height()));
     auto draw = [&](QPainter& p, const DiagramText& t) {
         chartpaint::drawTextAt(p, t.at, t.text, t.large ? textFontLarge_ : textFont_);
     };

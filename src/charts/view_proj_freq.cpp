@@ -9,7 +9,7 @@ constexpr int kInputBins = 16;
 constexpr int kOutputHeader = 8;
 constexpr int kOutputBins = 8208;
 
-}  // namespace
+} // namespace
 
 GVRViewProjFreq::GVRViewProjFreq(QWidget* parent) : GVRSpectrumChartView(kInputHeader, kInputBins, parent) {}
 

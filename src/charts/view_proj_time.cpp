@@ -9,7 +9,7 @@ constexpr int kInputSamples = 16;
 constexpr int kOutputHeader = 8;
 constexpr int kOutputSamples = 16400;
 
-}  // namespace
+} // namespace
 
 GVRViewProjTime::GVRViewProjTime(QWidget* parent) : GVRTimeChartView(kInputHeader, kInputSamples, parent) {}
 

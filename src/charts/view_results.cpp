@@ -6,8 +6,7 @@
 #include "charts/chart_painting.h"
 
 GVRViewResults::GVRViewResults(QWidget* parent)
-    : QWidget(parent),
-      freqUnitsTitle_(QStringLiteral("Norm,KHz,MHz").split(QLatin1Char(','))),
+    : QWidget(parent), freqUnitsTitle_(QStringLiteral("Norm,KHz,MHz").split(QLatin1Char(','))),
       textFont_(chartpaint::palatinoFont(18))
 {
     setFocusPolicy(Qt::StrongFocus);
@@ -55,8 +54,8 @@ QVector<ResultsPanelRow> GVRViewResults::rows() const
 {
     if (!validResultsFlag_)
         return {};
-    const QString unit = freqUnits_ >= 0 && freqUnits_ < freqUnitsTitle_.size() ? freqUnitsTitle_[freqUnits_]
-                                                                                 : QString();
+    const QString unit =
+        freqUnits_ >= 0 && freqUnits_ < freqUnitsTitle_.size() ? freqUnitsTitle_[freqUnits_] : QString();
     return resultsPanelRows(filterType_, unit, values_, float(height()));
 }
 

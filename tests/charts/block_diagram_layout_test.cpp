@@ -15,7 +15,7 @@ QStringList texts(const QVector<DiagramText>& items)
     return out;
 }
 
-}  // namespace
+} // namespace
 
 TEST(BlockDiagramLayout, SumAndFilterAt600By200)
 {
@@ -52,8 +52,8 @@ TEST(BlockDiagramLayout, MultirateForAnyOtherIndex)
         EXPECT_EQ(d.boxes[2].rect, QRectF(775.0, 50.0, 50.0, 100.0));
         EXPECT_EQ(d.lines.size(), 6);
         EXPECT_EQ(texts(d.labels),
-                  QStringList({"x[n]", "fs", QStringLiteral("\u2211"), QStringLiteral("\u2191L"), "w[m]", "Lfs",
-                               "H[m]", "p[m]", "Lfs", QStringLiteral("\u2193M"), "y[k]", "Lfs/M"}));
+                  QStringList({"x[n]", "fs", QStringLiteral("\u2211"), QStringLiteral("\u2191L"), "w[m]",
+                               "Lfs", "H[m]", "p[m]", "Lfs", QStringLiteral("\u2193M"), "y[k]", "Lfs/M"}));
         EXPECT_NEAR(d.labels[9].at.x(), 800.0 - 50.0 / 3.0, 1e-4);
         EXPECT_EQ(d.labels[11].at, QPointF(945.0, 80.0));
     }

@@ -50,7 +50,7 @@ inline std::vector<double> signalTime(double fs, double amplitude, double period
 
 // Signal frequency array: `peak` at bin `peakBin`, 0 elsewhere.
 inline std::vector<double> signalSpectrum(double fs, double maxFreq, int peakBin, double peak, int voltUnit,
-                                   int freqUnit)
+                                          int freqUnit)
 {
     std::vector<double> a(8 + 8192, 0.0);
     a[8 + peakBin] = peak;
@@ -63,4 +63,4 @@ inline std::vector<double> signalSpectrum(double fs, double maxFreq, int peakBin
     return a;
 }
 
-}  // namespace chartarrays
+} // namespace chartarrays

@@ -25,7 +25,7 @@ QRect darkBounds(const QImage& image, int threshold = 128)
     return bounds;
 }
 
-}  // namespace
+} // namespace
 
 TEST(ChartPainting, TextIsUprightWithItsBoxCornerAtThePoint)
 {
@@ -62,7 +62,8 @@ TEST(ChartPainting, PanelFontIsPalatinoOrItsTwin)
     const QFont font = chartpaint::palatinoFont(18);
     EXPECT_EQ(font.pixelSize(), 18);
     const QString family = QFontInfo(font).family();
-    if (!QFontDatabase::hasFamily(QStringLiteral("Palatino")) && !QFontDatabase::hasFamily(QStringLiteral("P052")))
+    if (!QFontDatabase::hasFamily(QStringLiteral("Palatino")) &&
+        !QFontDatabase::hasFamily(QStringLiteral("P052")))
         GTEST_SKIP() << "neither Palatino nor P052 is installed";
     EXPECT_TRUE(family.startsWith(QStringLiteral("Palatino")) || family.startsWith(QStringLiteral("P052")))
         << family.toStdString();
@@ -83,7 +84,7 @@ TEST(ChartPainting, GridIsDashedFourOnSixOff)
     QString pattern;
     for (int x = 2; x < 40; ++x)
         pattern += qRed(image.pixel(x, 49)) < 250 || qRed(image.pixel(x, 50)) < 250 ? QLatin1Char('-')
-                                                                                   : QLatin1Char(' ');
+                                                                                    : QLatin1Char(' ');
     EXPECT_EQ(pattern, QStringLiteral("--      ----      ----      ----      "));
     // Grey, never black: the hairline only tints.
     const QRgb p = image.pixel(11, 50);

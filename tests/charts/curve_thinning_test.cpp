@@ -71,7 +71,7 @@ int darkPixels(const QImage& image)
     return n;
 }
 
-}  // namespace
+} // namespace
 
 TEST(CurveThinning, DenseNoisyCurveKeepsItsPixels)
 {
@@ -150,7 +150,7 @@ TEST(CurveThinning, StraightRunsBecomeOneSegment)
 TEST(CurveThinning, GapsStayGaps)
 {
     QVector<QLineF> segments = curveOf({10, 20, 30, 40}, 10.0);
-    segments.removeAt(1);  // a skipped point leaves a gap between x 10 and 20
+    segments.removeAt(1); // a skipped point leaves a gap between x 10 and 20
     const QVector<QLineF> thin = thinCurveForPixels(segments, 2.0).segments;
     ASSERT_EQ(thin.size(), 2);
     EXPECT_EQ(thin[0], QLineF(0, 10, 10, 20));

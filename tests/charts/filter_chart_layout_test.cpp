@@ -31,7 +31,7 @@ int horizontalLines(const ChartScene& scene)
     return n;
 }
 
-}  // namespace
+} // namespace
 
 TEST(FilterChartLayout, EmptyArrayDrawsOnlyTheFrame)
 {
@@ -52,8 +52,8 @@ TEST(FilterChartLayout, MagnitudeAxisForMinus97dB)
     EXPECT_EQ(horizontalLines(scene), 11);
     // Horizontal-line labels come first, top line first.
     const QStringList texts = labelTexts(scene);
-    EXPECT_EQ(texts.mid(0, 11), QStringList({QStringLiteral(" 0 dB"), "-10", "-20", "-30", "-40", "-50", "-60",
-                                             "-70", "-80", "-90", "-100"}));
+    EXPECT_EQ(texts.mid(0, 11), QStringList({QStringLiteral(" 0 dB"), "-10", "-20", "-30", "-40", "-50",
+                                             "-60", "-70", "-80", "-90", "-100"}));
     EXPECT_FLOAT_EQ(scene.gridLines.first().y1(), 0.9f * kH);
     EXPECT_NEAR(scene.gridLines[10].y1(), 0.1f * kH, 1e-3);
     EXPECT_EQ(scene.labels.first().at, QPointF(5.0, 0.9f * kH));
@@ -122,8 +122,8 @@ TEST(FilterChartLayout, NormalisedFrequencyAxis)
     EXPECT_EQ(scene.horizontalStep->count, 10);
     const QStringList texts = labelTexts(scene);
     // 7 horizontal labels, then 0.10 .. 1.00, then the origin label.
-    EXPECT_EQ(texts.mid(7, 10), QStringList({"0.10", "0.20", "0.30", "0.40", "0.50", "0.60", "0.70", "0.80",
-                                             "0.90", "1.00"}));
+    EXPECT_EQ(texts.mid(7, 10),
+              QStringList({"0.10", "0.20", "0.30", "0.40", "0.50", "0.60", "0.70", "0.80", "0.90", "1.00"}));
     EXPECT_EQ(texts.last(), "0 Norm");
     EXPECT_EQ(scene.labels.last().at, QPointF(5.0, 5.0));
     const QLineF last = scene.gridLines.last();

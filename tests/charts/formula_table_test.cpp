@@ -36,12 +36,14 @@ TEST(FormulaTable, SumsPutTheLimitsAboveAndBelowTheSigma)
         EXPECT_EQ(lines[0], QString(15, QLatin1Char(' ')) + "M" + QString(5, QLatin1Char(' ')));
         EXPECT_EQ(lines[2], QString(15, QLatin1Char(' ')) + "m=1" + QString(3, QLatin1Char(' ')));
     }
-    EXPECT_EQ(formulaLines(2)[1].trimmed(), QStringLiteral("x[n] = A \u2211 cos(2\u03c0 m f\u2090 nT + \u03a6) + AGN"));
+    EXPECT_EQ(formulaLines(2)[1].trimmed(),
+              QStringLiteral("x[n] = A \u2211 cos(2\u03c0 m f\u2090 nT + \u03a6) + AGN"));
     EXPECT_EQ(formulaLines(10)[1].trimmed(), QStringLiteral("x[n] = sinc\u00b2(\u03b2 \u03c0 nT) + AGN"));
-    EXPECT_EQ(formulaLines(6)[1].trimmed(),
-              QStringLiteral("x[n] = AGN = \u03bc + Rayleigh(\u03c3) cos()"));
-    EXPECT_EQ(formulaLines(1)[1],
-              QStringLiteral("x[n] = A\u2081 cos(2\u03c0 f\u2090\u2081 nT) + A\u2082 cos(2\u03c0 f\u2090\u2082 nT) + AGN"));
+    EXPECT_EQ(formulaLines(6)[1].trimmed(), QStringLiteral("x[n] = AGN = \u03bc + Rayleigh(\u03c3) cos()"));
+    EXPECT_EQ(
+        formulaLines(1)[1],
+        QStringLiteral(
+            "x[n] = A\u2081 cos(2\u03c0 f\u2090\u2081 nT) + A\u2082 cos(2\u03c0 f\u2090\u2082 nT) + AGN"));
 }
 
 TEST(ViewFuncSignalDesign, ShowsTheChosenFormula)

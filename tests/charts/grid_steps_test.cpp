@@ -19,7 +19,7 @@ void expectStep(std::optional<GridStep> got, float step, int count)
     EXPECT_EQ(got->count, count);
 }
 
-}  // namespace
+} // namespace
 
 TEST(GridSteps, WorkedExamples)
 {
@@ -49,7 +49,8 @@ TEST(GridSteps, NothingFitsGivesNothingOrThePreset)
 {
     EXPECT_FALSE(chooseGridStep(300001.0f, gridsteps::kGeneral, 15).has_value());
     EXPECT_FALSE(chooseGridStep(-900.0f, gridsteps::kDecibel, 10).has_value());
-    EXPECT_FALSE(chooseGridStep(std::numeric_limits<float>::quiet_NaN(), gridsteps::kGeneral, 15).has_value());
+    EXPECT_FALSE(
+        chooseGridStep(std::numeric_limits<float>::quiet_NaN(), gridsteps::kGeneral, 15).has_value());
     EXPECT_FALSE(chooseGridStep(std::numeric_limits<float>::infinity(), gridsteps::kGeneral, 15).has_value());
     const GridStep preset = chooseGridStep(-900.0f, gridsteps::kDecibel, 10, GridStep{1.0f, 1});
     EXPECT_EQ(preset.step, 1.0f);
@@ -64,10 +65,9 @@ TEST(GridSteps, TablesHoldTheirValuesInOrder)
     EXPECT_EQ(gridsteps::kGeneral.size(), 21u);
     EXPECT_EQ(gridsteps::kDecibel.size(), 8u);
     EXPECT_EQ(gridsteps::kPhase.size(), 12u);
-    for (std::span<const float> table : {std::span<const float>(gridsteps::kFrequency),
-                                         std::span<const float>(gridsteps::kGeneral),
-                                         std::span<const float>(gridsteps::kDecibel),
-                                         std::span<const float>(gridsteps::kPhase)}) {
+    for (std::span<const float> table :
+         {std::span<const float>(gridsteps::kFrequency), std::span<const float>(gridsteps::kGeneral),
+          std::span<const float>(gridsteps::kDecibel), std::span<const float>(gridsteps::kPhase)}) {
         for (std::size_t i = 1; i < table.size(); ++i)
             EXPECT_LT(table[i - 1], table[i]);
     }
@@ -83,12 +83,9 @@ TEST(GridSteps, SweepAgreesWithFloat32Reference)
         std::span<const float> table;
         int count;
     };
-    const Axis axes[] = {{"frequency", gridsteps::kFrequency, 10},
-                         {"general", gridsteps::kGeneral, 3},
-                         {"general", gridsteps::kGeneral, 6},
-                         {"general", gridsteps::kGeneral, 15},
-                         {"decibel", gridsteps::kDecibel, 10},
-                         {"phase", gridsteps::kPhase, 10}};
+    const Axis axes[] = {{"frequency", gridsteps::kFrequency, 10}, {"general", gridsteps::kGeneral, 3},
+                         {"general", gridsteps::kGeneral, 6},      {"general", gridsteps::kGeneral, 15},
+                         {"decibel", gridsteps::kDecibel, 10},     {"phase", gridsteps::kPhase, 10}};
     std::mt19937 random(7);
     std::uniform_real_distribution<float> exponent(-3.0f, 5.5f);
     QByteArray input;
@@ -107,8 +104,8 @@ TEST(GridSteps, SweepAgreesWithFloat32Reference)
         }
     }
     QString error;
-    const auto output = reference::runPython(QStringLiteral("../charts/grid_steps_reference.py"), {}, input,
-                                             &error);
+    const auto output =
+        reference::runPython(QStringLiteral("../charts/grid_steps_reference.py"), {}, input, &error);
     if (!output)
         GTEST_SKIP() << "numpy reference unavailable: " << error.toStdString();
     const QList<QByteArray> lines = output->trimmed().split('\n');

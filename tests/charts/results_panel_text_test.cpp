@@ -18,7 +18,7 @@ QVariantMap sixResults(double low, double high, double bandwidth, double ripple)
             {QStringLiteral("KEYFDR_DYNAMIC_RNG_ERR"), 0.5}};
 }
 
-}  // namespace
+} // namespace
 
 TEST(ResultsPanelText, BandPassHasFourRows)
 {

@@ -23,7 +23,7 @@ QStringList labelTexts(const ChartScene& scene)
     return texts;
 }
 
-}  // namespace
+} // namespace
 
 TEST(SpectrumChartLayout, ZoomsToTwiceTheHighestFrequency)
 {
@@ -85,7 +85,7 @@ TEST(SpectrumChartLayout, ProjectOutputHalf)
     const double header[] = {100.0, 5.0, 0.0, 0.0, 0.5, 0.0, 0.0, 0.0};
     std::copy(std::begin(header), std::end(header), project.begin());
     std::copy(std::begin(header), std::end(header), project.begin() + 8);
-    project[10] = 1.0;  // output in mV
+    project[10] = 1.0; // output in mV
     project[8208 + 40] = 0.5;
     const ChartScene scene = layoutSpectrumChart(project, 8, 8208, kW, kH);
     EXPECT_EQ(labelTexts(scene).first(), "0 mV");

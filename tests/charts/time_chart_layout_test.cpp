@@ -23,7 +23,7 @@ QStringList labelTexts(const ChartScene& scene)
     return texts;
 }
 
-}  // namespace
+} // namespace
 
 TEST(TimeChartLayout, MegahertzRecordShownInMilliseconds)
 {

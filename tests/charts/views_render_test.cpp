@@ -4,11 +4,11 @@
 #include <cmath>
 #include <limits>
 
+#include <QApplication>
 #include <QDir>
 #include <QHelpEvent>
 #include <QImage>
 #include <QKeyEvent>
-#include <QApplication>
 
 #include <gtest/gtest.h>
 
@@ -41,7 +41,7 @@ QImage render(QWidget& view, int width, int height, const char* artifact = nullp
 {
     view.resize(width, height);
     QImage image(width, height, QImage::Format_RGB32);
-    image.fill(Qt::magenta);  // anything the view leaves unpainted shows up
+    image.fill(Qt::magenta); // anything the view leaves unpainted shows up
     view.render(&image);
     if (artifact) {
         const QString dir = QStringLiteral(ORVANA_TEST_ARTIFACTS "/charts");
@@ -99,7 +99,8 @@ void expectFrameAndBackground(const QImage& image)
 {
     const int w = image.width();
     const int h = image.height();
-    const QRect edges[] = {QRect(0, 0, w, 1), QRect(0, h - 1, w, 1), QRect(0, 0, 1, h), QRect(w - 1, 0, 1, h)};
+    const QRect edges[] = {QRect(0, 0, w, 1), QRect(0, h - 1, w, 1), QRect(0, 0, 1, h),
+                           QRect(w - 1, 0, 1, h)};
     for (const QRect& edge : edges)
         EXPECT_GE(countDark(image, edge), edge.width() * edge.height() * 9 / 10)
             << edge.x() << "," << edge.y() << " " << edge.width() << "x" << edge.height();
@@ -116,7 +117,7 @@ void expectFrameOnly(const QImage& image)
         EXPECT_TRUE(near(image.pixel(corner), Qt::black));
 }
 
-}  // namespace
+} // namespace
 
 TEST(ViewsRender, EmptyArraysDrawTheFrameOnly)
 {
@@ -268,7 +269,7 @@ TEST(ViewsRender, SpectrumChartsDrawThePeak)
     std::copy(window.array.begin(), window.array.begin() + 8, project.begin());
     std::copy(window.array.begin(), window.array.begin() + 8, project.begin() + 8);
     project[16 + 164] = 0.5;
-    project[8208 + 328] = 0.5;  // the output's peak at twice the frequency
+    project[8208 + 328] = 0.5; // the output's peak at twice the frequency
     window.array = project;
     GVRViewProjFreq projView;
     projView.setFreqSource(&window);
