@@ -188,7 +188,9 @@ bool GVRFilterDesignerModel::checkExtraRanges(double cutoffFreq, double centerFr
     if (d_.filterWidth < 0 || d_.filterWidth >= kWidthCount)
         return refuse(QStringLiteral("VALID RANGE: width index 0 to 13"));
     const bool kaiserWindow = d_.windowType == kWindowKaiser;
-    const QString parameterName = kaiserWindow ? QStringLiteral("β") : QStringLiteral("ϒ");
+    const QString parameterName = kaiserWindow                           ? QStringLiteral("β")
+                                  : d_.windowType == kWindowChebyshev ? QStringLiteral("ϒ")
+                                                                        : QStringLiteral("β/ϒ");
     if (!std::isfinite(d_.betaUpsilon))
         return refuse(notFinite(parameterName, d_.betaUpsilon));
     if (kaiserWindow && d_.betaUpsilon > kMaxBeta)

@@ -150,12 +150,20 @@ TEST_F(FilterModel, BandAndHighPassResults)
     EXPECT_NEAR(model.gimeldbBandwidth(), model.gimeldbHigh() - model.gimeldbLow(), 1e-15);
     EXPECT_NEAR(model.gimeldbBandwidth(), 0.2, 0.05); // band 0.4..0.6, widened by the short window
 
+    // A high pass is the low pass of the complementary cutoff with every even tap negated.
+    design({.cutoff = 0.4, .length = 101, .window = 1});
+    const auto lowPass = model.filterCoefficients();
     design({.units = 2, .type = 2, .fs = 10, .cutoff = 3, .length = 101, .window = 1});
     ASSERT_TRUE(model.validResultsFlag());
     EXPECT_NEAR(model.thetaCutoffFreqNormalized(), 0.4, 1e-15);
     EXPECT_NEAR(view.results.value(KEYFDR_3DB_LOW).toDouble(), 3.0, 0.1);
     EXPECT_EQ(view.results.value(KEYFDR_3DB_HIGH).toDouble(), -5.0);
-    EXPECT_EQ(model.filterCoefficients()[50], -model.filterCoefficients()[50] * -1.0);
+    EXPECT_NEAR(view.results.value(KEYFDR_3DB_BANDWIDTH).toDouble(),
+                5.0 - view.results.value(KEYFDR_3DB_LOW).toDouble(), 1e-12);
+    const auto& highPass = model.filterCoefficients();
+    ASSERT_EQ(highPass.size(), lowPass.size());
+    for (std::size_t n = 0; n < highPass.size(); ++n)
+        EXPECT_NEAR(highPass[n], n % 2 == 0 ? -lowPass[n] : lowPass[n], 1e-15) << n;
 }
 
 TEST_F(FilterModel, WarningKeepsThePreviousDesign)
@@ -237,7 +245,7 @@ TEST_F(FilterModel, BadEntriesGetTheirOwnMessage)
         {{.window = 9, .beta = 101}, "VALID RANGE: β ≤  100.000"},
         {{.window = 10, .beta = 21}, "VALID RANGE: ϒ ≤  20.000"},
         {{.window = 10, .beta = kNaN}, "VALID RANGE: ϒ is not a number"},
-        {{.window = 3, .beta = kNaN}, "VALID RANGE: ϒ is not a number"},
+        {{.window = 3, .beta = kNaN}, "VALID RANGE: β/ϒ is not a number"},
     };
     for (const Case& c : cases)
         EXPECT_EQ(design(c.p), QString::fromUtf8(c.note)) << c.note;
