@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <complex>
+#include <cstdint>
 #include <numbers>
 
 namespace {
@@ -37,27 +38,23 @@ void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double
     fft.execute();
     const auto X = fft.output();
 
-    // A bin at (numerically) zero has no usable dB or phase: it borrows its left
-    // neighbour's value, bin 0 its right one, scanning upward over all 4096 bins.
     std::array<double, half + 1> re, im, power;
-    unsigned nearZeroSeen = 0;
     for (std::size_t k = 0; k <= half; ++k) {
         re[k] = X[k].real();
         im[k] = X[k].imag();
-        nearZeroSeen |= static_cast<unsigned>(std::fabs(re[k]) <= kNearZero) &
-                        static_cast<unsigned>(std::fabs(im[k]) <= kNearZero);
     }
-    // Which bins were near zero before any replacement; only filled when there are some.
-    std::array<bool, half + 1> zero;
-    const bool anyZero = nearZeroSeen != 0;
-    if (anyZero) {
-        for (std::size_t k = 0; k <= half; ++k) {
-            zero[k] = nearZero(X[k]);
-            if (zero[k]) {
-                re[k] = k == 0 ? X[1].real() : re[k - 1];
-                im[k] = k == 0 ? X[1].imag() : im[k - 1];
-            }
-        }
+    // A bin at (numerically) zero has no usable dB or phase: it borrows its left
+    // neighbour's value, bin 0 its right one, scanning upward over all 4096 bins.
+    // Such bins are few (a zero of the response landing on the grid), so they are listed.
+    std::array<std::uint16_t, half + 1> zeros;
+    std::size_t zeroCount = 0;
+    for (std::size_t k = 0; k <= half; ++k)
+        if (nearZero(X[k]))
+            zeros[zeroCount++] = static_cast<std::uint16_t>(k);
+    for (std::size_t z = 0; z < zeroCount; ++z) {
+        const std::size_t k = zeros[z];
+        re[k] = k == 0 ? X[1].real() : re[k - 1];
+        im[k] = k == 0 ? X[1].imag() : im[k - 1];
     }
     // 20·log10|X| from the squared magnitude spares a square root.
     for (std::size_t k = 0; k <= half; ++k)
@@ -66,21 +63,20 @@ void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double
     if (wantPhase)
         arctangentOfRatio(im, re, phase.first(half + 1));
 
-    // Bins above fs/2 are the conjugates of those below: same dB, opposite phase,
-    // unless the bin is near zero and takes its (upper) left neighbour instead.
-    if (!anyZero) {
+    // Bins above fs/2 are the conjugates of those below: same dB, opposite phase;
+    // a near-zero one takes its (already final) left neighbour instead.
+    for (std::size_t k = half + 1; k < n; ++k)
+        dB[k] = dB[n - k];
+    if (wantPhase)
         for (std::size_t k = half + 1; k < n; ++k)
-            dB[k] = dB[n - k];
+            phase[k] = -phase[n - k];
+    for (std::size_t z = zeroCount; z-- > 0;) {
+        const std::size_t k = n - zeros[z];
+        if (k <= half || k >= n)
+            continue;
+        dB[k] = dB[k - 1];
         if (wantPhase)
-            for (std::size_t k = half + 1; k < n; ++k)
-                phase[k] = -phase[n - k];
-        return;
-    }
-    for (std::size_t k = half + 1; k < n; ++k) {
-        const std::size_t mirror = n - k;
-        dB[k] = zero[mirror] ? dB[k - 1] : dB[mirror];
-        if (wantPhase)
-            phase[k] = zero[mirror] ? phase[k - 1] : -phase[mirror];
+            phase[k] = phase[k - 1];
     }
 }
 
