@@ -31,9 +31,9 @@ public:
 int main()
 {
     const QVariantMap parameters{
-        {KEYFP_UNITS, 0},          {KEYFP_FILTER_TYPE, 1},     {KEYFP_SAMPLING_FREQ, 0.0},
-        {KEYFP_CUTOFF_FREQ, 0.2},  {KEYFP_CENTER_FREQ, 0.5},   {KEYFP_FILTER_LENGTH, 255.0},
-        {KEYFP_FILTER_WIDTH, 5},   {KEYFP_WINDOW_TYPE, 9},     {KEYFP_BETA_UPSILON, 5.0},
+        {KEYFP_UNITS, 0},         {KEYFP_FILTER_TYPE, 1},   {KEYFP_SAMPLING_FREQ, 0.0},
+        {KEYFP_CUTOFF_FREQ, 0.2}, {KEYFP_CENTER_FREQ, 0.5}, {KEYFP_FILTER_LENGTH, 255.0},
+        {KEYFP_FILTER_WIDTH, 5},  {KEYFP_WINDOW_TYPE, 9},   {KEYFP_BETA_UPSILON, 5.0},
     };
     SilentView view;
     GVRFilterDesignerModel model;
@@ -54,14 +54,14 @@ int main()
     idealLowPassSamples(passbandCount(N, 0.2), H);
     bench::report("  iDFTforSinc N=255 (M=26)", bench::medianMicros([&] { iDFTforSinc(H, h); }, repeats),
                   std::nullopt, "");
-    bench::report("  kaiser window N=255", bench::medianMicros([&] { winfun(kWindowKaiser, 5.0, w); }, repeats),
-                  std::nullopt, "");
+    bench::report("  kaiser window N=255",
+                  bench::medianMicros([&] { winfun(kWindowKaiser, 5.0, w); }, repeats), std::nullopt, "");
     bench::report("  chebyshev window N=255",
                   bench::medianMicros([&] { winfun(kWindowChebyshev, 3.0, w); }, repeats), std::nullopt, "");
     winfun(kWindowKaiser, 5.0, w);
     winSync(h, w, hw);
-    bench::report("  band transform N=255", bench::medianMicros([&] { filt(kFilterBandPass, 0.5, hw, c); }, repeats),
-                  std::nullopt, "");
+    bench::report("  band transform N=255",
+                  bench::medianMicros([&] { filt(kFilterBandPass, 0.5, hw, c); }, repeats), std::nullopt, "");
     bench::report("  quantisation + symmetry",
                   bench::medianMicros([&] { bitPrecison(5, c, q, cp), verifySymmetry(5, c, q); }, repeats),
                   std::nullopt, "");
@@ -71,9 +71,9 @@ int main()
                   std::nullopt, "");
     bench::report("  unwrapPhase", bench::medianMicros([&] { unwrapPhase(phase, dB, U); }, repeats),
                   std::nullopt, "");
-    bench::report("  calcFilt3dB",
-                  bench::medianMicros([&] { calcFilt3dB(kFilterBandPass, std::span(dB).first(2048), 0.5); },
-                                      repeats),
-                  std::nullopt, "");
+    bench::report(
+        "  calcFilt3dB",
+        bench::medianMicros([&] { calcFilt3dB(kFilterBandPass, std::span(dB).first(2048), 0.5); }, repeats),
+        std::nullopt, "");
     return 0;
 }

@@ -86,8 +86,8 @@ void writeJson(const GVRFilterDesignerModel& model, const CollectingView& view, 
     json.key("results");
     json.beginObject();
     if (valid) {
-        for (const QString& key : {KEYFDR_3DB_LOW, KEYFDR_3DB_HIGH, KEYFDR_3DB_BANDWIDTH, KEYFDR_PASSBAND_RIPPLE,
-                                   KEYFDR_DYNAMIC_RNG, KEYFDR_DYNAMIC_RNG_ERR}) {
+        for (const QString& key : {KEYFDR_3DB_LOW, KEYFDR_3DB_HIGH, KEYFDR_3DB_BANDWIDTH,
+                                   KEYFDR_PASSBAND_RIPPLE, KEYFDR_DYNAMIC_RNG, KEYFDR_DYNAMIC_RNG_ERR}) {
             json.key(key.toStdString());
             json.value(view.results.value(key).toDouble());
         }
@@ -167,7 +167,8 @@ int runFilter(const QStringList& args)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Design a window-method FIR filter."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show this help."));
     const QCommandLineOption units(QStringLiteral("units"), QStringLiteral("norm, khz or mhz (default mhz)."),
                                    QStringLiteral("units"), QStringLiteral("mhz"));
     const QCommandLineOption type(QStringLiteral("type"),
@@ -224,7 +225,8 @@ int runFilter(const QStringList& args)
         const QString text = parser.value(*option);
         const auto number = text.isEmpty() ? std::optional<double>(0.0) : parseNumber(text);
         if (!number) {
-            printErr(QStringLiteral("orvana-cli filter: --%1 is not a number: %2").arg(option->names().first(), text));
+            printErr(QStringLiteral("orvana-cli filter: --%1 is not a number: %2")
+                         .arg(option->names().first(), text));
             return Usage;
         }
         parameters.insert(key, *number);

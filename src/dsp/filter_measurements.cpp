@@ -53,8 +53,8 @@ Filt3dBResult calcFilt3dB(int type, std::span<const double> m, double theta0)
             break;
         }
     }
-    const double f = (static_cast<double>(k) + (work[k] + 3.0) / (work[k] - work[k + 1])) /
-                     static_cast<double>(n - 1);
+    const double f =
+        (static_cast<double>(k) + (work[k] + 3.0) / (work[k] - work[k + 1])) / static_cast<double>(n - 1);
 
     std::size_t p = 0;
     for (std::size_t j = k; j > s; --j) {

@@ -18,7 +18,8 @@ std::size_t passbandCount(std::size_t N, double theta);
 // Ideal low-pass samples: H[k] = 1 for k ≤ M and k ≥ N − M, else 0; N = H.size() ≤ 512, M < N/2.
 void idealLowPassSamples(std::size_t M, std::span<double> H);
 
-// Centred inverse DFT by direct cosine sum: h[(k+(N-1)/2) mod N] = (1/N) Σ H[i] cos(2πki/N). N = H.size() = h.size(), odd, ≤ 512.
+// Centred inverse DFT by direct cosine sum: h[(k+(N-1)/2) mod N] = (1/N) Σ H[i] cos(2πki/N). N = H.size() =
+// h.size(), odd, ≤ 512.
 void iDFTforSinc(std::span<const double> H, std::span<double> h);
 
 // Plain inverse DFT of a real spectrum: x[k] = (1/N) Σ X[i] cos(2πki/N); N = X.size() = x.size(), 1..512.

@@ -171,10 +171,10 @@ bool GVRFilterDesignerModel::checkExtraRanges(double cutoffFreq, double centerFr
         return refuse(QStringLiteral("VALID RANGE: units index 0 to 2"));
     if (d_.filterType < 0 || d_.filterType > 2)
         return refuse(QStringLiteral("VALID RANGE: filter type index 0 to 2"));
-    for (const QString& message : {notFinite(QStringLiteral("fsampling"), d_.thetaSamplingFreq),
-                                   notFinite(QStringLiteral("fcutoff"), cutoffFreq),
-                                   notFinite(QStringLiteral("fcenter"), centerFreq),
-                                   notFinite(QStringLiteral("fcutoff"), d_.thetaCutoffFreqNormalized)}) {
+    for (const QString& message :
+         {notFinite(QStringLiteral("fsampling"), d_.thetaSamplingFreq),
+          notFinite(QStringLiteral("fcutoff"), cutoffFreq), notFinite(QStringLiteral("fcenter"), centerFreq),
+          notFinite(QStringLiteral("fcutoff"), d_.thetaCutoffFreqNormalized)}) {
         if (!message.isEmpty())
             return refuse(message);
     }
@@ -188,9 +188,9 @@ bool GVRFilterDesignerModel::checkExtraRanges(double cutoffFreq, double centerFr
     if (d_.filterWidth < 0 || d_.filterWidth >= kWidthCount)
         return refuse(QStringLiteral("VALID RANGE: width index 0 to 13"));
     const bool kaiserWindow = d_.windowType == kWindowKaiser;
-    const QString parameterName = kaiserWindow                           ? QStringLiteral("β")
+    const QString parameterName = kaiserWindow                        ? QStringLiteral("β")
                                   : d_.windowType == kWindowChebyshev ? QStringLiteral("ϒ")
-                                                                        : QStringLiteral("β/ϒ");
+                                                                      : QStringLiteral("β/ϒ");
     if (!std::isfinite(d_.betaUpsilon))
         return refuse(notFinite(parameterName, d_.betaUpsilon));
     if (kaiserWindow && d_.betaUpsilon > kMaxBeta)
@@ -255,8 +255,14 @@ void GVRFilterDesignerModel::firFilter()
     displayFilterDesignResults();
 
     const double axisScale = d_.unitsType == 0 ? 1.0 : 0.5 * d_.thetaSamplingFreq;
-    const double header[8] = {static_cast<double>(kResponseHalf), m.largest, m.smallest, axisScale,
-                              phaseRange.largest, phaseRange.smallest, 0.0, 0.0};
+    const double header[8] = {static_cast<double>(kResponseHalf),
+                              m.largest,
+                              m.smallest,
+                              axisScale,
+                              phaseRange.largest,
+                              phaseRange.smallest,
+                              0.0,
+                              0.0};
     dBmagAndPhaseArray_.resize(8 + 2 * kResponseHalf);
     auto out = std::copy(std::begin(header), std::end(header), dBmagAndPhaseArray_.begin());
     out = std::copy(dBmagnitude.begin(), dBmagnitude.begin() + kResponseHalf, out);

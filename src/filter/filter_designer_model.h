@@ -101,5 +101,4 @@ private:
     std::vector<double> dBmagAndPhaseArray_;
     QVariantMap filterResultsDictionary_;
     GVRFilterDesignView* winFilterDesign_ = nullptr;
-
 };

@@ -44,17 +44,17 @@ QJsonObject json(const CliRun& r)
 
 TEST(FilterVerb, KaiserBandPassAsJson)
 {
-    const CliRun r = cli({"--units", "norm", "--type", "bandpass", "--cutoff", "0.2", "--center", "0.5", "--taps",
-                       "255", "--window", "kaiser", "--param", "5", "--width", "16", "--json"});
+    const CliRun r = cli({"--units", "norm", "--type", "bandpass", "--cutoff", "0.2", "--center", "0.5",
+                          "--taps", "255", "--window", "kaiser", "--param", "5", "--width", "16", "--json"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
     const QJsonObject o = json(r);
     // Centred on 0.5 with 254 = 2·127 intervals: the modulation makes it antisymmetric.
     EXPECT_EQ(o.value("note").toString(), QStringLiteral("Filter Coefficients: Negative Symmetry"));
     EXPECT_TRUE(o.value("valid").toBool());
     const QJsonObject results = o.value("results").toObject();
-    EXPECT_EQ(results.keys(), (QStringList{"KEYFDR_3DB_BANDWIDTH", "KEYFDR_3DB_HIGH", "KEYFDR_3DB_LOW",
-                                           "KEYFDR_DYNAMIC_RNG", "KEYFDR_DYNAMIC_RNG_ERR",
-                                           "KEYFDR_PASSBAND_RIPPLE"}));
+    EXPECT_EQ(results.keys(),
+              (QStringList{"KEYFDR_3DB_BANDWIDTH", "KEYFDR_3DB_HIGH", "KEYFDR_3DB_LOW", "KEYFDR_DYNAMIC_RNG",
+                           "KEYFDR_DYNAMIC_RNG_ERR", "KEYFDR_PASSBAND_RIPPLE"}));
     const double low = results.value("KEYFDR_3DB_LOW").toDouble();
     const double high = results.value("KEYFDR_3DB_HIGH").toDouble();
     EXPECT_NEAR((low + high) / 2.0, 0.5, 1e-12);
@@ -115,7 +115,8 @@ TEST(FilterVerb, MissingThreeDecibelPointIsStillADesign)
     const CliRun r = cli({"--units", "norm", "--cutoff", "0.99", "--json"});
     ASSERT_EQ(r.exitCode, 0);
     const QJsonObject o = json(r);
-    EXPECT_EQ(o.value("note").toString(), QStringLiteral("WARNING: Increase Filter Length (3dB Point Not Found)"));
+    EXPECT_EQ(o.value("note").toString(),
+              QStringLiteral("WARNING: Increase Filter Length (3dB Point Not Found)"));
     EXPECT_FALSE(o.value("valid").toBool());
     EXPECT_TRUE(o.value("results").toObject().isEmpty());
     EXPECT_TRUE(o.value("filterCoefficients").toArray().isEmpty());
@@ -138,7 +139,7 @@ TEST(FilterVerb, UsageErrorsExitWithTwo)
 TEST(FilterVerb, WindowNamesAndPlainReport)
 {
     const CliRun r = cli({"--units", "KHz", "--fs", "48", "--cutoff", "6", "--type", "HIGHPASS", "--window",
-                       "blackman-harris", "--taps", "51", "--width", "12"});
+                          "blackman-harris", "--taps", "51", "--width", "12"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
     const QString text = QString::fromUtf8(r.out);
     EXPECT_TRUE(text.startsWith(QStringLiteral("Filter Coefficients: Positive Symmetry\n")));

@@ -17,9 +17,18 @@ TEST(FastElementary, DecibelsMatchLog10)
     std::vector<double> p(10007);
     for (double& v : p)
         v = std::pow(10.0, exponent(gen));
-    const double special[] = {1.0, 2.0, 0.5, std::sqrt(2.0), std::nextafter(std::sqrt(2.0), 2.0), DBL_MIN,
-                              DBL_MAX, 0.0, 1e-310, std::numeric_limits<double>::infinity(),
-                              std::numeric_limits<double>::quiet_NaN(), -1.0};
+    const double special[] = {1.0,
+                              2.0,
+                              0.5,
+                              std::sqrt(2.0),
+                              std::nextafter(std::sqrt(2.0), 2.0),
+                              DBL_MIN,
+                              DBL_MAX,
+                              0.0,
+                              1e-310,
+                              std::numeric_limits<double>::infinity(),
+                              std::numeric_limits<double>::quiet_NaN(),
+                              -1.0};
     p.insert(p.end(), std::begin(special), std::end(special));
     std::vector<double> dB(p.size());
     decibelsOfPower(p, dB);
@@ -44,9 +53,10 @@ TEST(FastElementary, ArctangentMatchesAtanOfTheRatio)
         x.push_back(u(gen) * std::pow(10.0, 6.0 * u(gen)));
     }
     const double inf = std::numeric_limits<double>::infinity();
-    const double specials[][2] = {{0.0, 1.0},  {-0.0, 1.0}, {1.0, 0.0},  {1.0, -0.0}, {-1.0, 0.0},
-                                  {0.0, 0.0},  {1.0, 1.0},  {-1.0, 1.0}, {inf, 1.0},  {1.0, inf},
-                                  {inf, inf},  {2.414213562373095, 1.0}, {0.66, 1.0}};
+    const double specials[][2] = {{0.0, 1.0},  {-0.0, 1.0}, {1.0, 0.0}, {1.0, -0.0},
+                                  {-1.0, 0.0}, {0.0, 0.0},  {1.0, 1.0}, {-1.0, 1.0},
+                                  {inf, 1.0},  {1.0, inf},  {inf, inf}, {2.414213562373095, 1.0},
+                                  {0.66, 1.0}};
     for (const auto& s : specials) {
         y.push_back(s[0]);
         x.push_back(s[1]);

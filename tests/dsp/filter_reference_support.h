@@ -25,8 +25,8 @@ inline QByteArray numbersText(std::span<const double> values)
 inline std::vector<double> run(const QStringList& args, std::span<const double> input = {})
 {
     QString error;
-    const auto out = reference::runPython(QStringLiteral("filter_reference.py"), args, numbersText(input),
-                                          &error);
+    const auto out =
+        reference::runPython(QStringLiteral("filter_reference.py"), args, numbersText(input), &error);
     EXPECT_TRUE(out) << error.toStdString();
     return out ? reference::parseNumbers(*out) : std::vector<double>{};
 }

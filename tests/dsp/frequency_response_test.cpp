@@ -118,9 +118,9 @@ TEST(FrequencyResponse, UnwrapFollowsTheNotchRule)
     std::vector<double> U(n);
     unwrapPhase(P, D, U);
     EXPECT_DOUBLE_EQ(U[2], -0.2);
-    EXPECT_DOUBLE_EQ(U[3], 1.3 - kPi);  // rise away from a notch: wrap
+    EXPECT_DOUBLE_EQ(U[3], 1.3 - kPi); // rise away from a notch: wrap
     EXPECT_DOUBLE_EQ(U[5], 1.1 - kPi);
-    EXPECT_DOUBLE_EQ(U[6], 1.0);        // fall at the notch: +π
+    EXPECT_DOUBLE_EQ(U[6], 1.0); // fall at the notch: +π
     EXPECT_DOUBLE_EQ(U[15], 0.1);
 
     // NaN in the magnitude counts as no rise and never makes a notch.

@@ -21,9 +21,9 @@ struct Params {
            beta = 0;
     QVariantMap map() const
     {
-        return {{KEYFP_UNITS, units},         {KEYFP_FILTER_TYPE, type},    {KEYFP_SAMPLING_FREQ, fs},
-                {KEYFP_CUTOFF_FREQ, cutoff},  {KEYFP_CENTER_FREQ, center},  {KEYFP_FILTER_LENGTH, length},
-                {KEYFP_FILTER_WIDTH, width},  {KEYFP_WINDOW_TYPE, window},  {KEYFP_BETA_UPSILON, beta}};
+        return {{KEYFP_UNITS, units},        {KEYFP_FILTER_TYPE, type},   {KEYFP_SAMPLING_FREQ, fs},
+                {KEYFP_CUTOFF_FREQ, cutoff}, {KEYFP_CENTER_FREQ, center}, {KEYFP_FILTER_LENGTH, length},
+                {KEYFP_FILTER_WIDTH, width}, {KEYFP_WINDOW_TYPE, window}, {KEYFP_BETA_UPSILON, beta}};
     }
 };
 
@@ -112,7 +112,8 @@ TEST_F(FilterModel, SuccessfulDesignCallsInOrder)
     EXPECT_EQ(model.filterCoefficients().size(), 101u);
     EXPECT_EQ(model.filterPrecisionCoefficients().size(), 101u);
     ASSERT_EQ(model.integerCoefficients().size(), 101u);
-    EXPECT_EQ(*std::max_element(model.integerCoefficients().begin(), model.integerCoefficients().end()), 32767);
+    EXPECT_EQ(*std::max_element(model.integerCoefficients().begin(), model.integerCoefficients().end()),
+              32767);
 
     const auto& a = view.plotted;
     ASSERT_EQ(a.size(), 4104u);
@@ -267,8 +268,8 @@ TEST_F(FilterModel, BadEntriesGetTheirOwnMessage)
 
 TEST_F(FilterModel, AbsurdInputNeverGivesANaNChart)
 {
-    const double pool[] = {kNaN, kInf, -kInf, 1e300, -1e300, 0.0, -1.0, 0.3, 0.5, 1.0, 2.0, 9.0, 10.0,
-                           13.0, 25.0, 51.0, 255.0, 20.0, 100.0, 1e-300};
+    const double pool[] = {kNaN, kInf, -kInf, 1e300, -1e300, 0.0,  -1.0,  0.3,  0.5,   1.0,
+                           2.0,  9.0,  10.0,  13.0,  25.0,   51.0, 255.0, 20.0, 100.0, 1e-300};
     std::mt19937 gen(3);
     std::uniform_int_distribution<std::size_t> pick(0, std::size(pool) - 1);
     for (int trial = 0; trial < 3000; ++trial) {
