@@ -3,7 +3,8 @@
 // double-double, reduced exactly to [-1/2, 1/2], so accuracy does not
 // depend on how far into the record a sample lies. Samples are formed as
 // (block anchor) × (in-block rotation), two tables of accurately computed
-// phasors; there is no recurrence, so nothing drifts.
+// phasors; only the harmonic sums step their tables from one harmonic to
+// the next, and recompute them exactly every few harmonics.
 #include "dsp/signal_generators.h"
 
 #include <algorithm>
