@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+class DesignLibrary;
 class GVRFilterDesignView;
 
 class GVRFilterDesignerModel {
@@ -84,6 +85,18 @@ public:
     const std::vector<double>& dBmagAndPhaseArray() const { return dBmagAndPhaseArray_; }
     const QVariantMap& filterResultsDictionary() const { return filterResultsDictionary_; }
 
+    // Design files (definitions in filter_designer_model_files.cpp). The library is the
+    // process's one DesignLibrary; a save announces itself through it.
+    void setLibrary(DesignLibrary* library) { library_ = library; }
+    DesignLibrary* library() const { return library_; }
+    // False, with the reason in lastFileError(): no valid results, empty name, or write failed.
+    bool saveFilterDesignWithFileName(const QString& name);
+    // False, with the reason in lastFileError(): empty name, unreadable file, incomplete record.
+    bool openFilterDesignWithFileName(const QString& name);
+    QString lastFileError() const { return lastFileError_; }
+    // The nine KEYFP_ entries rebuilt from an opened file, for the window's restoration.
+    const QVariantMap& filterRestorationDictionary() const { return filterRestorationDictionary_; }
+
     // Index values no pop-up list holds (not a whole number, or beyond int) are stored as this.
     static constexpr int kInvalidIndex = -1;
 
@@ -101,4 +114,7 @@ private:
     std::vector<double> dBmagAndPhaseArray_;
     QVariantMap filterResultsDictionary_;
     GVRFilterDesignView* winFilterDesign_ = nullptr;
+    DesignLibrary* library_ = nullptr;
+    QString lastFileError_;
+    QVariantMap filterRestorationDictionary_;
 };

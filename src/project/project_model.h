@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -14,7 +15,9 @@
 #include "archive/filter_record.h"
 #include "archive/signal_record.h"
 
+class DesignLibrary;
 class DesignSource;
+class LibraryDesignSource;
 class ProjectView;
 
 class GVRProjectModel {
@@ -25,7 +28,10 @@ public:
     static constexpr std::size_t kFreqArrayLength = 16400;  // 2 headers + |X| + |Y|
     static constexpr double kRateTolerance = 1e-6;
 
-    explicit GVRProjectModel(const DesignSource* library = nullptr) : library_(library) {}
+    explicit GVRProjectModel(const DesignSource* library = nullptr);
+    ~GVRProjectModel();
+    GVRProjectModel(const GVRProjectModel&) = delete;
+    GVRProjectModel& operator=(const GVRProjectModel&) = delete;
 
     // Where the named designs are read from; the model does not own it.
     void setDesignSource(const DesignSource* library) { library_ = library; }
@@ -70,6 +76,18 @@ public:
     const GVRSignal& signalTwoRecord() const { return signalTwoRecord_; }
     const GVRFilter& filterOneRecord() const { return filterOneRecord_; }
 
+    // Project files (definitions in project_model_files.cpp). The library lists the
+    // design names a project may refer to and, when no design source was set,
+    // is read through a LibraryDesignSource the model owns.
+    void setLibrary(DesignLibrary* library);
+    DesignLibrary* library() const { return designLibrary_; }
+    // False, with the reason in lastFileError(): no valid results, empty path, or write failed.
+    bool saveProjectWithFilePath(const QString& path);
+    // False, with the reason in lastFileError(): unreadable file, incomplete record, or a
+    // signal or filter it names is not in the library.
+    bool openProjectWithFilePath(const QString& path);
+    QString lastFileError() const { return lastFileError_; }
+
     // The nine entries rebuilt from an opened project file.
     QVariantMap& projectRestorationDictionary() { return projectRestorationDictionary_; }
 
@@ -95,4 +113,7 @@ private:
     GVRFilter filterOneRecord_;
     const DesignSource* library_ = nullptr;
     ProjectView* winProject_ = nullptr;
+    DesignLibrary* designLibrary_ = nullptr;
+    std::unique_ptr<LibraryDesignSource> ownSource_;
+    QString lastFileError_;
 };

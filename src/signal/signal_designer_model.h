@@ -11,6 +11,7 @@
 #include <QString>
 #include <QVariantMap>
 
+class DesignLibrary;
 class SignalDesignView;
 
 class GVRSignalDesignerModel {
@@ -62,6 +63,16 @@ public:
     double parm6() const { return parms_[5]; }
     const std::array<double, 6>& parms() const { return parms_; }
 
+    // Design files (definitions in signal_designer_model_files.cpp). The library is the
+    // process's one DesignLibrary; a save announces itself through it.
+    void setLibrary(DesignLibrary* library) { library_ = library; }
+    DesignLibrary* library() const { return library_; }
+    // False, with the reason in lastFileError(): no valid results, empty name, or write failed.
+    bool saveSignalDesignWithFileName(const QString& name);
+    // False, with the reason in lastFileError(): empty name, unreadable file, incomplete record.
+    bool openSignalDesignWithFileName(const QString& name);
+    QString lastFileError() const { return lastFileError_; }
+
     // The ten entries rebuilt from an opened file, for the window's restoration.
     QVariantMap& signalRestorationDictionary() { return signalRestorationDictionary_; }
 
@@ -95,6 +106,8 @@ private:
     double max_freq_ = 0.0;
     QVariantMap signalRestorationDictionary_;
     SignalDesignView* winSignalDesign_ = nullptr;
+    DesignLibrary* library_ = nullptr;
+    QString lastFileError_;
     // Reused between designs.
     std::vector<double> workSignal_;
     std::vector<double> workSpectrum_;

@@ -1,0 +1,34 @@
+// GVRInspectorFiltModel: reads every ".filt" file of the library's filter
+// folder and turns each into one text row of the filter inspector.
+#pragma once
+
+#include <QList>
+#include <QStringList>
+
+#include "filter/inspect_filt.h"
+
+class DesignLibrary;
+struct GVRFilter;
+
+class GVRInspectorFiltModel {
+public:
+    // `library` must outlive the model.
+    explicit GVRInspectorFiltModel(const DesignLibrary& library);
+
+    // One row per ".filt" file, in the order the folder lists them; empty when
+    // the folder is missing. A file that cannot be read gives a row holding
+    // only its name.
+    QList<GVRInspectFilt> getFiltInspectorArray();
+
+    // The row of one record (exposed for the export list and for tests).
+    static GVRInspectFilt rowForRecord(const QString& displayName, const GVRFilter& record);
+
+    // The title lists of the designer window, split at ",".
+    static const QStringList& filterTypeTitle();
+    static const QStringList& windowTypeTitle();
+    static const QStringList& bitWidthTitle();
+    static const QStringList& unitsFieldTitle();
+
+private:
+    const DesignLibrary& library_;
+};

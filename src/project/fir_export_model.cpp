@@ -1,0 +1,61 @@
+// The coefficient export: the filter list and the one-line CSV writer.
+#include "project/fir_export_model.h"
+
+#include "archive/atomic_write.h"
+#include "archive/filter_archive.h"
+#include "filter/inspector_filt_model.h"
+#include "shell/design_library.h"
+#include "shell/library_design_source.h"
+
+GVRFirExportModel::GVRFirExportModel(const DesignLibrary& library) : library_(library) {}
+
+QList<GVRInspectFilt> GVRFirExportModel::getFirExportFileArray()
+{
+    QList<GVRInspectFilt> rows;
+    for (const DesignFileEntry& entry : library_.files(DesignLibrary::Folder::Filter)) {
+        GVRInspectFilt row;
+        row.filename = entry.fileName;
+        // An unreadable file is listed by name only; exporting it is refused later.
+        if (const std::optional<GVRFilter> record = readFilterFile(library_.filterFolder() + u'/' + entry.fileName)) {
+            const GVRInspectFilt full = GVRInspectorFiltModel::rowForRecord(entry.fileName, *record);
+            row.filter = full.filter;
+            row.length = full.length;
+            row.width = full.width;
+        }
+        rows << row;
+    }
+    return rows;
+}
+
+QByteArray GVRFirExportModel::coefficientText(const std::vector<std::int64_t>& coefficients)
+{
+    QByteArray text;
+    text.reserve(static_cast<qsizetype>(coefficients.size() * 8));
+    for (std::size_t i = 0; i < coefficients.size(); ++i) {
+        text += QByteArray::number(static_cast<qlonglong>(coefficients[i]));
+        if (i + 1 < coefficients.size())
+            text += ',';
+    }
+    return text;
+}
+
+bool GVRFirExportModel::openFilterFileAndSaveCoefficientsToFile(const QString& fileName, const QString& csvPath,
+                                                                QString* error)
+{
+    auto fail = [&](const QString& message) {
+        if (error)
+            *error = message;
+        return false;
+    };
+    if (!LibraryDesignSource::isPlainName(fileName))
+        return fail(QStringLiteral("\"%1\" is not the name of a filter design file.").arg(fileName));
+    if (csvPath.isEmpty())
+        return fail(QStringLiteral("No file was chosen to export to."));
+    QString readError;
+    const std::optional<GVRFilter> record = readFilterFile(library_.filterFolder() + u'/' + fileName, &readError);
+    if (!record)
+        return fail(readError);
+    if (!record->integerCoefficients || record->integerCoefficients->empty())
+        return fail(QStringLiteral("The filter design \"%1\" holds no integer coefficients.").arg(fileName));
+    return writeFileAtomically(csvPath, coefficientText(*record->integerCoefficients), error);
+}

@@ -1,0 +1,37 @@
+// GVRFirExportModel: lists the library's filter designs for the coefficient
+// export and writes the integer coefficients of one of them as a single line
+// of comma-separated text.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include <QList>
+#include <QByteArray>
+#include <QString>
+
+#include "filter/inspect_filt.h"
+
+class DesignLibrary;
+
+class GVRFirExportModel {
+public:
+    // `library` must outlive the model.
+    explicit GVRFirExportModel(const DesignLibrary& library);
+
+    // One row per ".filt" file (filename with ".filt", filter, length, width),
+    // in the order the folder lists them.
+    QList<GVRInspectFilt> getFirExportFileArray();
+
+    // Writes the one-line CSV of the named ".filt" file (file name with its
+    // extension) to csvPath atomically. False, with the reason in `error`, when
+    // the file cannot be read, holds no integer coefficients, or the write fails.
+    bool openFilterFileAndSaveCoefficientsToFile(const QString& fileName, const QString& csvPath,
+                                                 QString* error = nullptr);
+
+    // The export text of a coefficient list: "12,-40,127,-40,12", no line break.
+    static QByteArray coefficientText(const std::vector<std::int64_t>& coefficients);
+
+private:
+    const DesignLibrary& library_;
+};

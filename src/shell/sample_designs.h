@@ -1,0 +1,13 @@
+// Making the design library ready at launch: its folders, and the sample
+// designs shipped with the program copied in without replacing a user's file.
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include "shell/design_library.h"
+#include "shell/library_location.h"
+
+// Makes sure the library folders exist and copies the 13 samples in (never
+// overwriting); returns the problems to show. A missing sample folder is a problem.
+QList<LibraryProblem> prepareLibrary(DesignLibrary& library, const QString& sampleFolder = defaultSampleFolder());
