@@ -1,0 +1,518 @@
+// The project window: form, charts, mode switching and the file commands.
+#include "project/project_window.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "charts/view_block_diagram.h"
+#include "charts/view_proj_freq.h"
+#include "charts/view_proj_time.h"
+#include "filter/design_file_commands.h"
+#include "filter/design_file_kind.h"
+#include "project/project_keys.h"
+#include "shell/design_library.h"
+#include "shell/note_format.h"
+
+namespace {
+
+constexpr int kZoomMin = 0;
+constexpr int kZoomMax = 8;
+constexpr int kZoomStart = 4;  // "x16"
+constexpr int kRateMin = 1;
+constexpr int kRateMax = 10;   // the model takes up to 12; the window offers 10
+
+// The zoom stepper shows its level as the magnification title ("x16").
+class ZoomSpinBox : public QSpinBox {
+public:
+    using QSpinBox::QSpinBox;
+
+protected:
+    QString textFromValue(int value) const override
+    {
+        return GVRWinProject::zoomLevelsTitle().value(value);
+    }
+    int valueFromText(const QString& text) const override
+    {
+        const int index = GVRWinProject::zoomLevelsTitle().indexOf(text.trimmed());
+        return index >= 0 ? index : value();
+    }
+    QValidator::State validate(QString& text, int&) const override
+    {
+        const QString t = text.trimmed();
+        if (GVRWinProject::zoomLevelsTitle().contains(t))
+            return QValidator::Acceptable;
+        for (const QString& title : GVRWinProject::zoomLevelsTitle())
+            if (title.startsWith(t))
+                return QValidator::Intermediate;
+        return QValidator::Invalid;
+    }
+};
+
+QSpinBox* makeStepper(QSpinBox* box, int minimum, int maximum, int value, const char* name)
+{
+    box->setObjectName(QLatin1String(name));
+    box->setRange(minimum, maximum);
+    box->setSingleStep(1);
+    box->setWrapping(true);
+    box->setValue(value);
+    box->setAccelerated(false);
+    box->setAlignment(Qt::AlignRight);
+    return box;
+}
+
+QComboBox* makePopUp(const char* name, QWidget* parent)
+{
+    auto* popUp = new QComboBox(parent);
+    popUp->setObjectName(QLatin1String(name));
+    popUp->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    popUp->setMinimumContentsLength(14);
+    return popUp;
+}
+
+} // namespace
+
+const QStringList& GVRWinProject::zoomLevelsTitle()
+{
+    static const QStringList titles = QStringLiteral("x1,x2,x4,x8,x16,x32,x64,x128,x256").split(QLatin1Char(','));
+    return titles;
+}
+
+const QStringList& GVRWinProject::graphTitle1()
+{
+    static const QStringList titles = QStringLiteral("Input: x[n],Output: y[n]").split(QLatin1Char(','));
+    return titles;
+}
+
+const QStringList& GVRWinProject::graphTitle2()
+{
+    static const QStringList titles = QStringLiteral("Input: x[n],Output: y[k]").split(QLatin1Char(','));
+    return titles;
+}
+
+const QStringList& GVRWinProject::signTitle()
+{
+    static const QStringList titles = QStringLiteral("+1,-1,0").split(QLatin1Char(','));
+    return titles;
+}
+
+GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
+    : QMainWindow(parent), library_(library), projectDirectory_(library.projectOneFolder())
+{
+    setObjectName(QStringLiteral("GVRWinProject"));
+    projectModel_.setLibrary(&library_);
+    projectModel_.setWinProject(this);
+
+    buildControls();
+
+    DesignFileHooks hooks;
+    hooks.bringToFront = [this] { showProjectWindow(); };
+    hooks.clearForNew = [this] {
+        initSteppers();
+        noteField_->clear();
+        initPopUpsWithMandatoryFlag(true);
+        clearCharts();
+    };
+    hooks.openDesign = [this](const QString& name) {
+        return projectModel_.openProjectWithFilePath(fileCommands_->pathForName(name));
+    };
+    hooks.saveDesign = [this](const QString& name) {
+        const bool saved = projectModel_.saveProjectWithFilePath(fileCommands_->pathForName(name));
+        // A refused save of a design never made is the usual case and says
+        // nothing; a failed write is worth a word.
+        if (!saved && projectModel_.validResultsFlag() && !projectModel_.lastFileError().isEmpty())
+            displayNoteField(projectModel_.lastFileError(), 0.0, false);
+        return saved;
+    };
+    hooks.redesign = [this] { pressDesignBut(); };
+    fileCommands_ = new DesignFileCommands(this, DesignFileKind::project([this] { return projectDirectory_; }),
+                                           std::move(hooks), this);
+
+    // The loading steps: lists, steppers, the automatic filter chosen, tool tips.
+    initPopUpsWithMandatoryFlag(false);
+    initSteppers();
+    autoFilterBut_->setChecked(true);
+    updateUnitsAndHiddenFields();
+    setToolTips();
+    viewBlockDiagram_->newBlockDiagramWithIndex(blockDiagramNumber_);
+
+    connect(&library_, &DesignLibrary::newFilterFile, this, &GVRWinProject::handleNewFilterOrSignalFile);
+    connect(&library_, &DesignLibrary::newSignalFile, this, &GVRWinProject::handleNewFilterOrSignalFile);
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationActive)
+            handleNewFilterOrSignalFile();
+    });
+}
+
+GVRWinProject::~GVRWinProject()
+{
+    projectModel_.setWinProject(nullptr);
+}
+
+std::optional<QString> GVRWinProject::projectFilename() const
+{
+    return fileCommands_->currentName();
+}
+
+void GVRWinProject::buildControls()
+{
+    viewProjTime_ = new GVRViewProjTime(this);
+    viewProjTime_->setObjectName(QStringLiteral("viewProjTime"));
+    viewProjTime_->setTimeSource(this);
+    viewProjFreq_ = new GVRViewProjFreq(this);
+    viewProjFreq_->setObjectName(QStringLiteral("viewProjFreq"));
+    viewProjFreq_->setFreqSource(this);
+    viewBlockDiagram_ = new GVRViewBlockDiagram(this);
+    viewBlockDiagram_->setObjectName(QStringLiteral("viewBlockDiagram"));
+    viewProjTime_->setMinimumSize(360, 200);
+    viewProjFreq_->setMinimumSize(360, 200);
+    viewBlockDiagram_->setMinimumSize(360, 150);
+
+    auto* charts = new QSplitter(Qt::Vertical, this);
+    charts->addWidget(viewBlockDiagram_);
+    charts->addWidget(viewProjTime_);
+    charts->addWidget(viewProjFreq_);
+    charts->setStretchFactor(0, 2);
+    charts->setStretchFactor(1, 3);
+    charts->setStretchFactor(2, 3);
+    charts->setChildrenCollapsible(false);
+
+    auto* split = new QSplitter(Qt::Horizontal, this);
+    split->addWidget(buildForm());
+    split->addWidget(charts);
+    split->setStretchFactor(0, 0);
+    split->setStretchFactor(1, 1);
+    split->setChildrenCollapsible(false);
+    setCentralWidget(split);
+    resize(1100, 780);
+}
+
+QWidget* GVRWinProject::buildForm()
+{
+    auto* form = new QWidget(this);
+    form->setObjectName(QStringLiteral("projectForm"));
+    auto* column = new QVBoxLayout(form);
+
+    // Inputs: the two signals and their multipliers.
+    auto* inputs = new QGroupBox(tr("Input signals"), form);
+    auto* inputGrid = new QFormLayout(inputs);
+    signalOnePopUp_ = makePopUp("signalOnePopUp", inputs);
+    signalOneSignPopUp_ = makePopUp("signalOneSignPopUp", inputs);
+    signalOneSignPopUp_->setMinimumContentsLength(3);
+    signalTwoPopUp_ = makePopUp("signalTwoPopUp", inputs);
+    signalTwoSignPopUp_ = makePopUp("signalTwoSignPopUp", inputs);
+    signalTwoSignPopUp_->setMinimumContentsLength(3);
+    auto signalRow = [inputs](QComboBox* name, QComboBox* sign) {
+        auto* row = new QWidget(inputs);
+        auto* h = new QHBoxLayout(row);
+        h->setContentsMargins(0, 0, 0, 0);
+        h->addWidget(sign);
+        h->addWidget(new QLabel(QStringLiteral("×"), row));
+        h->addWidget(name, 1);
+        return row;
+    };
+    inputGrid->addRow(tr("x₁[n]"), signalRow(signalOnePopUp_, signalOneSignPopUp_));
+    inputGrid->addRow(tr("x₂[n]"), signalRow(signalTwoPopUp_, signalTwoSignPopUp_));
+    column->addWidget(inputs);
+
+    // System: rate factors, filter choice, filter.
+    auto* system = new QGroupBox(tr("System"), form);
+    auto* systemGrid = new QFormLayout(system);
+    multirateLLabel_ = new QLabel(tr("Interpolate L"), system);
+    multirateLStepper_ = makeStepper(new QSpinBox(system), kRateMin, kRateMax, 1, "multirateLStepper");
+    multirateMLabel_ = new QLabel(tr("Decimate M"), system);
+    multirateMStepper_ = makeStepper(new QSpinBox(system), kRateMin, kRateMax, 1, "multirateMStepper");
+    systemGrid->addRow(multirateLLabel_, multirateLStepper_);
+    systemGrid->addRow(multirateMLabel_, multirateMStepper_);
+
+    autoFilterRow_ = new QWidget(system);
+    autoFilterRow_->setObjectName(QStringLiteral("autoFilterGenBut"));
+    auto* radios = new QHBoxLayout(autoFilterRow_);
+    radios->setContentsMargins(0, 0, 0, 0);
+    userFilterBut_ = new QRadioButton(tr("User"), autoFilterRow_);
+    userFilterBut_->setObjectName(QStringLiteral("userFilterBut"));
+    autoFilterBut_ = new QRadioButton(tr("Automatic"), autoFilterRow_);
+    autoFilterBut_->setObjectName(QStringLiteral("autoFilterBut"));
+    radios->addWidget(userFilterBut_);
+    radios->addWidget(autoFilterBut_);
+    radios->addStretch(1);
+    autoFilterGenBut_ = new QButtonGroup(this);
+    autoFilterGenBut_->addButton(userFilterBut_, UserFilter);
+    autoFilterGenBut_->addButton(autoFilterBut_, AutoFilter);
+    filterChoiceLabel_ = new QLabel(tr("Filter H[m]"), system);
+    systemGrid->addRow(filterChoiceLabel_, autoFilterRow_);
+
+    filterLabel_ = new QLabel(tr("H[n]"), system);
+    filterPopUp_ = makePopUp("filterPopUp", system);
+    systemGrid->addRow(filterLabel_, filterPopUp_);
+    column->addWidget(system);
+
+    designBut_ = new QPushButton(tr("Design"), form);
+    designBut_->setObjectName(QStringLiteral("designBut"));
+    designBut_->setDefault(true);
+    column->addWidget(designBut_);
+
+    // Display: which record the charts show and the time chart's zoom.
+    auto* display = new QGroupBox(tr("Display"), form);
+    auto* displayGrid = new QFormLayout(display);
+    graphPopUp_ = makePopUp("graphPopUp", display);
+    zoomStepper_ = makeStepper(new ZoomSpinBox(display), kZoomMin, kZoomMax, kZoomStart, "zoomStepper");
+    displayGrid->addRow(tr("Graph"), graphPopUp_);
+    displayGrid->addRow(tr("Zoom"), zoomStepper_);
+    column->addWidget(display);
+
+    column->addStretch(1);
+    noteField_ = new QLineEdit(form);
+    noteField_->setObjectName(QStringLiteral("noteField"));
+    noteField_->setReadOnly(true);
+    noteField_->setFocusPolicy(Qt::ClickFocus);
+    noteField_->setPlaceholderText(tr("Notes appear here"));
+    column->addWidget(noteField_);
+    form->setMinimumWidth(300);
+
+    connect(designBut_, &QPushButton::clicked, this, &GVRWinProject::pressDesignBut);
+    connect(autoFilterGenBut_, &QButtonGroup::idClicked, this, [this](int) { updateUnitsAndHiddenFields(); });
+    connect(graphPopUp_, &QComboBox::activated, this, &GVRWinProject::selectGraphPopUpBut);
+    connect(zoomStepper_, &QSpinBox::valueChanged, this, &GVRWinProject::pressZoomStepperBut);
+    return form;
+}
+
+void GVRWinProject::setToolTips()
+{
+    const QString signalTip = tr("Select a Signal from the Signal Designer");
+    signalOnePopUp_->setToolTip(signalTip);
+    signalTwoPopUp_->setToolTip(signalTip);
+    signalOneSignPopUp_->setToolTip(tr("Multiplier for x₁[n]"));
+    signalTwoSignPopUp_->setToolTip(tr("Multiplier for x₂[n]"));
+    filterPopUp_->setToolTip(tr("Select a Filter from the Filter Designer"));
+    graphPopUp_->setToolTip(tr("Select either System Input or Output Response"));
+    const QString autoTip = tr("Option to automatically generate Filter H[m]");
+    autoFilterRow_->setToolTip(autoTip);
+    userFilterBut_->setToolTip(autoTip);
+    autoFilterBut_->setToolTip(autoTip);
+    multirateLStepper_->setToolTip(tr("Interpolate x[n] by L"));
+    multirateMStepper_->setToolTip(tr("Decimate x[n] by M"));
+    zoomStepper_->setToolTip(tr("Magnification of Time Domain Signal"));
+}
+
+bool GVRWinProject::windowIsKeyWindow() const
+{
+    return isActiveWindow();
+}
+
+void GVRWinProject::showGVRWinProjectOne()
+{
+    showInMode(1);
+}
+
+void GVRWinProject::showGVRWinProjectTwo()
+{
+    showInMode(2);
+}
+
+void GVRWinProject::showInMode(int mode)
+{
+    blockDiagramNumber_ = mode;
+    projectDirectory_ = library_.folderPath(DesignLibrary::projectFolder(mode));
+    fileCommands_->forgetName();
+    showProjectWindow();
+    initPopUpsWithMandatoryFlag(true);
+    clearCharts();
+    viewProjTime_->selectChartOne(true);
+    viewProjFreq_->selectChartOne(true);
+    viewBlockDiagram_->newBlockDiagramWithIndex(mode);
+}
+
+void GVRWinProject::showProjectWindow()
+{
+    show();
+    raise();
+    activateWindow();
+}
+
+void GVRWinProject::clearCharts()
+{
+    plotFreqWithArray({});
+    plotTimeWithArray({});
+}
+
+void GVRWinProject::setGraphTitles()
+{
+    graphPopUp_->clear();
+    graphPopUp_->addItems(blockDiagramNumber_ == 1 ? graphTitle1() : graphTitle2());
+    graphPopUp_->setCurrentIndex(0);
+}
+
+void GVRWinProject::initPopUpsWithMandatoryFlag(bool mandatory)
+{
+    if (graphPopUp_->count() == 2 && !mandatory)
+        return;
+    filterPopUp_->clear();
+    filterPopUp_->addItems(library_.designNames(DesignLibrary::Folder::Filter));
+    filterPopUp_->setCurrentIndex(filterPopUp_->count() > 0 ? 0 : -1);
+    const QStringList signalNames = library_.designNames(DesignLibrary::Folder::Signal);
+    for (QComboBox* popUp : {signalOnePopUp_, signalTwoPopUp_}) {
+        popUp->clear();
+        popUp->addItems(signalNames);
+        popUp->setCurrentIndex(popUp->count() > 0 ? 0 : -1);
+    }
+    setGraphTitles();
+    for (QComboBox* popUp : {signalOneSignPopUp_, signalTwoSignPopUp_}) {
+        popUp->clear();
+        popUp->addItems(signTitle());
+        popUp->setCurrentIndex(0);
+    }
+    updateUnitsAndHiddenFields();
+    if (!fileCommands_->currentName())
+        setWindowTitle(DesignFileCommands::untitledTitle());
+}
+
+void GVRWinProject::updateUnitsAndHiddenFields()
+{
+    const bool multirate = blockDiagramNumber_ != 1;
+    for (QWidget* w : std::initializer_list<QWidget*>{multirateLLabel_, multirateMLabel_, multirateLStepper_,
+                                                      multirateMStepper_, autoFilterRow_, filterChoiceLabel_})
+        w->setVisible(multirate);
+    const bool showFilter = !multirate || autoFilterGenBut_->checkedId() != AutoFilter;
+    filterPopUp_->setVisible(showFilter);
+    filterLabel_->setVisible(showFilter);
+    filterLabel_->setText(multirate ? tr("H[m]") : tr("H[n]"));
+}
+
+void GVRWinProject::initSteppers()
+{
+    zoomStepper_->setValue(kZoomStart);
+    multirateLStepper_->setValue(1);
+    multirateMStepper_->setValue(1);
+}
+
+void GVRWinProject::selectGraphPopUpBut(int index)
+{
+    const bool input = index == 0;
+    viewProjTime_->selectChartOne(input);
+    viewProjFreq_->selectChartOne(input);
+}
+
+void GVRWinProject::pressZoomStepperBut(int value)
+{
+    viewProjTime_->setZoomLevel(1 << value);
+}
+
+void GVRWinProject::pressDesignBut()
+{
+    // The three names are empty when their lists are; the model then does nothing.
+    projectParameterDictionary_ = GVRProjectModel::parameterDictionary(
+        blockDiagramNumber_, filterPopUp_->currentText(), signalOnePopUp_->currentText(),
+        signalTwoPopUp_->currentText(), signalOneSignPopUp_->currentIndex(), signalTwoSignPopUp_->currentIndex(),
+        multirateLStepper_->value(), multirateMStepper_->value(),
+        autoFilterGenBut_->checkedId() == AutoFilter ? AutoFilter : UserFilter);
+    if (projectParameterDictionary_.size() == 9)
+        projectModel_.designProjectWithParameters(projectParameterDictionary_);
+}
+
+void GVRWinProject::displayNoteField(const QString& text, double value, bool withValue)
+{
+    noteField_->setText(formatNote(text, value, withValue));
+    noteField_->setCursorPosition(0);
+}
+
+void GVRWinProject::plotTimeWithArray(const std::vector<double>& timeArray)
+{
+    timeArray_ = timeArray;
+    viewProjTime_->newTimeDomainChart();
+}
+
+void GVRWinProject::plotFreqWithArray(const std::vector<double>& freqArray)
+{
+    freqArray_ = freqArray;
+    viewProjFreq_->newFreqDomainChart();
+}
+
+void GVRWinProject::selectTitle(QComboBox* popUp, const QString& title)
+{
+    const int index = popUp->findText(title, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index >= 0)
+        popUp->setCurrentIndex(index);
+}
+
+void GVRWinProject::restoreProjectParameters(const QVariantMap& parameters)
+{
+    if (parameters.size() != 9)
+        return;
+    selectTitle(filterPopUp_, parameters.value(KEYMOD_FILTER_NAME).toString());
+    selectTitle(signalOnePopUp_, parameters.value(KEYMOD_SIG_ONE_NAME).toString());
+    selectTitle(signalTwoPopUp_, parameters.value(KEYMOD_SIG_TWO_NAME).toString());
+    auto selectIndex = [](QComboBox* popUp, const QVariant& value) {
+        const int index = value.toInt();
+        if (index >= 0 && index < popUp->count())
+            popUp->setCurrentIndex(index);
+    };
+    selectIndex(signalOneSignPopUp_, parameters.value(KEYMOD_SIG_ONE_SIGN));
+    selectIndex(signalTwoSignPopUp_, parameters.value(KEYMOD_SIG_TWO_SIGN));
+    // Out-of-range factors end up at the nearest end the steppers offer.
+    multirateLStepper_->setValue(parameters.value(KEYMOD_MULTIRATE_L).toInt());
+    multirateMStepper_->setValue(parameters.value(KEYMOD_MULTIRATE_M).toInt());
+    if (parameters.value(KEYMOD_MULTIRATE_FILT).toInt() == UserFilter)
+        userFilterBut_->setChecked(true);
+    else
+        autoFilterBut_->setChecked(true);
+
+    const int mode = parameters.value(KEYMOD_BLOCK_DIAGRAM).toInt() == 1 ? 1 : 2;
+    if (mode != blockDiagramNumber_) {
+        // The graph list follows the diagram so its titles name the right output.
+        blockDiagramNumber_ = mode;
+        setGraphTitles();
+        selectGraphPopUpBut(0);
+    }
+    viewBlockDiagram_->newBlockDiagramWithIndex(blockDiagramNumber_);
+    updateUnitsAndHiddenFields();
+}
+
+void GVRWinProject::handleNewFilterOrSignalFile()
+{
+    const QString signalOne = signalOnePopUp_->currentText();
+    const QString signalTwo = signalTwoPopUp_->currentText();
+    const QString filter = filterPopUp_->currentText();
+    const int signOne = signalOneSignPopUp_->currentIndex();
+    const int signTwo = signalTwoSignPopUp_->currentIndex();
+    const int graph = graphPopUp_->currentIndex();
+
+    initPopUpsWithMandatoryFlag(true);
+
+    selectTitle(signalOnePopUp_, signalOne);
+    selectTitle(signalTwoPopUp_, signalTwo);
+    selectTitle(filterPopUp_, filter);
+    signalOneSignPopUp_->setCurrentIndex(signOne);
+    signalTwoSignPopUp_->setCurrentIndex(signTwo);
+    graphPopUp_->setCurrentIndex(graph);
+}
+
+void GVRWinProject::newMenuItem()
+{
+    fileCommands_->newMenuItem();
+}
+
+void GVRWinProject::openMenuItem()
+{
+    fileCommands_->openMenuItem();
+}
+
+void GVRWinProject::saveMenuItem()
+{
+    fileCommands_->saveMenuItem();
+}
+
+void GVRWinProject::saveAsMenuItem()
+{
+    fileCommands_->saveAsMenuItem();
+}
