@@ -1,14 +1,124 @@
 // Saving and opening ".filt" design files from the filter designer model.
 #include "filter/filter_designer_model.h"
 
-bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString&)
+#include "archive/filter_archive.h"
+#include "filter/filter_design_view.h"
+#include "filter/filter_keys.h"
+#include "shell/design_library.h"
+#include "shell/library_design_source.h"
+
+namespace {
+
+DesignLibrary& libraryOr(DesignLibrary* library)
 {
-    lastFileError_ = QStringLiteral("Not available yet.");
-    return false;
+    return library ? *library : DesignLibrary::shared();
 }
 
-bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString&)
+// Integers as qlonglong and doubles as double, whatever the record's own types.
+QVariant asVariant(std::int64_t value)
 {
-    lastFileError_ = QStringLiteral("Not available yet.");
-    return false;
+    return QVariant(static_cast<qlonglong>(value));
+}
+
+QVariant asVariant(double value)
+{
+    return QVariant(value);
+}
+
+}  // namespace
+
+bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
+{
+    lastFileError_.clear();
+    if (!d_.validResultsFlag) {
+        lastFileError_ = QStringLiteral("There is no filter design to save: design a filter first.");
+        return false;
+    }
+    // Frequencies and measurements go in normalised; only the sampling
+    // frequency keeps the unit it was typed in.
+    GVRFilter record;
+    record.filterType = d_.filterType;
+    record.windowType = d_.windowType;
+    record.filterWidth = d_.filterWidth;
+    record.unitsType = d_.unitsType;
+    record.dfThetaSamplingFreq = d_.thetaSamplingFreq;
+    record.dfFilterLengthN = d_.filterLengthN;
+    record.dfBetaUpsilon = d_.betaUpsilon;
+    record.dfThetaCutoffFreqNormalized = d_.thetaCutoffFreqNormalized;
+    record.dfThetaCenterFreqNormalized = d_.thetaCenterFreqNormalized;
+    record.dfGimeldbLow = d_.gimeldbLow;
+    record.dfGimeldbHigh = d_.gimeldbHigh;
+    record.dfGimeldbBandwidth = d_.gimeldbBandwidth;
+    record.dfPassbandRipple = d_.passbandRipple;
+    record.dfDynamicRange = d_.dynamicRange;
+    record.dfDynamicRangeError = d_.dynamicRangeError;
+    record.integerCoefficients = d_.integerCoefficients;
+    record.filterCoefficients = d_.filterCoefficients;
+    record.filterPrecisionCoefficients = d_.filterPrecisionCoefficients;
+
+    if (name.isEmpty()) {
+        lastFileError_ = QStringLiteral("A filter design needs a name to be saved.");
+        return false;
+    }
+    if (!LibraryDesignSource::isPlainName(name)) {
+        lastFileError_ = QStringLiteral("\"%1\" cannot be used as a design name: it must not contain \"/\".").arg(name);
+        return false;
+    }
+    DesignLibrary& library = libraryOr(library_);
+    if (!writeFilterFile(library.filterPath(name), record, &lastFileError_))
+        return false;
+    library.announceNewFilterFile();
+    return true;
+}
+
+bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
+{
+    lastFileError_.clear();
+    if (name.isEmpty()) {
+        lastFileError_ = QStringLiteral("No filter design was named.");
+        return false;
+    }
+    if (!LibraryDesignSource::isPlainName(name)) {
+        lastFileError_ = QStringLiteral("\"%1\" is not the name of a filter design.").arg(name);
+        return false;
+    }
+    const std::optional<GVRFilter> record = readFilterFile(libraryOr(library_).filterPath(name), &lastFileError_);
+    if (!record)
+        return false;
+
+    QVariantMap restored;
+    auto put = [&restored](const QString& key, const auto& value) {
+        if (value)
+            restored.insert(key, asVariant(*value));
+    };
+    put(KEYFP_UNITS, record->unitsType);
+    put(KEYFP_FILTER_TYPE, record->filterType);
+    put(KEYFP_FILTER_WIDTH, record->filterWidth);
+    put(KEYFP_WINDOW_TYPE, record->windowType);
+    put(KEYFP_SAMPLING_FREQ, record->dfThetaSamplingFreq);
+    put(KEYFP_FILTER_LENGTH, record->dfFilterLengthN);
+    put(KEYFP_BETA_UPSILON, record->dfBetaUpsilon);
+    // Back to the values as typed: the high pass was stored as its complement,
+    // and units other than "Norm" scale by half the sampling frequency.
+    if (record->dfThetaCutoffFreqNormalized && record->dfThetaCenterFreqNormalized) {
+        double cutoff = *record->dfThetaCutoffFreqNormalized;
+        double center = *record->dfThetaCenterFreqNormalized;
+        if (record->filterType == 2)
+            cutoff = 1.0 - cutoff;
+        if (record->unitsType.value_or(0) != 0) {
+            const double half = record->dfThetaSamplingFreq.value_or(0.0) * 0.5;
+            cutoff *= half;
+            center *= half;
+        }
+        restored.insert(KEYFP_CUTOFF_FREQ, cutoff);
+        restored.insert(KEYFP_CENTER_FREQ, center);
+    }
+    if (restored.size() != 9) {
+        lastFileError_ = QStringLiteral("The filter design \"%1\" is incomplete and cannot be opened.").arg(name);
+        return false;
+    }
+    filterRestorationDictionary_ = restored;
+    if (winFilterDesign_)
+        winFilterDesign_->restoreFilterParameters(filterRestorationDictionary_);
+    return true;
 }

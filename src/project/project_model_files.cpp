@@ -1,6 +1,9 @@
 // Saving and opening ".orvana" project files from the project model.
 #include "project/project_model.h"
 
+#include "archive/project_archive.h"
+#include "project/project_keys.h"
+#include "project/project_view.h"
 #include "shell/design_library.h"
 #include "shell/library_design_source.h"
 
@@ -11,20 +14,104 @@ GVRProjectModel::~GVRProjectModel() = default;
 void GVRProjectModel::setLibrary(DesignLibrary* library)
 {
     designLibrary_ = library;
-    if (library && (!library_ || library_ == ownSource_.get())) {
-        ownSource_ = std::make_unique<LibraryDesignSource>(*library);
-        library_ = ownSource_.get();
+    // A design source set by the caller stays; otherwise read the library itself.
+    if (!library_ || library_ == ownSource_.get()) {
+        library_ = nullptr;
+        ownSource_.reset();
+        if (library) {
+            ownSource_ = std::make_unique<LibraryDesignSource>(*library);
+            library_ = ownSource_.get();
+        }
     }
 }
 
-bool GVRProjectModel::saveProjectWithFilePath(const QString&)
+bool GVRProjectModel::saveProjectWithFilePath(const QString& path)
 {
-    lastFileError_ = QStringLiteral("Not available yet.");
-    return false;
+    lastFileError_.clear();
+    if (!validResultsFlag_) {
+        lastFileError_ = QStringLiteral("There is no project design to save: design the project first.");
+        return false;
+    }
+    GVRProject record;
+    record.filterName = filterName_.toStdString();
+    record.signalOneName = signalOneName_.toStdString();
+    record.signalTwoName = signalTwoName_.toStdString();
+    record.blockDiagramNumber = blockDiagramNumber_;
+    record.signalOneSign = signalOneSign_;
+    record.signalTwoSign = signalTwoSign_;
+    record.multirateL = multirateL_;
+    record.multirateM = multirateM_;
+    record.multirateFilterType = multirateFilterType_;
+    if (path.isEmpty()) {
+        lastFileError_ = QStringLiteral("A project needs a name to be saved.");
+        return false;
+    }
+    return writeProjectFile(path, record, &lastFileError_);
 }
 
-bool GVRProjectModel::openProjectWithFilePath(const QString&)
+bool GVRProjectModel::openProjectWithFilePath(const QString& path)
 {
-    lastFileError_ = QStringLiteral("Not available yet.");
-    return false;
+    lastFileError_.clear();
+    if (path.isEmpty()) {
+        lastFileError_ = QStringLiteral("No project file was named.");
+        return false;
+    }
+    const std::optional<GVRProject> record = readProjectFile(path, &lastFileError_);
+    if (!record)
+        return false;
+
+    QVariantMap restored;
+    auto putNumber = [&restored](QLatin1String key, const std::optional<std::int64_t>& value) {
+        if (value)
+            restored.insert(key, static_cast<qlonglong>(*value));
+    };
+    auto putName = [&restored](QLatin1String key, const std::optional<std::string>& value) {
+        if (value)
+            restored.insert(key, QString::fromStdString(*value));
+    };
+    putNumber(KEYMOD_BLOCK_DIAGRAM, record->blockDiagramNumber);
+    putName(KEYMOD_FILTER_NAME, record->filterName);
+    putName(KEYMOD_SIG_ONE_NAME, record->signalOneName);
+    putNumber(KEYMOD_SIG_ONE_SIGN, record->signalOneSign);
+    putName(KEYMOD_SIG_TWO_NAME, record->signalTwoName);
+    putNumber(KEYMOD_SIG_TWO_SIGN, record->signalTwoSign);
+    putNumber(KEYMOD_MULTIRATE_L, record->multirateL);
+    putNumber(KEYMOD_MULTIRATE_M, record->multirateM);
+    putNumber(KEYMOD_MULTIRATE_FILT, record->multirateFilterType);
+    if (restored.size() != 9) {
+        lastFileError_ = QStringLiteral("The project file \"%1\" is incomplete and cannot be opened.").arg(path);
+        return false;
+    }
+
+    // Every design the project names must still be in the library, the filter
+    // too when the project uses the automatic one. Names compare exactly.
+    QStringList filterNames;
+    QStringList signalNames;
+    if (library_) {
+        filterNames = library_->filterNames();
+        signalNames = library_->signalNames();
+    } else {
+        const DesignLibrary& library = designLibrary_ ? *designLibrary_ : DesignLibrary::shared();
+        filterNames = library.designNames(DesignLibrary::Folder::Filter);
+        signalNames = library.designNames(DesignLibrary::Folder::Signal);
+    }
+    const QString filter = restored.value(KEYMOD_FILTER_NAME).toString();
+    const QString one = restored.value(KEYMOD_SIG_ONE_NAME).toString();
+    const QString two = restored.value(KEYMOD_SIG_TWO_NAME).toString();
+    QStringList missing;
+    if (!filterNames.contains(filter, Qt::CaseSensitive))
+        missing << QStringLiteral("filter \"%1\"").arg(filter);
+    if (!signalNames.contains(one, Qt::CaseSensitive))
+        missing << QStringLiteral("signal \"%1\"").arg(one);
+    if (!signalNames.contains(two, Qt::CaseSensitive) && !missing.contains(QStringLiteral("signal \"%1\"").arg(two)))
+        missing << QStringLiteral("signal \"%1\"").arg(two);
+    if (!missing.isEmpty()) {
+        lastFileError_ = QStringLiteral("The project file \"%1\" names designs that are not in the library: %2.")
+                             .arg(path, missing.join(QStringLiteral(", ")));
+        return false;
+    }
+    projectRestorationDictionary_ = restored;
+    if (winProject_)
+        winProject_->restoreProjectParameters(projectRestorationDictionary_);
+    return true;
 }

@@ -1,14 +1,107 @@
 // Saving and opening ".signal" design files from the signal designer model.
 #include "signal/signal_designer_model.h"
 
-bool GVRSignalDesignerModel::saveSignalDesignWithFileName(const QString&)
+#include "archive/signal_archive.h"
+#include "shell/design_library.h"
+#include "shell/library_design_source.h"
+#include "signal/signal_design_view.h"
+#include "signal/signal_keys.h"
+
+namespace {
+
+DesignLibrary& libraryOr(DesignLibrary* library)
 {
-    lastFileError_ = QStringLiteral("Not available yet.");
-    return false;
+    return library ? *library : DesignLibrary::shared();
 }
 
-bool GVRSignalDesignerModel::openSignalDesignWithFileName(const QString&)
+// Integers as qlonglong and doubles as double, whatever the record's own types.
+QVariant asVariant(std::int64_t value)
 {
-    lastFileError_ = QStringLiteral("Not available yet.");
-    return false;
+    return QVariant(static_cast<qlonglong>(value));
+}
+
+QVariant asVariant(double value)
+{
+    return QVariant(value);
+}
+
+}  // namespace
+
+bool GVRSignalDesignerModel::saveSignalDesignWithFileName(const QString& name)
+{
+    lastFileError_.clear();
+    if (!validResultsFlag_ || timeDomainArray_.size() != kTimeArrayLength) {
+        lastFileError_ = QStringLiteral("There is no signal design to save: design a signal first.");
+        return false;
+    }
+    GVRSignal record;
+    record.samplingFreq = samplingFreq_;
+    record.yStepIndex = yStepIndex_;
+    record.freqUnits = freqUnits_;
+    record.voltUnits = voltUnits_;
+    record.parm1 = parms_[0];
+    record.parm2 = parms_[1];
+    record.parm3 = parms_[2];
+    record.parm4 = parms_[3];
+    record.parm5 = parms_[4];
+    record.parm6 = parms_[5];
+    record.maxAmplitude = max_amplitude_;
+    record.minAmplitude = min_amplitude_;
+    record.maxFreq = max_freq_;
+    // The samples without the chart header.
+    record.sampledSignalArray = std::vector<double>(timeDomainArray_.begin() + kHeaderLength, timeDomainArray_.end());
+
+    if (name.isEmpty()) {
+        lastFileError_ = QStringLiteral("A signal design needs a name to be saved.");
+        return false;
+    }
+    if (!LibraryDesignSource::isPlainName(name)) {
+        lastFileError_ = QStringLiteral("\"%1\" cannot be used as a design name: it must not contain \"/\".").arg(name);
+        return false;
+    }
+    DesignLibrary& library = libraryOr(library_);
+    if (!writeSignalFile(library.signalPath(name), record, &lastFileError_))
+        return false;
+    library.announceNewSignalFile();
+    return true;
+}
+
+bool GVRSignalDesignerModel::openSignalDesignWithFileName(const QString& name)
+{
+    lastFileError_.clear();
+    if (name.isEmpty()) {
+        lastFileError_ = QStringLiteral("No signal design was named.");
+        return false;
+    }
+    if (!LibraryDesignSource::isPlainName(name)) {
+        lastFileError_ = QStringLiteral("\"%1\" is not the name of a signal design.").arg(name);
+        return false;
+    }
+    const std::optional<GVRSignal> record = readSignalFile(libraryOr(library_).signalPath(name), &lastFileError_);
+    if (!record)
+        return false;
+
+    QVariantMap restored;
+    auto put = [&restored](QLatin1String key, const auto& value) {
+        if (value)
+            restored.insert(key, asVariant(*value));
+    };
+    put(KEYSP_FREQ_SAMP, record->samplingFreq);
+    put(KEYSP_Y_STEP, record->yStepIndex);
+    put(KEYSP_FREQ_UNITS, record->freqUnits);
+    put(KEYSP_VOLT_UNITS, record->voltUnits);
+    put(KEYSP_PARM1, record->parm1);
+    put(KEYSP_PARM2, record->parm2);
+    put(KEYSP_PARM3, record->parm3);
+    put(KEYSP_PARM4, record->parm4);
+    put(KEYSP_PARM5, record->parm5);
+    put(KEYSP_PARM6, record->parm6);
+    if (restored.size() != 10) {
+        lastFileError_ = QStringLiteral("The signal design \"%1\" is incomplete and cannot be opened.").arg(name);
+        return false;
+    }
+    signalRestorationDictionary_ = restored;
+    if (winSignalDesign_)
+        winSignalDesign_->restoreSignalParameters(signalRestorationDictionary_);
+    return true;
 }
