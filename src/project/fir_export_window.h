@@ -4,7 +4,9 @@
 // dialog. Double-precision designs are listed but refused.
 #pragma once
 
+#include <QFileDialog>
 #include <QMainWindow>
+#include <QMessageBox>
 #include <QPointer>
 #include <QString>
 
@@ -12,8 +14,6 @@
 
 class DesignLibrary;
 class FirExportTableModel;
-class QFileDialog;
-class QMessageBox;
 class QPushButton;
 class QTableView;
 
