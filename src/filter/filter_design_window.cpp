@@ -1,0 +1,577 @@
+// The filter designer window: form, unit conversions, charts and file commands.
+#include "filter/filter_design_window.h"
+
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+
+#include <QAction>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "charts/view_filt_design.h"
+#include "charts/view_results.h"
+#include "filter/design_file_commands.h"
+#include "filter/design_file_kind.h"
+#include "filter/filter_keys.h"
+#include "filter/number_field.h"
+#include "shell/design_library.h"
+#include "shell/note_format.h"
+
+namespace {
+
+constexpr int kLengthMin = 25;
+constexpr int kLengthMax = 255;
+constexpr int kLengthStep = 2;
+constexpr int kUnitsNorm = 0;
+constexpr int kUnitsDefault = 2;  // "MHz"
+constexpr int kBandPass = 1;
+constexpr int kKaiser = 9;
+constexpr int kChebyshev = 10;
+
+// The length field and its stepper in one: whole odd numbers from 25 to 255.
+// An even number typed is taken as the odd number above it.
+class OddLengthSpinBox : public QSpinBox {
+public:
+    using QSpinBox::QSpinBox;
+
+protected:
+    QValidator::State validate(QString& text, int& position) const override
+    {
+        QValidator::State state = QSpinBox::validate(text, position);
+        if (state == QValidator::Acceptable && valueFromText(text) % 2 == 0)
+            state = QValidator::Intermediate;
+        return state;
+    }
+    void fixup(QString& text) const override
+    {
+        bool ok = false;
+        const int typed = text.trimmed().toInt(&ok);
+        if (ok && typed >= minimum() && typed < maximum() && typed % 2 == 0)
+            text = QString::number(typed + 1);
+    }
+};
+
+QStringList splitTitles(const char* text)
+{
+    return QString::fromUtf8(text).split(QLatin1Char(','));
+}
+
+QComboBox* makePopUp(const char* name, QWidget* parent)
+{
+    auto* popUp = new QComboBox(parent);
+    popUp->setObjectName(QLatin1String(name));
+    popUp->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    return popUp;
+}
+
+GVRNumberField* makeField(const char* name, QWidget* parent)
+{
+    auto* field = new GVRNumberField(parent);
+    field->setObjectName(QLatin1String(name));
+    return field;
+}
+
+QLabel* makeLabel(const char* name, const QString& text, QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    label->setObjectName(QLatin1String(name));
+    return label;
+}
+
+void fill(QComboBox* popUp, const QStringList& titles, int selected)
+{
+    const QSignalBlocker quiet(popUp);
+    popUp->clear();
+    popUp->addItems(titles);
+    popUp->setCurrentIndex(selected);
+}
+
+// Selects `value` when it names an item of the list; anything else changes nothing.
+void selectIndex(QComboBox* popUp, const QVariant& value)
+{
+    bool ok = false;
+    const double index = value.toDouble(&ok);
+    if (ok && index >= 0 && index < popUp->count() && index == std::floor(index))
+        popUp->setCurrentIndex(int(index));
+}
+
+} // namespace
+
+const QStringList& GVRWinFilterDesign::unitsFieldTitle()
+{
+    static const QStringList titles = splitTitles("Norm,KHz,MHz");
+    return titles;
+}
+
+const QStringList& GVRWinFilterDesign::unitsFieldSampFreqTitle()
+{
+    static const QStringList titles = splitTitles("    ,KHz,MHz");
+    return titles;
+}
+
+const QStringList& GVRWinFilterDesign::filterTypeTitle()
+{
+    static const QStringList titles = splitTitles("Low Pass,Band Pass,High Pass");
+    return titles;
+}
+
+const QStringList& GVRWinFilterDesign::bitWidthTitle()
+{
+    static const QStringList titles = splitTitles(
+        "Double,20-bit,19-bit,18-bit,17-bit,16-bit,15-bit,14-bit,13-bit,12-bit,11-bit,10-bit,9-bit,8-bit");
+    return titles;
+}
+
+const QStringList& GVRWinFilterDesign::windowTypeTitle()
+{
+    static const QStringList titles = splitTitles("Rectangular,Blackman,Hamming,Hann,Blackman-Harris,Cosine,"
+                                                  "Nutall,Blackman-Nutall,Flat Top,Kaiser,Chebyshev");
+    return titles;
+}
+
+const QStringList& GVRWinFilterDesign::chartTypeTitle()
+{
+    static const QStringList titles = splitTitles("Magnitude,Phase");
+    return titles;
+}
+
+GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent) : QMainWindow(parent)
+{
+    setObjectName(QStringLiteral("GVRWinFilterDesign"));
+    filterDesignModel_.setWindow(this);
+    filterDesignModel_.setLibrary(&library);
+
+    buildControls();
+
+    DesignFileHooks hooks;
+    hooks.bringToFront = [this] { showGVRWinFilterDesign(); };
+    hooks.clearForNew = [this] {
+        clearFilterDesignParameters();
+        clearFilterDesignResults();
+        noteField_->clear();
+        initializeWithMandatoryFlag(true);
+        plotMagnitudeAndPhaseWithArray({});
+    };
+    hooks.openDesign = [this](const QString& name) { return filterDesignModel_.openFilterDesignWithFileName(name); };
+    hooks.saveDesign = [this](const QString& name) {
+        const bool saved = filterDesignModel_.saveFilterDesignWithFileName(name);
+        // Nothing designed yet is the usual refusal and says nothing; a failed write does.
+        if (!saved && filterDesignModel_.validResultsFlag() && !filterDesignModel_.lastFileError().isEmpty())
+            displayNoteField(filterDesignModel_.lastFileError(), 0.0, false);
+        return saved;
+    };
+    hooks.redesign = [this] { pressDesignFilterBut(); };
+    DesignLibrary* lib = &library;
+    fileCommands_ = new DesignFileCommands(this, DesignFileKind::filter([lib] { return lib->filterFolder(); }),
+                                           std::move(hooks), this);
+
+    initializeWithMandatoryFlag(false);
+    setToolTips();
+    connectControls();
+    createFileActions();
+}
+
+GVRWinFilterDesign::~GVRWinFilterDesign()
+{
+    filterDesignModel_.setWindow(nullptr);
+}
+
+std::optional<QString> GVRWinFilterDesign::filterFilename() const
+{
+    return fileCommands_->currentName();
+}
+
+void GVRWinFilterDesign::buildControls()
+{
+    viewFiltDesign_ = new GVRViewFiltDesign(this);
+    viewFiltDesign_->setObjectName(QStringLiteral("viewFiltDesign"));
+    viewFiltDesign_->setMagPhaseSource(this);
+    viewFiltDesign_->setMinimumSize(420, 260);
+    viewResult_ = new GVRViewResults(this);
+    viewResult_->setObjectName(QStringLiteral("viewResult"));
+    viewResult_->setMinimumSize(360, 110);
+
+    auto* charts = new QSplitter(Qt::Vertical, this);
+    charts->setObjectName(QStringLiteral("filterCharts"));
+    charts->addWidget(viewFiltDesign_);
+    charts->addWidget(viewResult_);
+    charts->setStretchFactor(0, 4);
+    charts->setStretchFactor(1, 1);
+    charts->setChildrenCollapsible(false);
+
+    auto* split = new QSplitter(Qt::Horizontal, this);
+    split->setObjectName(QStringLiteral("filterSplit"));
+    split->addWidget(buildForm());
+    split->addWidget(charts);
+    split->setStretchFactor(0, 0);
+    split->setStretchFactor(1, 1);
+    split->setChildrenCollapsible(false);
+    setCentralWidget(split);
+    resize(1080, 700);
+}
+
+QWidget* GVRWinFilterDesign::buildForm()
+{
+    auto* form = new QWidget(this);
+    form->setObjectName(QStringLiteral("filterForm"));
+    auto* column = new QVBoxLayout(form);
+
+    // Units and filter type.
+    auto* kind = new QGroupBox(tr("Filter"), form);
+    auto* kindGrid = new QGridLayout(kind);
+    unitsPopUp_ = makePopUp("unitsPopUp", kind);
+    filterTypePopUp_ = makePopUp("filterTypePopUp", kind);
+    kindGrid->addWidget(new QLabel(tr("Units:"), kind), 0, 0);
+    kindGrid->addWidget(unitsPopUp_, 0, 1);
+    kindGrid->addWidget(new QLabel(tr("Type:"), kind), 1, 0);
+    kindGrid->addWidget(filterTypePopUp_, 1, 1);
+    kindGrid->setColumnStretch(1, 1);
+    column->addWidget(kind);
+
+    // Frequencies, each with its unit label.
+    auto* freqs = new QGroupBox(tr("Frequencies"), form);
+    auto* freqGrid = new QGridLayout(freqs);
+    nameThetaSampling_ = makeLabel("nameThetaSampling", tr("fsampling:"), freqs);
+    thetaSamplingField_ = makeField("thetaSamplingField", freqs);
+    unitsSampFreq_ = makeLabel("unitsSampFreq", QString(), freqs);
+    nameThetaCutoff_ = makeLabel("nameThetaCutoff", tr("fcutoff:"), freqs);
+    thetaCutoffField_ = makeField("thetaCutoffField", freqs);
+    unitsCutoffFreq_ = makeLabel("unitsCutoffFreq", QString(), freqs);
+    nameThetaCenter_ = makeLabel("nameThetaCenter", tr("fcenter:"), freqs);
+    thetaCenterField_ = makeField("thetaCenterField", freqs);
+    unitsCenterFreq_ = makeLabel("unitsCenterFreq", QString(), freqs);
+    const int unitWidth = unitsCutoffFreq_->fontMetrics().horizontalAdvance(QStringLiteral("Norm  "));
+    int row = 0;
+    for (auto [name, field, units] : {std::tuple{nameThetaSampling_, thetaSamplingField_, unitsSampFreq_},
+                                      std::tuple{nameThetaCutoff_, thetaCutoffField_, unitsCutoffFreq_},
+                                      std::tuple{nameThetaCenter_, thetaCenterField_, unitsCenterFreq_}}) {
+        units->setMinimumWidth(unitWidth);
+        freqGrid->addWidget(name, row, 0);
+        freqGrid->addWidget(field, row, 1);
+        freqGrid->addWidget(units, row, 2);
+        ++row;
+    }
+    freqGrid->setColumnStretch(1, 1);
+    column->addWidget(freqs);
+
+    // Length, window and its parameter, coefficient width.
+    auto* shape = new QGroupBox(tr("Length and window"), form);
+    auto* shapeGrid = new QGridLayout(shape);
+    filterLengthStepper_ = new OddLengthSpinBox(shape);
+    filterLengthStepper_->setObjectName(QStringLiteral("filterLengthField"));
+    filterLengthStepper_->setAlignment(Qt::AlignRight);
+    filterLengthStepper_->setSuffix(QString());
+    windowTypePopUp_ = makePopUp("windowTypePopUp", shape);
+    nameBetaUpsilon_ = makeLabel("nameBetaUpsilon", QStringLiteral("β:"), shape);
+    betaUpsilonField_ = makeField("betaUpsilonField", shape);
+    bitWidthPopUp_ = makePopUp("bitWidthPopUp", shape);
+    shapeGrid->addWidget(new QLabel(tr("Length N:"), shape), 0, 0);
+    shapeGrid->addWidget(filterLengthStepper_, 0, 1);
+    shapeGrid->addWidget(new QLabel(tr("taps"), shape), 0, 2);
+    shapeGrid->addWidget(new QLabel(tr("Window:"), shape), 1, 0);
+    shapeGrid->addWidget(windowTypePopUp_, 1, 1, 1, 2);
+    shapeGrid->addWidget(nameBetaUpsilon_, 2, 0);
+    shapeGrid->addWidget(betaUpsilonField_, 2, 1);
+    shapeGrid->addWidget(new QLabel(tr("Width:"), shape), 3, 0);
+    shapeGrid->addWidget(bitWidthPopUp_, 3, 1, 1, 2);
+    shapeGrid->setColumnStretch(1, 1);
+    column->addWidget(shape);
+
+    // Which response the chart shows.
+    auto* display = new QGroupBox(tr("Chart"), form);
+    auto* displayGrid = new QGridLayout(display);
+    chartTypePopUp_ = makePopUp("chartTypePopUp", display);
+    displayGrid->addWidget(new QLabel(tr("Response:"), display), 0, 0);
+    displayGrid->addWidget(chartTypePopUp_, 0, 1);
+    displayGrid->setColumnStretch(1, 1);
+    column->addWidget(display);
+
+    auto* buttons = new QHBoxLayout;
+    designFilterBut_ = new QPushButton(tr("Design"), form);
+    designFilterBut_->setObjectName(QStringLiteral("designFilterBut"));
+    designFilterBut_->setDefault(true);
+    saveFilterBut_ = new QPushButton(tr("Save…"), form);
+    saveFilterBut_->setObjectName(QStringLiteral("saveFilterBut"));
+    buttons->addWidget(designFilterBut_, 2);
+    buttons->addWidget(saveFilterBut_, 1);
+    column->addLayout(buttons);
+
+    column->addStretch(1);
+    noteField_ = new QLineEdit(form);
+    noteField_->setObjectName(QStringLiteral("noteField"));
+    noteField_->setReadOnly(true);
+    noteField_->setFocusPolicy(Qt::ClickFocus);
+    noteField_->setPlaceholderText(tr("Notes appear here"));
+    column->addWidget(noteField_);
+    form->setMinimumWidth(300);
+    return form;
+}
+
+void GVRWinFilterDesign::setToolTips()
+{
+    unitsPopUp_->setToolTip(tr("Range of Normalized is 0:1 where unity represents one-half the Sampling Frequency"));
+    bitWidthPopUp_->setToolTip(tr("Fixed-Point required for export of FIR coefficients"));
+    windowTypePopUp_->setToolTip(tr("Select a Windowing Function to optimize the Filter design"));
+    chartTypePopUp_->setToolTip(tr("Filter's Magnitude or (Unwrapped) Phase Response"));
+    thetaSamplingField_->setToolTip(tr("Input the system's Sampling Frequency"));
+    thetaCutoffField_->setToolTip(tr("Input the Filter's Cutoff Frequency"));
+    thetaCenterField_->setToolTip(tr("Input the Center Frequency for the Bandpass Filter"));
+    filterLengthStepper_->setToolTip(tr("Length of Filter (25 to 255 taps in odd increments)"));
+    betaUpsilonField_->setToolTip(tr("Select a small fractional value (less than 10) to optimize response"));
+}
+
+void GVRWinFilterDesign::connectControls()
+{
+    connect(unitsPopUp_, &QComboBox::activated, this, &GVRWinFilterDesign::selectUnitsPopUpBut);
+    connect(filterTypePopUp_, &QComboBox::activated, this, [this] { updateUnitsAndHiddenFields(); });
+    connect(windowTypePopUp_, &QComboBox::activated, this, [this] { updateUnitsAndHiddenFields(); });
+    connect(chartTypePopUp_, &QComboBox::activated, this, &GVRWinFilterDesign::selectChartTypePopUpBut);
+    connect(designFilterBut_, &QPushButton::clicked, this, &GVRWinFilterDesign::pressDesignFilterBut);
+    connect(saveFilterBut_, &QPushButton::clicked, this, &GVRWinFilterDesign::saveMenuItem);
+    // Return in a number field designs, as the default button would in a panel.
+    for (GVRNumberField* field : {thetaSamplingField_, thetaCutoffField_, thetaCenterField_, betaUpsilonField_})
+        connect(field, &QLineEdit::returnPressed, this, &GVRWinFilterDesign::pressDesignFilterBut);
+}
+
+void GVRWinFilterDesign::createFileActions()
+{
+    struct Command {
+        const char* name;
+        QString text;
+        QKeySequence::StandardKey key;
+        void (GVRWinFilterDesign::*slot)();
+    };
+    const Command commands[] = {
+        {"filterNewAction", tr("New"), QKeySequence::New, &GVRWinFilterDesign::newMenuItem},
+        {"filterOpenAction", tr("Open…"), QKeySequence::Open, &GVRWinFilterDesign::openMenuItem},
+        {"filterSaveAction", tr("Save"), QKeySequence::Save, &GVRWinFilterDesign::saveMenuItem},
+        {"filterSaveAsAction", tr("Save As…"), QKeySequence::SaveAs, &GVRWinFilterDesign::saveAsMenuItem},
+    };
+    for (const Command& command : commands) {
+        auto* action = new QAction(command.text, this);
+        action->setObjectName(QLatin1String(command.name));
+        action->setShortcuts(command.key);
+        action->setShortcutContext(Qt::WindowShortcut);
+        connect(action, &QAction::triggered, this, command.slot);
+        addAction(action);
+        fileActions_.append(action);
+    }
+}
+
+bool GVRWinFilterDesign::windowIsKeyWindow() const
+{
+    return isActiveWindow();
+}
+
+void GVRWinFilterDesign::showGVRWinFilterDesign()
+{
+    show();
+    raise();
+    activateWindow();
+}
+
+void GVRWinFilterDesign::newMenuItem()
+{
+    fileCommands_->newMenuItem();
+}
+
+void GVRWinFilterDesign::openMenuItem()
+{
+    fileCommands_->openMenuItem();
+}
+
+void GVRWinFilterDesign::saveMenuItem()
+{
+    fileCommands_->saveMenuItem();
+}
+
+void GVRWinFilterDesign::saveAsMenuItem()
+{
+    fileCommands_->saveAsMenuItem();
+}
+
+void GVRWinFilterDesign::initializeWithMandatoryFlag(bool mandatory)
+{
+    if (windowTypePopUp_->count() == windowTypeTitle().size() && !mandatory)
+        return;
+    fill(unitsPopUp_, unitsFieldTitle(), kUnitsDefault);
+    previousUnitsSelected_ = kUnitsDefault;
+    fill(filterTypePopUp_, filterTypeTitle(), 0);
+    fill(bitWidthPopUp_, bitWidthTitle(), 0);
+    fill(windowTypePopUp_, windowTypeTitle(), 0);
+    fill(chartTypePopUp_, chartTypeTitle(), 0);
+
+    filterLengthStepper_->setRange(kLengthMin, kLengthMax);
+    filterLengthStepper_->setSingleStep(kLengthStep);
+    filterLengthStepper_->setWrapping(true);
+    filterLengthStepper_->setValue(kLengthMin);
+    updateUnitsAndHiddenFields();
+    if (!fileCommands_->currentName())
+        setWindowTitle(DesignFileCommands::untitledTitle());
+}
+
+void GVRWinFilterDesign::updateUnitsAndHiddenFields()
+{
+    const int units = unitsPopUp_->currentIndex();
+    const int type = filterTypePopUp_->currentIndex();
+    const int window = windowTypePopUp_->currentIndex();
+
+    const bool sampling = units != kUnitsNorm;
+    for (QWidget* w : std::initializer_list<QWidget*>{thetaSamplingField_, nameThetaSampling_, unitsSampFreq_})
+        w->setVisible(sampling);
+    const bool center = type == kBandPass;
+    for (QWidget* w : std::initializer_list<QWidget*>{thetaCenterField_, nameThetaCenter_, unitsCenterFreq_})
+        w->setVisible(center);
+    const bool parameter = window == kKaiser || window == kChebyshev;
+    if (window == kKaiser)
+        nameBetaUpsilon_->setText(QStringLiteral("β:"));
+    else if (window == kChebyshev)
+        nameBetaUpsilon_->setText(QStringLiteral("ϒ:"));
+    betaUpsilonField_->setVisible(parameter);
+    nameBetaUpsilon_->setVisible(parameter);
+
+    unitsSampFreq_->setText(unitsFieldSampFreqTitle().value(units));
+    unitsCutoffFreq_->setText(unitsFieldTitle().value(units));
+    unitsCenterFreq_->setText(unitsFieldTitle().value(units));
+
+    viewResult_->setFreqUnits(units);
+    viewResult_->setFilterType(type);
+}
+
+void GVRWinFilterDesign::selectUnitsPopUpBut(int now)
+{
+    const int previous = previousUnitsSelected_;
+    if (now != previous) {
+        const bool bandPass = filterTypePopUp_->currentIndex() == kBandPass;
+        const double fs = thetaSamplingField_->doubleValue();
+        const double cutoff = thetaCutoffField_->doubleValue();
+        const double center = thetaCenterField_->doubleValue();
+        if (now == kUnitsNorm) {
+            // The sampling field keeps its value, hidden.
+            if (cutoff > 0.0)
+                thetaCutoffField_->setDoubleValue(cutoff / (fs * 0.5));
+            if (bandPass && center > 0.0)
+                thetaCenterField_->setDoubleValue(center / (fs * 0.5));
+        } else if (previous == kUnitsNorm) {
+            // Normalised values carry no rate: the user has to give one.
+            thetaSamplingField_->setDoubleValue(0.0);
+        } else {
+            const double factor = std::pow(10.0, 3.0 * (previous - now));
+            if (fs > 0.0 && cutoff > 0.0) {
+                thetaSamplingField_->setDoubleValue(fs * factor);
+                thetaCutoffField_->setDoubleValue(cutoff * factor);
+            }
+            if (bandPass && center > 0.0)
+                thetaCenterField_->setDoubleValue(center * factor);
+        }
+        clearFilterDesignResults();
+        pressDesignFilterBut();
+    }
+    updateUnitsAndHiddenFields();
+    previousUnitsSelected_ = now;
+}
+
+void GVRWinFilterDesign::selectChartTypePopUpBut()
+{
+    viewFiltDesign_->newChartOfType(chartTypePopUp_->currentIndex(),
+                                    unitsFieldTitle().value(unitsPopUp_->currentIndex()));
+}
+
+void GVRWinFilterDesign::pressDesignFilterBut()
+{
+    // A length typed but not yet confirmed counts.
+    filterLengthStepper_->interpretText();
+
+    const int units = unitsPopUp_->currentIndex();
+    const int type = filterTypePopUp_->currentIndex();
+    const int window = windowTypePopUp_->currentIndex();
+    filterParameterDictionary_.clear();
+    filterParameterDictionary_.insert(KEYFP_UNITS, units);
+    filterParameterDictionary_.insert(KEYFP_FILTER_TYPE, type);
+
+    // A field the design uses must hold a number, or its key is left out and
+    // nothing is designed. A hidden field the design ignores reads as 0 when empty.
+    bool missing = false;
+    auto number = [&](const QString& key, GVRNumberField* field, bool used) {
+        if (const std::optional<double> value = field->numberValue()) {
+            filterParameterDictionary_.insert(key, *value);
+        } else if (!used) {
+            filterParameterDictionary_.insert(key, 0.0);
+        } else {
+            field->flagMissingNumber();
+            missing = true;
+        }
+    };
+    number(KEYFP_SAMPLING_FREQ, thetaSamplingField_, units != kUnitsNorm);
+    number(KEYFP_CUTOFF_FREQ, thetaCutoffField_, true);
+    number(KEYFP_CENTER_FREQ, thetaCenterField_, type == kBandPass);
+    filterParameterDictionary_.insert(KEYFP_FILTER_LENGTH, double(filterLengthStepper_->value()));
+    filterParameterDictionary_.insert(KEYFP_FILTER_WIDTH, bitWidthPopUp_->currentIndex());
+    filterParameterDictionary_.insert(KEYFP_WINDOW_TYPE, window);
+    number(KEYFP_BETA_UPSILON, betaUpsilonField_, window == kKaiser || window == kChebyshev);
+
+    if (!missing && filterParameterDictionary_.size() == 9)
+        filterDesignModel_.designFilterWithParameters(filterParameterDictionary_);
+}
+
+void GVRWinFilterDesign::displayNoteField(const QString& text, double value, bool withValue)
+{
+    noteField_->setText(formatNote(text, value, withValue));
+    noteField_->setCursorPosition(0);
+}
+
+void GVRWinFilterDesign::displayFilterDesignResults(const QVariantMap& results)
+{
+    viewResult_->displayFilterDesignResults(results);
+}
+
+void GVRWinFilterDesign::clearFilterDesignResults()
+{
+    viewResult_->clearDisplay();
+}
+
+void GVRWinFilterDesign::plotMagnitudeAndPhaseWithArray(const std::vector<double>& array)
+{
+    dBmagAndPhaseArray_ = array;
+    selectChartTypePopUpBut();
+}
+
+void GVRWinFilterDesign::clearFilterDesignParameters()
+{
+    filterLengthStepper_->setValue(kLengthMin);
+    for (GVRNumberField* field : {thetaSamplingField_, thetaCutoffField_, thetaCenterField_, betaUpsilonField_})
+        field->clear();
+}
+
+void GVRWinFilterDesign::restoreFilterParameters(const QVariantMap& parameters)
+{
+    if (parameters.size() != 9)
+        return;
+    selectIndex(unitsPopUp_, parameters.value(KEYFP_UNITS));
+    previousUnitsSelected_ = unitsPopUp_->currentIndex();
+    selectIndex(filterTypePopUp_, parameters.value(KEYFP_FILTER_TYPE));
+    thetaSamplingField_->setDoubleValue(parameters.value(KEYFP_SAMPLING_FREQ).toDouble());
+    thetaCutoffField_->setDoubleValue(parameters.value(KEYFP_CUTOFF_FREQ).toDouble());
+    thetaCenterField_->setDoubleValue(parameters.value(KEYFP_CENTER_FREQ).toDouble());
+    selectIndex(bitWidthPopUp_, parameters.value(KEYFP_FILTER_WIDTH));
+    selectIndex(windowTypePopUp_, parameters.value(KEYFP_WINDOW_TYPE));
+    betaUpsilonField_->setDoubleValue(parameters.value(KEYFP_BETA_UPSILON).toDouble());
+    // A length outside the stepper's odd steps (a damaged file) goes to the nearest one.
+    const double length = parameters.value(KEYFP_FILTER_LENGTH).toDouble();
+    int taps = std::isfinite(length) ? int(std::clamp(std::round(length), double(kLengthMin), double(kLengthMax)))
+                                     : kLengthMin;
+    if (taps % 2 == 0)
+        taps += taps < kLengthMax ? 1 : -1;
+    filterLengthStepper_->setValue(taps);
+    updateUnitsAndHiddenFields();
+}

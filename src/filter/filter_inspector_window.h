@@ -1,0 +1,35 @@
+// GVRWinFiltInspector: the filter inspector window, one read-only table of
+// every saved filter design with its parameters and measurements. It
+// rebuilds itself from the library whenever a filter design is saved.
+#pragma once
+
+#include <QList>
+#include <QMainWindow>
+
+#include "filter/inspect_filt.h"
+#include "filter/inspector_filt_model.h"
+
+class DesignLibrary;
+class GVRInspectorFiltTableModel;
+class QTableView;
+
+class GVRWinFiltInspector : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit GVRWinFiltInspector(DesignLibrary& library, QWidget* parent = nullptr);
+
+    // The rows shown, in their current order.
+    const QList<GVRInspectFilt>& inspectorDataArray() const;
+    QTableView* table() const { return table_; }
+    GVRInspectorFiltTableModel* tableModel() const { return tableModel_; }
+
+public slots:
+    void showGVRWinFiltInspector();
+    // Rows read afresh from the filter folder, in the folder's order, none selected.
+    void updateTableDisplay();
+
+private:
+    GVRInspectorFiltModel inspectorFiltModel_;
+    GVRInspectorFiltTableModel* tableModel_ = nullptr;
+    QTableView* table_ = nullptr;
+};

@@ -1,0 +1,36 @@
+// GVRWinSigInspector: the signal inspector window, one read-only table of
+// every saved signal design with its function and parameters (amplitudes in
+// volts, analog frequencies in MHz). It rebuilds itself from the library
+// whenever a signal design is saved.
+#pragma once
+
+#include <QList>
+#include <QMainWindow>
+
+#include "signal/inspect_sig.h"
+#include "signal/inspector_sig_model.h"
+
+class DesignLibrary;
+class GVRInspectorSigTableModel;
+class QTableView;
+
+class GVRWinSigInspector : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit GVRWinSigInspector(DesignLibrary& library, QWidget* parent = nullptr);
+
+    // The rows shown, in their current order.
+    const QList<GVRInspectSig>& inspectorDataArray() const;
+    QTableView* table() const { return table_; }
+    GVRInspectorSigTableModel* tableModel() const { return tableModel_; }
+
+public slots:
+    void showGVRWinSigInspector();
+    // Rows read afresh from the signal folder, in the folder's order, none selected.
+    void updateTableDisplay();
+
+private:
+    GVRInspectorSigModel inspectorSigModel_;
+    GVRInspectorSigTableModel* tableModel_ = nullptr;
+    QTableView* table_ = nullptr;
+};
