@@ -1,4 +1,9 @@
+// Option parsing, output and library set-up shared by the verbs of orvana-cli.
 #include "cli/cli_options.h"
+
+#include "shell/design_library.h"
+#include "shell/library_location.h"
+#include "shell/sample_designs.h"
 
 #include <QCommandLineParser>
 #include <QLocale>
@@ -34,6 +39,23 @@ bool parseOrComplain(QCommandLineParser& parser, const QStringList& args)
         message = QStringLiteral("Unexpected argument: %1").arg(parser.positionalArguments().join(' '));
     printErr(message + QLatin1Char('\n') + parser.helpText());
     return false;
+}
+
+QCommandLineOption libraryOption()
+{
+    return QCommandLineOption(QStringLiteral("library"),
+                              QStringLiteral("Design library folder (default: $%1, else the per-user folder).")
+                                  .arg(QString::fromLatin1(kLibraryEnvironmentVariable)),
+                              QStringLiteral("dir"));
+}
+
+DesignLibrary& prepareCliLibrary(const QString& verb, const QString& optionValue)
+{
+    DesignLibrary& library = DesignLibrary::shared();
+    library.setRoot(resolveLibraryRoot(optionValue));
+    for (const LibraryProblem& problem : prepareLibrary(library))
+        printErr(QStringLiteral("orvana-cli %1: warning: %2").arg(verb, problem.message));
+    return library;
 }
 
 void printOut(const QString& text)

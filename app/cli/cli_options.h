@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+class DesignLibrary;
+class QCommandLineOption;
 class QCommandLineParser;
 
 namespace cli {
@@ -24,6 +26,13 @@ std::optional<double> parseNumber(const QString& text);
 // Parses the verb's arguments; on a usage error prints it with the help
 // text to stderr and returns false. `args` starts with the program name.
 bool parseOrComplain(QCommandLineParser& parser, const QStringList& args);
+
+// The --library DIR option every verb takes.
+QCommandLineOption libraryOption();
+// Points the process's design library at `optionValue` (else ORVANA_LIBRARY,
+// else the per-user folder), makes its folders and copies the sample designs
+// in without replacing anything. Problems are printed as warnings.
+DesignLibrary& prepareCliLibrary(const QString& verb, const QString& optionValue);
 
 void printOut(const QString& text);
 void printOut(const std::string& text);

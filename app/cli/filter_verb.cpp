@@ -8,6 +8,7 @@
 #include "filter/filter_design_view.h"
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
+#include "shell/design_library.h"
 #include "shell/note_format.h"
 
 #include <QCommandLineParser>
@@ -191,7 +192,10 @@ int runFilter(const QStringList& args)
     const QCommandLineOption width(QStringLiteral("width"), QStringLiteral("double, or 20 down to 8 bits."),
                                    QStringLiteral("width"), QStringLiteral("double"));
     const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
-    parser.addOptions({help, units, type, fs, cutoff, center, taps, window, param, width, json});
+    const QCommandLineOption save(QStringLiteral("save"), QStringLiteral("Save the design in the library as NAME."),
+                                  QStringLiteral("name"));
+    const QCommandLineOption library = libraryOption();
+    parser.addOptions({help, units, type, fs, cutoff, center, taps, window, param, width, json, save, library});
     if (!parseOrComplain(parser, args))
         return Usage;
     if (parser.isSet(help)) {
@@ -232,9 +236,11 @@ int runFilter(const QStringList& args)
         parameters.insert(key, *number);
     }
 
+    DesignLibrary& designLibrary = prepareCliLibrary(QStringLiteral("filter"), parser.value(library));
     CollectingView view;
     GVRFilterDesignerModel model;
     model.setWindow(&view);
+    model.setLibrary(&designLibrary);
     model.designFilterWithParameters(parameters);
 
     const bool refused = view.note.startsWith(QStringLiteral("VALID RANGE: "));
@@ -243,6 +249,15 @@ int runFilter(const QStringList& args)
         writeJson(model, view, valid);
     else
         writeText(model, view, valid);
+    if (parser.isSet(save)) {
+        const QString name = parser.value(save);
+        if (!model.saveFilterDesignWithFileName(name)) {
+            printErr(QStringLiteral("orvana-cli filter: the design was not saved. %1").arg(model.lastFileError()));
+            return Refused;
+        }
+        if (!parser.isSet(json))
+            printOut(QStringLiteral("Saved as %1\n").arg(designLibrary.filterPath(name)));
+    }
     return refused ? Refused : Designed;
 }
 

@@ -1,12 +1,288 @@
+// orvana-cli open: the keys and values of a saved filter, signal or project
+// record, as the readers see it (the last record of the file), in archive
+// key order; absent values are null.
 #include "cli/cli_options.h"
+#include "cli/json_writer.h"
 #include "cli/verbs.h"
+
+#include "archive/filter_archive.h"
+#include "archive/project_archive.h"
+#include "archive/signal_archive.h"
+#include "shell/design_library.h"
+#include "shell/library_design_source.h"
+
+#include <QCommandLineParser>
+#include <QFileInfo>
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace cli {
 
-int runOpen(const QStringList&)
+namespace {
+
+// One printer for both outputs: JSON, or "key: value" lines.
+class RecordPrinter {
+public:
+    explicit RecordPrinter(bool json) : json_(json)
+    {
+        if (json_)
+            writer_.beginObject();
+    }
+
+    void field(const char* key, const std::optional<double>& v)
+    {
+        start(key);
+        if (!v)
+            absent();
+        else if (json_)
+            writer_.value(*v);
+        else
+            text_ += QString::number(*v, 'g', 17);
+        end();
+    }
+    void field(const char* key, const std::optional<std::int64_t>& v)
+    {
+        start(key);
+        if (!v)
+            absent();
+        else if (json_)
+            writer_.value(*v);
+        else
+            text_ += QString::number(*v);
+        end();
+    }
+    void field(const char* key, const std::optional<std::string>& v)
+    {
+        start(key);
+        if (!v)
+            absent();
+        else if (json_)
+            writer_.value(std::string_view(*v));
+        else
+            text_ += QString::fromStdString(*v);
+        end();
+    }
+    template <typename T>
+    void field(const char* key, const std::optional<std::vector<T>>& v)
+    {
+        start(key);
+        if (!v) {
+            absent();
+        } else if (json_) {
+            writer_.array(std::span<const T>(*v));
+        } else {
+            QStringList items;
+            for (const T& x : *v) {
+                if constexpr (std::is_floating_point_v<T>)
+                    items << QString::number(x, 'g', 17);
+                else
+                    items << QString::number(x);
+            }
+            text_ += QLatin1Char('[') + items.join(QStringLiteral(", ")) + QLatin1Char(']');
+        }
+        end();
+    }
+
+    QString finish()
+    {
+        if (!json_)
+            return text_;
+        writer_.endObject();
+        return QString::fromStdString(writer_.text()) + QLatin1Char('\n');
+    }
+
+private:
+    void start(const char* key)
+    {
+        if (json_)
+            writer_.key(key);
+        else
+            text_ += QString::fromLatin1(key) + QStringLiteral(": ");
+    }
+    void absent()
+    {
+        if (json_)
+            writer_.null();
+        else
+            text_ += QStringLiteral("null");
+    }
+    void end()
+    {
+        if (!json_)
+            text_ += QLatin1Char('\n');
+    }
+
+    bool json_;
+    JsonWriter writer_;
+    QString text_;
+};
+
+void print(RecordPrinter& p, const GVRFilter& r)
 {
-    printErr(QStringLiteral("orvana-cli open: not available in this build yet."));
-    return Usage;
+    p.field("filterName", r.filterName);
+    p.field("filterType", r.filterType);
+    p.field("windowType", r.windowType);
+    p.field("filterWidth", r.filterWidth);
+    p.field("unitsType", r.unitsType);
+    p.field("dfThetaSamplingFreq", r.dfThetaSamplingFreq);
+    p.field("dfFilterLengthN", r.dfFilterLengthN);
+    p.field("dfBetaUpsilon", r.dfBetaUpsilon);
+    p.field("dfThetaCutoffFreqNormalized", r.dfThetaCutoffFreqNormalized);
+    p.field("dfThetaCenterFreqNormalized", r.dfThetaCenterFreqNormalized);
+    p.field("dfGimeldbLow", r.dfGimeldbLow);
+    p.field("dfGimeldbHigh", r.dfGimeldbHigh);
+    p.field("dfGimeldbBandwidth", r.dfGimeldbBandwidth);
+    p.field("dfPassbandRipple", r.dfPassbandRipple);
+    p.field("dfDynamicRange", r.dfDynamicRange);
+    p.field("dfDynamicRangeError", r.dfDynamicRangeError);
+    p.field("integerCoefficients", r.integerCoefficients);
+    p.field("filterCoefficients", r.filterCoefficients);
+    p.field("filterPrecisionCoefficients", r.filterPrecisionCoefficients);
+}
+
+void print(RecordPrinter& p, const GVRSignal& r)
+{
+    p.field("samplingFreq", r.samplingFreq);
+    p.field("yStepIndex", r.yStepIndex);
+    p.field("freqUnits", r.freqUnits);
+    p.field("voltUnits", r.voltUnits);
+    p.field("parm1", r.parm1);
+    p.field("parm2", r.parm2);
+    p.field("parm3", r.parm3);
+    p.field("parm4", r.parm4);
+    p.field("parm5", r.parm5);
+    p.field("parm6", r.parm6);
+    p.field("maxAmplitude", r.maxAmplitude);
+    p.field("minAmplitude", r.minAmplitude);
+    p.field("maxFreq", r.maxFreq);
+    p.field("sampledSignalArray", r.sampledSignalArray);
+}
+
+void print(RecordPrinter& p, const GVRProject& r)
+{
+    p.field("blockDiagramNumber", r.blockDiagramNumber);
+    p.field("signalOneSign", r.signalOneSign);
+    p.field("signalTwoSign", r.signalTwoSign);
+    p.field("multirateL", r.multirateL);
+    p.field("multirateM", r.multirateM);
+    p.field("multirateFilterType", r.multirateFilterType);
+    p.field("filterName", r.filterName);
+    p.field("signalOneName", r.signalOneName);
+    p.field("signalTwoName", r.signalTwoName);
+}
+
+template <typename Record>
+int show(const std::optional<Record>& record, const QString& error, bool json)
+{
+    if (!record) {
+        printErr(QStringLiteral("orvana-cli open: %1").arg(error));
+        return Refused;
+    }
+    RecordPrinter printer(json);
+    print(printer, *record);
+    printOut(printer.finish());
+    return Designed;
+}
+
+}  // namespace
+
+int runOpen(const QStringList& args)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Print the keys and values of a saved design."));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
+    const QCommandLineOption diagram(QStringLiteral("diagram"),
+                                     QStringLiteral("For a project: the folder of diagram 1 or 2 (default: whichever "
+                                                    "holds NAME)."),
+                                     QStringLiteral("1|2"));
+    const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
+    const QCommandLineOption library = libraryOption();
+    parser.addOptions({help, diagram, json, library});
+    parser.addPositionalArgument(QStringLiteral("KIND"), QStringLiteral("filter, signal or project."));
+    parser.addPositionalArgument(QStringLiteral("NAME"),
+                                 QStringLiteral("Design name in the library, or the path of a design file."));
+    if (!parser.parse(args)) {
+        printErr(parser.errorText() + QLatin1Char('\n') + parser.helpText());
+        return Usage;
+    }
+    if (parser.isSet(help)) {
+        printOut(parser.helpText());
+        return Designed;
+    }
+    const QStringList positional = parser.positionalArguments();
+    const QString kind = positional.value(0).toLower();
+    if (positional.size() != 2 ||
+        (kind != QLatin1String("filter") && kind != QLatin1String("signal") && kind != QLatin1String("project"))) {
+        printErr(QStringLiteral("orvana-cli open: give a kind (filter, signal or project) and a design name.\n") +
+                 parser.helpText());
+        return Usage;
+    }
+    QString name = positional.at(1);
+    int diagramNumber = 0;
+    if (parser.isSet(diagram)) {
+        const QString d = parser.value(diagram).trimmed();
+        if (d != QLatin1String("1") && d != QLatin1String("2")) {
+            printErr(QStringLiteral("orvana-cli open: --diagram takes 1 or 2."));
+            return Usage;
+        }
+        diagramNumber = d.toInt();
+    }
+
+    DesignLibrary& designLibrary = prepareCliLibrary(QStringLiteral("open"), parser.value(library));
+    const bool isPath = name.contains(QLatin1Char('/'));
+    const bool asJson = parser.isSet(json);
+    QString path;
+    if (kind == QLatin1String("project")) {
+        const QString extension = DesignLibrary::extension(DesignLibrary::Folder::ProjectOne);
+        if (!isPath && name.endsWith(extension))
+            name.chop(extension.size());
+        if (isPath) {
+            path = name;
+        } else if (diagramNumber != 0) {
+            path = designLibrary.projectPath(diagramNumber, name);
+        } else {
+            const QString one = designLibrary.projectPath(1, name);
+            const QString two = designLibrary.projectPath(2, name);
+            const bool inOne = QFileInfo(one).isFile();
+            const bool inTwo = QFileInfo(two).isFile();
+            if (inOne && inTwo) {
+                printErr(QStringLiteral("orvana-cli open: both project folders hold \"%1\"; choose one with "
+                                        "--diagram 1 or 2.")
+                             .arg(name));
+                return Usage;
+            }
+            path = inTwo ? two : one;
+        }
+    } else {
+        const DesignLibrary::Folder folder =
+            kind == QLatin1String("filter") ? DesignLibrary::Folder::Filter : DesignLibrary::Folder::Signal;
+        const QString extension = DesignLibrary::extension(folder);
+        if (!isPath && name.endsWith(extension))
+            name.chop(extension.size());
+        path = isPath ? name : designLibrary.designPath(folder, name);
+    }
+    if (!isPath && !LibraryDesignSource::isPlainName(name)) {
+        printErr(QStringLiteral("orvana-cli open: \"%1\" is not a design name.").arg(name));
+        return Usage;
+    }
+    if (!QFileInfo(path).isFile()) {
+        printErr(QStringLiteral("orvana-cli open: there is no %1 design \"%2\" (%3).").arg(kind, name, path));
+        return Refused;
+    }
+
+    QString error;
+    if (kind == QLatin1String("filter")) {
+        const auto record = readFilterFile(path, &error);
+        return show(record, error, asJson);
+    }
+    if (kind == QLatin1String("signal")) {
+        const auto record = readSignalFile(path, &error);
+        return show(record, error, asJson);
+    }
+    const auto record = readProjectFile(path, &error);
+    return show(record, error, asJson);
 }
 
 }  // namespace cli

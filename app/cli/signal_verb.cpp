@@ -6,6 +6,7 @@
 #include "cli/verbs.h"
 
 #include "dsp/signal_spectrum.h"
+#include "shell/design_library.h"
 #include "shell/note_format.h"
 #include "signal/signal_design_view.h"
 #include "signal/signal_designer_model.h"
@@ -158,7 +159,10 @@ int runSignal(const QStringList& args)
                                     QStringLiteral("number"));
     }
     const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
-    parser.addOptions({help, freqUnits, voltUnits, fs, function, json});
+    const QCommandLineOption save(QStringLiteral("save"), QStringLiteral("Save the design in the library as NAME."),
+                                  QStringLiteral("name"));
+    const QCommandLineOption library = libraryOption();
+    parser.addOptions({help, freqUnits, voltUnits, fs, function, json, save, library});
     parser.addOptions(parms);
     if (!parseOrComplain(parser, args))
         return Usage;
@@ -192,9 +196,11 @@ int runSignal(const QStringList& args)
         return Usage;
     }
 
+    DesignLibrary& designLibrary = prepareCliLibrary(QStringLiteral("signal"), parser.value(library));
     CollectingView view;
     GVRSignalDesignerModel model;
     model.setWinSignalDesign(&view);
+    model.setLibrary(&designLibrary);
     model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
         freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index, values));
     const bool designed = !view.time.empty();
@@ -202,6 +208,15 @@ int runSignal(const QStringList& args)
         writeJson(view, designed);
     else
         writeText(model, view, designed);
+    if (parser.isSet(save)) {
+        const QString name = parser.value(save);
+        if (!model.saveSignalDesignWithFileName(name)) {
+            printErr(QStringLiteral("orvana-cli signal: the design was not saved. %1").arg(model.lastFileError()));
+            return Refused;
+        }
+        if (!parser.isSet(json))
+            printOut(QStringLiteral("Saved as %1\n").arg(designLibrary.signalPath(name)));
+    }
     return designed ? Designed : Refused;
 }
 

@@ -27,6 +27,16 @@ QList<GVRInspectFilt> GVRFirExportModel::getFirExportFileArray()
     return rows;
 }
 
+QString GVRFirExportModel::integerWidthAlert()
+{
+    return QStringLiteral("Filter Coefficient Width must be an Integer Value\n(Not Floating Point)");
+}
+
+QString GVRFirExportModel::invalidSelectionAlert()
+{
+    return QStringLiteral("A Row must first be selected");
+}
+
 QByteArray GVRFirExportModel::coefficientText(const std::vector<std::int64_t>& coefficients)
 {
     QByteArray text;
@@ -55,6 +65,8 @@ bool GVRFirExportModel::openFilterFileAndSaveCoefficientsToFile(const QString& f
     const std::optional<GVRFilter> record = readFilterFile(library_.filterFolder() + u'/' + fileName, &readError);
     if (!record)
         return fail(readError);
+    if (record->filterWidth == 0)
+        return fail(integerWidthAlert());
     if (!record->integerCoefficients || record->integerCoefficients->empty())
         return fail(QStringLiteral("The filter design \"%1\" holds no integer coefficients.").arg(fileName));
     return writeFileAtomically(csvPath, coefficientText(*record->integerCoefficients), error);

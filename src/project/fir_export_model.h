@@ -25,9 +25,15 @@ public:
 
     // Writes the one-line CSV of the named ".filt" file (file name with its
     // extension) to csvPath atomically. False, with the reason in `error`, when
-    // the file cannot be read, holds no integer coefficients, or the write fails.
+    // the file cannot be read, holds no integer coefficients, was designed with
+    // the "Double" width (integerWidthAlert()), or the write fails.
     bool openFilterFileAndSaveCoefficientsToFile(const QString& fileName, const QString& csvPath,
                                                  QString* error = nullptr);
+
+    // "Filter Coefficient Width must be an Integer Value\n(Not Floating Point)"
+    static QString integerWidthAlert();
+    // "A Row must first be selected"
+    static QString invalidSelectionAlert();
 
     // The export text of a coefficient list: "12,-40,127,-40,12", no line break.
     static QByteArray coefficientText(const std::vector<std::int64_t>& coefficients);
