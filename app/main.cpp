@@ -1,13 +1,14 @@
-// The desktop program.
+// The desktop program: options, design library, windows.
 #include <QApplication>
 
-#include "shell/build_status_window.h"
+#include "shell/startup.h"
 
 int main(int argc, char* argv[])
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Orvana"));
-    BuildStatusWindow window;
-    window.show();
-    return app.exec();
+    QApplication::setOrganizationName(QStringLiteral("Orvana"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Orvana"));
+    QApplication::setApplicationVersion(orvanaVersion());
+    return runOrvana(parseStartupOptions(QApplication::arguments()));
 }

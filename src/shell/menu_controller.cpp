@@ -1,0 +1,227 @@
+// The shared menus and the routing of the file commands.
+#include "shell/menu_controller.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+
+#include "filter/filter_design_window.h"
+#include "filter/filter_inspector_window.h"
+#include "project/fir_export_window.h"
+#include "project/project_window.h"
+#include "shell/pref_controller.h"
+#include "shell/user_manual.h"
+#include "signal/signal_design_window.h"
+#include "signal/signal_inspector_window.h"
+
+QUrl GVRMenuController::orvanaWebsite()
+{
+    return QUrl(QStringLiteral("https://orvana.example.org"));
+}
+
+QUrl GVRMenuController::developerWebsite()
+{
+    return QUrl(QStringLiteral("https://orvana.example.org/developers"));
+}
+
+GVRMenuController::GVRMenuController(Targets targets, QObject* parent)
+    : QObject(parent), targets_(targets), urlOpener_([](const QUrl& url) { return QDesktopServices::openUrl(url); })
+{
+    createActions();
+}
+
+GVRMenuController::~GVRMenuController() = default;
+
+QAction* GVRMenuController::addAction(const char* name, const QString& text, std::function<void()> run)
+{
+    auto* action = new QAction(text, this);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcutContext(Qt::WindowShortcut);
+    connect(action, &QAction::triggered, this, [run = std::move(run)] { run(); });
+    return action;
+}
+
+void GVRMenuController::createActions()
+{
+    const Targets t = targets_;
+    QAction* newAction = addAction("newAction", tr("&New"), [this] { newMenuItem(); });
+    newAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_N));
+    QAction* openAction = addAction("openAction", tr("&Open…"), [this] { openMenuItem(); });
+    openAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    QAction* saveAction = addAction("saveAction", tr("&Save"), [this] { saveMenuItem(); });
+    saveAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
+    QAction* saveAsAction = addAction("saveAsAction", tr("Save &As…"), [this] { saveAsMenuItem(); });
+    saveAsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    QAction* exportAction = addAction("exportAction", tr("&Export Coefficients…"), [t] {
+        if (t.firExport)
+            t.firExport->showGVRWinFirExport();
+    });
+    QAction* prefAction = addAction("preferencesAction", tr("&Preferences…"), [t] {
+        if (t.preferences)
+            t.preferences->setPrefControllerWin();
+    });
+    prefAction->setMenuRole(QAction::PreferencesRole);
+    prefAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    QAction* quitAction = addAction("quitAction", tr("&Quit"), [] { QCoreApplication::quit(); });
+    quitAction->setMenuRole(QAction::QuitRole);
+    quitAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    fileActions_ = {newAction, openAction, saveAction, saveAsAction, exportAction, prefAction, quitAction};
+
+    windowActions_ = {
+        addAction("filterDesignerAction", tr("Filter Designer"),
+                  [t] {
+                      if (t.filterDesign)
+                          t.filterDesign->showGVRWinFilterDesign();
+                  }),
+        addAction("signalDesignerAction", tr("Signal Designer"),
+                  [t] {
+                      if (t.signalDesign)
+                          t.signalDesign->showGVRWinSignalDesign();
+                  }),
+        addAction("sumAndFilterAction", tr("Sum && Filter Model"),
+                  [t] {
+                      if (t.project)
+                          t.project->showGVRWinProjectOne();
+                  }),
+        addAction("multirateAction", tr("Multirate Model"),
+                  [t] {
+                      if (t.project)
+                          t.project->showGVRWinProjectTwo();
+                  }),
+        addAction("filterInspectorAction", tr("Filter Inspector"),
+                  [t] {
+                      if (t.filtInspector)
+                          t.filtInspector->showGVRWinFiltInspector();
+                  }),
+        addAction("signalInspectorAction", tr("Signal Inspector"),
+                  [t] {
+                      if (t.sigInspector)
+                          t.sigInspector->showGVRWinSigInspector();
+                  }),
+        addAction("firExportAction", tr("FIR Coefficient Export"),
+                  [t] {
+                      if (t.firExport)
+                          t.firExport->showGVRWinFirExport();
+                  }),
+    };
+
+    helpActions_ = {
+        addAction("manualAction", tr("Orvana User Manual"), [this] { viewManual(); }),
+        addAction("orvanaWebsiteAction", tr("Orvana Web Site"), [this] { viewOrvanaWebsite(); }),
+        addAction("developerWebsiteAction", tr("Developer Web Site"), [this] { viewDunmereWebsite(); }),
+    };
+    helpActions_.first()->setShortcut(QKeySequence::HelpContents);
+}
+
+QAction* GVRMenuController::action(const QString& name) const
+{
+    return findChild<QAction*>(name, Qt::FindDirectChildrenOnly);
+}
+
+void GVRMenuController::installMenus(QMainWindow* window)
+{
+    if (!window)
+        return;
+    // Window-level shortcuts the window set up for itself would make the
+    // keys ambiguous; the menu's commands reach the same window.
+    QList<QKeySequence> taken;
+    for (QAction* a : fileActions_ + windowActions_ + helpActions_)
+        taken += a->shortcuts();
+    const QList<QAction*> own = window->actions();
+    for (QAction* a : own) {
+        if (a->parent() == this)
+            continue;
+        QList<QKeySequence> keep;
+        for (const QKeySequence& key : a->shortcuts())
+            if (!taken.contains(key))
+                keep += key;
+        if (keep.size() != a->shortcuts().size())
+            a->setShortcuts(keep);
+    }
+
+    auto* bar = new QMenuBar(window);
+    bar->setObjectName(QStringLiteral("orvanaMenuBar"));
+    QMenu* file = bar->addMenu(tr("&File"));
+    file->addActions(fileActions_.mid(0, 4));
+    file->addSeparator();
+    file->addAction(fileActions_.at(4));
+    file->addSeparator();
+    file->addAction(fileActions_.at(5));
+    file->addSeparator();
+    file->addAction(fileActions_.at(6));
+    QMenu* windows = bar->addMenu(tr("&Window"));
+    windows->addActions(windowActions_.mid(0, 2));
+    windows->addSeparator();
+    windows->addActions(windowActions_.mid(2, 2));
+    windows->addSeparator();
+    windows->addActions(windowActions_.mid(4));
+    QMenu* help = bar->addMenu(tr("&Help"));
+    help->addActions(helpActions_);
+    window->setMenuBar(bar);
+}
+
+template <typename Command>
+void GVRMenuController::routeToKeyWindow(Command command)
+{
+    if (targets_.signalDesign && targets_.signalDesign->windowIsKeyWindow())
+        command(*targets_.signalDesign);
+    else if (targets_.filterDesign && targets_.filterDesign->windowIsKeyWindow())
+        command(*targets_.filterDesign);
+    else if (targets_.project && targets_.project->windowIsKeyWindow())
+        command(*targets_.project);
+}
+
+void GVRMenuController::newMenuItem()
+{
+    routeToKeyWindow([](auto& window) { window.newMenuItem(); });
+}
+
+void GVRMenuController::openMenuItem()
+{
+    routeToKeyWindow([](auto& window) { window.openMenuItem(); });
+}
+
+void GVRMenuController::saveMenuItem()
+{
+    routeToKeyWindow([](auto& window) { window.saveMenuItem(); });
+}
+
+void GVRMenuController::saveAsMenuItem()
+{
+    routeToKeyWindow([](auto& window) { window.saveAsMenuItem(); });
+}
+
+void GVRMenuController::openUrl(const QUrl& url)
+{
+    if (urlOpener_ && urlOpener_(url))
+        return;
+    QMessageBox::warning(nullptr, tr("Orvana"),
+                         tr("Orvana could not open %1. Open it in your web browser yourself.")
+                             .arg(url.toDisplayString()));
+}
+
+void GVRMenuController::viewManual()
+{
+    QString error;
+    const QString page = writeUserManualHtml(userManualCacheFolder(), &error);
+    if (page.isEmpty()) {
+        QMessageBox::warning(nullptr, tr("Orvana User Manual"),
+                             tr("The user manual could not be prepared: %1").arg(error));
+        return;
+    }
+    openUrl(QUrl::fromLocalFile(page));
+}
+
+void GVRMenuController::viewOrvanaWebsite()
+{
+    openUrl(orvanaWebsite());
+}
+
+void GVRMenuController::viewDunmereWebsite()
+{
+    openUrl(developerWebsite());
+}
