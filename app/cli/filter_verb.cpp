@@ -236,11 +236,13 @@ int runFilter(const QStringList& args)
         parameters.insert(key, *number);
     }
 
-    DesignLibrary& designLibrary = prepareCliLibrary(QStringLiteral("filter"), parser.value(library));
+    // The library is touched only when the design is to be saved there.
+    DesignLibrary* designLibrary =
+        parser.isSet(save) ? &prepareCliLibrary(QStringLiteral("filter"), parser.value(library)) : nullptr;
     CollectingView view;
     GVRFilterDesignerModel model;
     model.setWindow(&view);
-    model.setLibrary(&designLibrary);
+    model.setLibrary(designLibrary);
     model.designFilterWithParameters(parameters);
 
     const bool refused = view.note.startsWith(QStringLiteral("VALID RANGE: "));
@@ -256,7 +258,7 @@ int runFilter(const QStringList& args)
             return Refused;
         }
         if (!parser.isSet(json))
-            printOut(QStringLiteral("Saved as %1\n").arg(designLibrary.filterPath(name)));
+            printOut(QStringLiteral("Saved as %1\n").arg(designLibrary->filterPath(name)));
     }
     return refused ? Refused : Designed;
 }

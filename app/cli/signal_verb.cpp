@@ -196,11 +196,13 @@ int runSignal(const QStringList& args)
         return Usage;
     }
 
-    DesignLibrary& designLibrary = prepareCliLibrary(QStringLiteral("signal"), parser.value(library));
+    // The library is touched only when the design is to be saved there.
+    DesignLibrary* designLibrary =
+        parser.isSet(save) ? &prepareCliLibrary(QStringLiteral("signal"), parser.value(library)) : nullptr;
     CollectingView view;
     GVRSignalDesignerModel model;
     model.setWinSignalDesign(&view);
-    model.setLibrary(&designLibrary);
+    model.setLibrary(designLibrary);
     model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
         freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index, values));
     const bool designed = !view.time.empty();
@@ -215,7 +217,7 @@ int runSignal(const QStringList& args)
             return Refused;
         }
         if (!parser.isSet(json))
-            printOut(QStringLiteral("Saved as %1\n").arg(designLibrary.signalPath(name)));
+            printOut(QStringLiteral("Saved as %1\n").arg(designLibrary->signalPath(name)));
     }
     return designed ? Designed : Refused;
 }
