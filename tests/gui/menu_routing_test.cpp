@@ -1,0 +1,214 @@
+// The shared menus: every window carries File, Window and Help; New, Open,
+// Save and Save As reach the active designer window only (signal designer,
+// filter designer, project window), never an inspector or the export window;
+// the Window menu opens each window; Help opens the manual and the web pages.
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+#include "filter/design_file_commands.h"
+#include "filter/filter_design_window.h"
+#include "filter/filter_inspector_window.h"
+#include "filter/number_field.h"
+#include "filter/open_sheet.h"
+#include "filter/save_sheet.h"
+#include "project/fir_export_window.h"
+#include "project/project_window.h"
+#include "seeded_library.h"
+#include "shell/menu_controller.h"
+#include "shell/orvana_shell.h"
+#include "signal/signal_design_window.h"
+#include "signal/signal_inspector_window.h"
+
+namespace {
+
+class MenuRouting : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(seeded.problems.isEmpty());
+        shell = std::make_unique<OrvanaShell>(seeded.library, &settings);
+        shell->menuController()->setUrlOpener([this](const QUrl& url) {
+            opened << url;
+            return true;
+        });
+    }
+    void TearDown() override
+    {
+        shell.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    static void activate(QWidget* window)
+    {
+        window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+        window->raise();
+        window->activateWindow();
+        QApplication::setActiveWindow(window);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    }
+
+    void trigger(const char* name)
+    {
+        QAction* action = shell->menuController()->action(QLatin1String(name));
+        ASSERT_NE(action, nullptr) << name;
+        action->trigger();
+    }
+
+    // Which designers show a save sheet now; each one found is closed again.
+    QStringList windowsWithSaveSheet()
+    {
+        QStringList found;
+        const std::pair<QString, DesignFileCommands*> designers[] = {
+            {"signal", shell->signalDesign()->fileCommands()},
+            {"filter", shell->filterDesign()->fileCommands()},
+            {"project", shell->project()->fileCommands()},
+        };
+        for (const auto& [name, commands] : designers) {
+            if (commands->saveSheet() && commands->saveSheet()->isVisible()) {
+                found << name;
+                commands->saveSheetCancel();
+            }
+        }
+        return found;
+    }
+
+    SeededLibrary seeded;
+    QTemporaryDir dir;
+    QSettings settings{dir.filePath("prefs.ini"), QSettings::IniFormat};
+    std::unique_ptr<OrvanaShell> shell;
+    QList<QUrl> opened;
+};
+
+TEST_F(MenuRouting, EveryWindowCarriesTheThreeMenus)
+{
+    for (QMainWindow* window : shell->windows()) {
+        QMenuBar* bar = window->menuBar();
+        ASSERT_NE(bar, nullptr);
+        QStringList titles;
+        for (QAction* a : bar->actions())
+            titles << a->text().remove('&');
+        EXPECT_EQ(titles, QStringList({"File", "Window", "Help"})) << window->objectName().toStdString();
+    }
+    EXPECT_EQ(shell->menuController()->action("newAction")->shortcut(), QKeySequence("Ctrl+N"));
+    EXPECT_EQ(shell->menuController()->action("openAction")->shortcut(), QKeySequence("Ctrl+O"));
+    EXPECT_EQ(shell->menuController()->action("saveAction")->shortcut(), QKeySequence("Ctrl+S"));
+    EXPECT_EQ(shell->menuController()->action("saveAsAction")->shortcut(), QKeySequence("Ctrl+Shift+S"));
+    // Each key has one owner: the designers' own window shortcuts gave theirs up.
+    for (QMainWindow* window : shell->windows()) {
+        for (QAction* a : window->actions()) {
+            if (a->parent() != shell->menuController()) {
+                EXPECT_NE(a->shortcut(), QKeySequence("Ctrl+S")) << window->objectName().toStdString();
+            }
+        }
+    }
+}
+
+TEST_F(MenuRouting, FileCommandsGoToTheActiveDesigner)
+{
+    shell->filterDesign()->showGVRWinFilterDesign();
+    shell->signalDesign()->showGVRWinSignalDesign();
+    shell->project()->showGVRWinProjectOne();
+    shell->filtInspector()->showGVRWinFiltInspector();
+
+    activate(shell->signalDesign());
+    trigger("saveAsAction");
+    EXPECT_EQ(windowsWithSaveSheet(), QStringList{"signal"});
+
+    activate(shell->filterDesign());
+    trigger("saveAsAction");
+    EXPECT_EQ(windowsWithSaveSheet(), QStringList{"filter"});
+
+    activate(shell->project());
+    trigger("saveAsAction");
+    EXPECT_EQ(windowsWithSaveSheet(), QStringList{"project"});
+
+    // An inspector or the export window in front: nothing happens.
+    activate(shell->filtInspector());
+    trigger("saveAction");
+    trigger("saveAsAction");
+    trigger("openAction");
+    EXPECT_TRUE(windowsWithSaveSheet().isEmpty());
+    EXPECT_FALSE(shell->filterDesign()->fileCommands()->openSheet() &&
+                 shell->filterDesign()->fileCommands()->openSheet()->isVisible());
+    shell->firExport()->showGVRWinFirExport();
+    activate(shell->firExport());
+    trigger("saveAsAction");
+    EXPECT_TRUE(windowsWithSaveSheet().isEmpty());
+}
+
+TEST_F(MenuRouting, KeyboardShortcutReachesTheActiveDesigner)
+{
+    shell->filterDesign()->showGVRWinFilterDesign();
+    activate(shell->filterDesign());
+    QTest::keyClick(shell->filterDesign(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(windowsWithSaveSheet(), QStringList{"filter"});
+}
+
+TEST_F(MenuRouting, NewOnTheProjectWindowClearsOnlyIt)
+{
+    shell->project()->showGVRWinProjectTwo();
+    shell->project()->multirateLStepper()->setValue(5);
+    shell->filterDesign()->showGVRWinFilterDesign();
+    shell->filterDesign()->thetaCutoffField()->setText("0.2");
+    activate(shell->project());
+    trigger("newAction");
+    EXPECT_EQ(shell->project()->multirateLStepper()->value(), 1);
+    EXPECT_EQ(shell->project()->windowTitle(), "(Untitled)");
+    EXPECT_EQ(shell->filterDesign()->thetaCutoffField()->text(), "0.2");
+}
+
+TEST_F(MenuRouting, WindowMenuOpensEveryWindow)
+{
+    trigger("sumAndFilterAction");
+    EXPECT_TRUE(shell->project()->isVisible());
+    EXPECT_EQ(shell->project()->blockDiagramNumber(), 1);
+    trigger("multirateAction");
+    EXPECT_EQ(shell->project()->blockDiagramNumber(), 2);
+    trigger("filterDesignerAction");
+    EXPECT_TRUE(shell->filterDesign()->isVisible());
+    trigger("signalDesignerAction");
+    EXPECT_TRUE(shell->signalDesign()->isVisible());
+    trigger("filterInspectorAction");
+    EXPECT_TRUE(shell->filtInspector()->isVisible());
+    trigger("signalInspectorAction");
+    EXPECT_TRUE(shell->sigInspector()->isVisible());
+    trigger("firExportAction");
+    EXPECT_TRUE(shell->firExport()->isVisible());
+    shell->firExport()->hide();
+    trigger("exportAction");
+    EXPECT_TRUE(shell->firExport()->isVisible());
+}
+
+TEST_F(MenuRouting, HelpOpensTheManualAndTheWebPages)
+{
+    trigger("manualAction");
+    ASSERT_EQ(opened.size(), 1);
+    ASSERT_TRUE(opened.first().isLocalFile());
+    const QString page = opened.first().toLocalFile();
+    EXPECT_TRUE(page.endsWith("OrvanaUserManual.html"));
+    QFile file(page);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString html = QString::fromUtf8(file.readAll());
+    EXPECT_TRUE(html.contains("Orvana User Manual"));
+    EXPECT_TRUE(html.contains("Filter Designer"));
+    EXPECT_FALSE(html.contains("## "));  // converted, not raw Markdown
+
+    trigger("orvanaWebsiteAction");
+    trigger("developerWebsiteAction");
+    ASSERT_EQ(opened.size(), 3);
+    EXPECT_EQ(opened.at(1), QUrl("https://orvana.example.org"));
+    EXPECT_EQ(opened.at(2), QUrl("https://orvana.example.org/developers"));
+}
+
+} // namespace

@@ -1,0 +1,380 @@
+// The project window driven through its widgets over a library seeded with
+// the sample designs: both system models, the rate error, the steppers, the
+// mode-dependent controls, the lists kept in step with the library, and
+// Save/Open through the sheets.
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include "charts/chart_colors.h"
+#include "charts/view_block_diagram.h"
+#include "charts/view_proj_freq.h"
+#include "charts/view_proj_time.h"
+#include "filter/design_file_commands.h"
+#include "filter/open_sheet.h"
+#include "filter/save_sheet.h"
+#include "project/project_keys.h"
+#include "project/project_window.h"
+#include "seeded_library.h"
+
+static void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace {
+
+const QString kSumRateError = QStringLiteral("ERROR - Both x₁[n] and x₂[n] must have same fs as H[n]");
+
+class ProjectWindow : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(seeded.problems.isEmpty()) << seeded.problems.first().message.toStdString();
+        window = new GVRWinProject(seeded.library);
+    }
+    void TearDown() override
+    {
+        delete window;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void show(int mode)
+    {
+        if (mode == 1)
+            window->showGVRWinProjectOne();
+        else
+            window->showGVRWinProjectTwo();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    }
+
+    // Picks an item the way a user does: open the list, move to it, Return.
+    static void choose(QComboBox* popUp, const QString& title)
+    {
+        const int index = popUp->findText(title);
+        ASSERT_GE(index, 0) << title.toStdString();
+        popUp->setCurrentIndex(index);
+        emit popUp->activated(index);
+    }
+
+    void design()
+    {
+        QTest::mouseClick(window->designButton(), Qt::LeftButton);
+        // Let the charts paint their new arrays.
+        QCoreApplication::processEvents();
+    }
+
+    static void stepUp(QSpinBox* box, int times = 1)
+    {
+        for (int i = 0; i < times; ++i)
+            box->stepUp();
+    }
+
+    SeededLibrary seeded;
+    GVRWinProject* window = nullptr;
+};
+
+TEST_F(ProjectWindow, SumAndFilterOfTheSamplesDrawsInputAndOutput)
+{
+    show(1);
+    choose(window->signalOnePopUp(), "Cos10M3Fs300");
+    choose(window->signalTwoPopUp(), "Cos35Fs300");
+    choose(window->filterPopUp(), "lp300fc25");
+    design();
+
+    EXPECT_EQ(window->noteField()->text(), QString());
+    const QVariantMap& p = window->projectParameterDictionary();
+    ASSERT_EQ(p.size(), 9);
+    EXPECT_EQ(p.value(KEYMOD_BLOCK_DIAGRAM).toInt(), 1);
+    EXPECT_EQ(p.value(KEYMOD_SIG_ONE_NAME).toString(), "Cos10M3Fs300");
+    EXPECT_EQ(p.value(KEYMOD_SIG_TWO_NAME).toString(), "Cos35Fs300");
+    EXPECT_EQ(p.value(KEYMOD_FILTER_NAME).toString(), "lp300fc25");
+    EXPECT_EQ(p.value(KEYMOD_SIG_ONE_SIGN).toInt(), 0);
+    EXPECT_EQ(p.value(KEYMOD_MULTIRATE_FILT).toInt(), 1);  // automatic, as first shown
+
+    const std::vector<double> time = window->theTimeArray();
+    const std::vector<double> freq = window->theFreqArray();
+    ASSERT_EQ(time.size(), 32784u);
+    ASSERT_EQ(freq.size(), 16400u);
+    EXPECT_DOUBLE_EQ(time[0], 300.0);  // KHz, both signals and the filter
+    EXPECT_DOUBLE_EQ(time[8], 300.0);  // Sum & Filter keeps the rate
+    EXPECT_GT(time[4], time[5]);
+
+    // Both charts show curves in their colours; the graph choice flips them to the output.
+    EXPECT_GT(countPixels(window->viewProjTime(), chartcolors::timeGraph()), 50);
+    EXPECT_GT(countPixels(window->viewProjFreq(), chartcolors::magSpectrum()), 20);
+    EXPECT_EQ(window->graphPopUp()->itemText(1), "Output: y[n]");
+    choose(window->graphPopUp(), "Output: y[n]");
+    EXPECT_FALSE(window->viewProjTime()->showsInput());
+    EXPECT_FALSE(window->viewProjFreq()->showsInput());
+    EXPECT_GT(countPixels(window->viewProjTime(), chartcolors::timeGraph()), 50);
+}
+
+TEST_F(ProjectWindow, MultirateWithTheAutomaticFilter)
+{
+    show(2);
+    EXPECT_EQ(window->viewBlockDiagram()->blockDiagramIndex(), 2);
+    EXPECT_TRUE(window->autoFilterButton()->isChecked());
+    EXPECT_FALSE(window->filterPopUp()->isVisible());
+    EXPECT_FALSE(window->filterLabel()->isVisible());
+    EXPECT_TRUE(window->multirateLStepper()->isVisible());
+    EXPECT_EQ(window->graphPopUp()->itemText(0), "Input: x[n]");
+    EXPECT_EQ(window->graphPopUp()->itemText(1), "Output: y[k]");
+
+    choose(window->signalOnePopUp(), "Cos35Fs300");
+    choose(window->signalTwoPopUp(), "Cos10M3Fs300");
+    QTest::keyClick(window->multirateLStepper(), Qt::Key_Up);
+    QTest::keyClick(window->multirateLStepper(), Qt::Key_Up);
+    QTest::keyClick(window->multirateMStepper(), Qt::Key_Up);
+    EXPECT_EQ(window->multirateLStepper()->value(), 3);
+    EXPECT_EQ(window->multirateMStepper()->value(), 2);
+    design();
+
+    EXPECT_EQ(window->noteField()->text(), QString());
+    const QVariantMap& p = window->projectParameterDictionary();
+    EXPECT_EQ(p.value(KEYMOD_BLOCK_DIAGRAM).toInt(), 2);
+    EXPECT_EQ(p.value(KEYMOD_MULTIRATE_L).toInt(), 3);
+    EXPECT_EQ(p.value(KEYMOD_MULTIRATE_M).toInt(), 2);
+    EXPECT_EQ(p.value(KEYMOD_MULTIRATE_FILT).toInt(), 1);
+    const std::vector<double> time = window->theTimeArray();
+    ASSERT_EQ(time.size(), 32784u);
+    EXPECT_DOUBLE_EQ(time[0], 300.0);
+    EXPECT_DOUBLE_EQ(time[8], 450.0);  // 300 · 3 / 2
+    choose(window->graphPopUp(), "Output: y[k]");
+    EXPECT_GT(countPixels(window->viewProjTime(), chartcolors::timeGraph()), 50);
+    EXPECT_GT(countPixels(window->viewProjFreq(), chartcolors::magSpectrum()), 20);
+
+    // The user's filter brings its list back.
+    QTest::mouseClick(window->userFilterButton(), Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_TRUE(window->userFilterButton()->isChecked());
+    EXPECT_TRUE(window->filterPopUp()->isVisible());
+    EXPECT_TRUE(window->filterLabel()->isVisible());
+}
+
+TEST_F(ProjectWindow, MismatchedRatesGiveTheErrorAndKeepTheCharts)
+{
+    show(1);
+    choose(window->signalOnePopUp(), "Cos1MHz");  // 20 MHz
+    choose(window->signalTwoPopUp(), "Cos35Fs300");
+    choose(window->filterPopUp(), "lp300fc25");
+    design();
+    EXPECT_EQ(window->noteField()->text(), kSumRateError);
+    EXPECT_TRUE(window->theTimeArray().empty());
+    EXPECT_FALSE(window->projectModel().validResultsFlag());
+
+    // A good design, then a bad one: the good arrays stay.
+    choose(window->signalOnePopUp(), "Cos10M3Fs300");
+    design();
+    EXPECT_EQ(window->noteField()->text(), QString());
+    const std::vector<double> good = window->theTimeArray();
+    ASSERT_EQ(good.size(), 32784u);
+    choose(window->signalTwoPopUp(), "Cos1MHz");
+    design();
+    EXPECT_EQ(window->noteField()->text(), kSumRateError);
+    EXPECT_EQ(window->theTimeArray(), good);
+    // A signal left out (sign 0) is not checked.
+    choose(window->signalTwoSignPopUp(), "0");
+    design();
+    EXPECT_EQ(window->noteField()->text(), QString());
+}
+
+TEST_F(ProjectWindow, SteppersWrapAndTheZoomTitleFollows)
+{
+    show(2);
+    QSpinBox* zoom = window->zoomStepper();
+    EXPECT_EQ(zoom->value(), 4);
+    EXPECT_EQ(zoom->text(), "x16");
+    EXPECT_FLOAT_EQ(window->viewProjTime()->zoomFactor(), 16.0f);
+    stepUp(zoom);
+    EXPECT_EQ(zoom->text(), "x32");
+    EXPECT_FLOAT_EQ(window->viewProjTime()->zoomFactor(), 32.0f);
+    stepUp(zoom, 3);
+    EXPECT_EQ(zoom->text(), "x256");
+    stepUp(zoom);
+    EXPECT_EQ(zoom->text(), "x1");
+    EXPECT_FLOAT_EQ(window->viewProjTime()->zoomFactor(), 1.0f);
+
+    QSpinBox* l = window->multirateLStepper();
+    stepUp(l, 9);
+    EXPECT_EQ(l->value(), 10);
+    stepUp(l);
+    EXPECT_EQ(l->value(), 1);
+    QSpinBox* m = window->multirateMStepper();
+    m->stepDown();
+    EXPECT_EQ(m->value(), 10);
+
+    // New puts the steppers back and empties the charts; the mode stays.
+    stepUp(l, 2);
+    window->newMenuItem();
+    EXPECT_EQ(l->value(), 1);
+    EXPECT_EQ(m->value(), 1);
+    EXPECT_EQ(zoom->text(), "x16");
+    EXPECT_EQ(window->blockDiagramNumber(), 2);
+    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+}
+
+TEST_F(ProjectWindow, ModeDecidesTheControlsAndTheFolder)
+{
+    show(1);
+    EXPECT_EQ(window->viewBlockDiagram()->blockDiagramIndex(), 1);
+    EXPECT_FALSE(window->multirateLStepper()->isVisible());
+    EXPECT_FALSE(window->multirateMLabel()->isVisible());
+    EXPECT_FALSE(window->autoFilterButton()->isVisible());
+    EXPECT_TRUE(window->filterPopUp()->isVisible());
+    EXPECT_EQ(window->projectDirectory(), seeded.library.projectOneFolder());
+    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_EQ(window->signalOneSignPopUp()->count(), 3);
+    EXPECT_EQ(window->signalOneSignPopUp()->itemText(1), "-1");
+    EXPECT_EQ(window->filterPopUp()->count(), 6);
+    EXPECT_EQ(window->signalOnePopUp()->count(), 5);
+
+    show(2);
+    EXPECT_TRUE(window->multirateLStepper()->isVisible());
+    EXPECT_TRUE(window->multirateMLabel()->isVisible());
+    EXPECT_FALSE(window->filterPopUp()->isVisible());
+    EXPECT_EQ(window->projectDirectory(), seeded.library.projectTwoFolder());
+
+    // The tool tips a user sees.
+    EXPECT_EQ(window->signalOnePopUp()->toolTip(), "Select a Signal from the Signal Designer");
+    EXPECT_EQ(window->signalTwoSignPopUp()->toolTip(), "Multiplier for x₂[n]");
+    EXPECT_EQ(window->filterPopUp()->toolTip(), "Select a Filter from the Filter Designer");
+    EXPECT_EQ(window->graphPopUp()->toolTip(), "Select either System Input or Output Response");
+    EXPECT_EQ(window->autoFilterButton()->toolTip(), "Option to automatically generate Filter H[m]");
+    EXPECT_EQ(window->multirateLStepper()->toolTip(), "Interpolate x[n] by L");
+    EXPECT_EQ(window->multirateMStepper()->toolTip(), "Decimate x[n] by M");
+    EXPECT_EQ(window->zoomStepper()->toolTip(), "Magnification of Time Domain Signal");
+}
+
+TEST_F(ProjectWindow, NewDesignsJoinTheListsAndChoicesStay)
+{
+    show(1);
+    choose(window->signalOnePopUp(), "Mixer25MHz5MHz");
+    choose(window->signalTwoSignPopUp(), "-1");
+    choose(window->filterPopUp(), "lp20fc2cheby4");
+    ASSERT_TRUE(QFile::copy(seeded.library.signalPath("Cos1MHz"), seeded.library.signalPath("AAANewSignal")));
+    ASSERT_TRUE(QFile::copy(seeded.library.filterPath("lp300fc25"), seeded.library.filterPath("AAANewFilter")));
+    seeded.library.announceNewSignalFile();
+    EXPECT_GE(window->signalOnePopUp()->findText("AAANewSignal"), 0);
+    EXPECT_EQ(window->signalOnePopUp()->currentText(), "Mixer25MHz5MHz");
+    EXPECT_EQ(window->signalTwoSignPopUp()->currentText(), "-1");
+    seeded.library.announceNewFilterFile();
+    EXPECT_GE(window->filterPopUp()->findText("AAANewFilter"), 0);
+    EXPECT_EQ(window->filterPopUp()->currentText(), "lp20fc2cheby4");
+
+    // A design that disappeared falls back to the first name.
+    QFile::remove(seeded.library.filterPath("lp20fc2cheby4"));
+    seeded.library.announceNewFilterFile();
+    EXPECT_EQ(window->filterPopUp()->findText("lp20fc2cheby4"), -1);
+    EXPECT_EQ(window->filterPopUp()->currentIndex(), 0);
+}
+
+TEST_F(ProjectWindow, SaveThenOpenThroughTheSheets)
+{
+    show(2);
+    choose(window->signalOnePopUp(), "Cos35Fs300");
+    choose(window->signalTwoPopUp(), "Cos10M3Fs300");
+    choose(window->signalTwoSignPopUp(), "-1");
+    window->multirateLStepper()->setValue(3);
+    window->multirateMStepper()->setValue(2);
+    design();
+    ASSERT_EQ(window->noteField()->text(), QString());
+
+    window->saveAsMenuItem();
+    GVRSaveSheet* save = window->fileCommands()->saveSheet();
+    ASSERT_NE(save, nullptr);
+    ASSERT_TRUE(save->isVisible());
+    QTest::keyClicks(save->nameField(), "ThreeHalves");
+    QTest::mouseClick(save->saveButton(), Qt::LeftButton);
+    const QString path = seeded.library.projectPath(2, "ThreeHalves");
+    EXPECT_TRUE(QFile::exists(path));
+    EXPECT_EQ(window->windowTitle(), "ThreeHalves");
+
+    // Start afresh, then open the saved project from the sheet.
+    window->newMenuItem();
+    window->multirateLStepper()->setValue(7);
+    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_TRUE(window->theTimeArray().empty());
+    window->openMenuItem();
+    GVROpenSheet* open = window->fileCommands()->openSheet();
+    ASSERT_NE(open, nullptr);
+    ASSERT_TRUE(open->isVisible());
+    int row = -1;
+    for (int i = 0; i < open->files().size(); ++i)
+        if (open->files().at(i).fileName() == "ThreeHalves.orvana")
+            row = i;
+    ASSERT_GE(row, 0);
+    open->selectRow(row);
+    QTest::mouseClick(open->openButton(), Qt::LeftButton);
+
+    EXPECT_EQ(window->windowTitle(), "ThreeHalves");
+    EXPECT_EQ(window->signalOnePopUp()->currentText(), "Cos35Fs300");
+    EXPECT_EQ(window->signalTwoPopUp()->currentText(), "Cos10M3Fs300");
+    EXPECT_EQ(window->signalTwoSignPopUp()->currentIndex(), 1);
+    EXPECT_EQ(window->multirateLStepper()->value(), 3);
+    EXPECT_EQ(window->multirateMStepper()->value(), 2);
+    EXPECT_TRUE(window->autoFilterButton()->isChecked());
+    // Designed at once.
+    ASSERT_EQ(window->theTimeArray().size(), 32784u);
+    EXPECT_DOUBLE_EQ(window->theTimeArray()[8], 450.0);
+
+    // Save on a titled project asks to overwrite.
+    window->saveMenuItem();
+    QMessageBox* alert = window->fileCommands()->currentAlert();
+    ASSERT_NE(alert, nullptr);
+    EXPECT_EQ(alert->text(), "\"ThreeHalves\" already exists. Do you want to overwrite its original contents?");
+    alert->reject();
+}
+
+TEST_F(ProjectWindow, ProjectWhoseFilterIsGoneIsRefused)
+{
+    show(1);
+    // The sample project names lp300fc25.
+    ASSERT_TRUE(QFile::remove(seeded.library.filterPath("lp300fc25")));
+    seeded.library.announceNewFilterFile();
+    choose(window->signalOnePopUp(), "Cos1MHz");
+    window->openMenuItem();
+    GVROpenSheet* open = window->fileCommands()->openSheet();
+    ASSERT_NE(open, nullptr);
+    ASSERT_EQ(open->files().size(), 1);
+    EXPECT_EQ(open->files().first().fileName(), "Cos10M3andCos35.orvana");
+    open->selectRow(0);
+    QTest::mouseClick(open->openButton(), Qt::LeftButton);
+
+    QMessageBox* alert = window->fileCommands()->currentAlert();
+    ASSERT_NE(alert, nullptr);
+    EXPECT_EQ(alert->informativeText(), "This Project File Contains Erroneous Information and Cannot be Opened");
+    alert->accept();
+    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_EQ(window->signalOnePopUp()->currentText(), "Cos1MHz");
+}
+
+TEST_F(ProjectWindow, SampleProjectsOpenAndDesign)
+{
+    for (int mode : {1, 2}) {
+        show(mode);
+        window->openMenuItem();
+        GVROpenSheet* open = window->fileCommands()->openSheet();
+        ASSERT_NE(open, nullptr);
+        ASSERT_EQ(open->files().size(), 1);
+        open->selectRow(0);
+        QTest::mouseClick(open->openButton(), Qt::LeftButton);
+        EXPECT_EQ(window->noteField()->text(), QString());
+        ASSERT_EQ(window->theTimeArray().size(), 32784u) << mode;
+        EXPECT_DOUBLE_EQ(window->theTimeArray()[8], mode == 1 ? 300.0 : 450.0);
+    }
+    EXPECT_EQ(window->windowTitle(), "multirateUser300to450");
+    EXPECT_EQ(window->filterPopUp()->currentText(), "lpNormfcp333");
+    EXPECT_TRUE(window->userFilterButton()->isChecked());
+    EXPECT_TRUE(window->filterPopUp()->isVisible());
+}
+
+} // namespace
