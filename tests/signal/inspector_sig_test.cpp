@@ -1,0 +1,148 @@
+// Signal inspector rows from saved designs: volts and MHz conversions, which
+// cells each function fills, and files that cannot be read.
+#include <gtest/gtest.h>
+
+#include <QDir>
+
+#include "archive/atomic_write.h"
+#include "archive/signal_archive.h"
+#include "shell/design_library.h"
+#include "signal/inspector_sig_model.h"
+#include "signal/signal_designer_model.h"
+#include "support/temp_library.h"
+
+namespace {
+
+GVRSignal record(double step, int freqUnits, int voltUnits, double fs, std::array<double, 6> p)
+{
+    GVRSignal r;
+    r.samplingFreq = fs;
+    r.yStepIndex = step;
+    r.freqUnits = freqUnits;
+    r.voltUnits = voltUnits;
+    r.parm1 = p[0];
+    r.parm2 = p[1];
+    r.parm3 = p[2];
+    r.parm4 = p[3];
+    r.parm5 = p[4];
+    r.parm6 = p[5];
+    return r;
+}
+
+// The keys holding a value, in column order.
+QStringList filled(const GVRInspectSig& row)
+{
+    QStringList keys;
+    for (const QString& key : GVRInspectSig::keys())
+        if (row.value(key).isValid())
+            keys << key;
+    return keys;
+}
+
+}  // namespace
+
+TEST(SigInspector, KilohertzMillivoltDesignShowsVoltsAndMegahertz)
+{
+    TempLibrary temp;
+    DesignLibrary library(temp.root());
+    ASSERT_TRUE(library.ensureFolders().isEmpty());
+    GVRSignalDesignerModel model;
+    model.setLibrary(&library);
+    model.designSignalWithParameters(
+        GVRSignalDesignerModel::parameterDictionary(1, 1, 300000.0, 0.0, {500.0, 35000.0, 0.25, 0.0, 0.0, 20.0}));
+    ASSERT_TRUE(model.validResultsFlag());
+    ASSERT_TRUE(model.saveSignalDesignWithFileName(QStringLiteral("cos")));
+
+    const QList<GVRInspectSig> rows = GVRInspectorSigModel(library).getSigInspectorArray();
+    ASSERT_EQ(rows.size(), 1);
+    const GVRInspectSig& row = rows[0];
+    EXPECT_EQ(row.filename, QStringLiteral("cos"));
+    EXPECT_EQ(row.function, QStringLiteral("Acos(fₐ,Φ)+AGN(σ,μ)"));
+    EXPECT_EQ(row.fs.toDouble(), 300000.0);
+    EXPECT_DOUBLE_EQ(row.a1.toDouble(), 0.5);
+    EXPECT_DOUBLE_EQ(row.fa1.toDouble(), 35.0);
+    EXPECT_EQ(row.phi.toDouble(), 0.25);
+    EXPECT_EQ(row.sigma.toDouble(), 0.0);
+    EXPECT_DOUBLE_EQ(row.mu.toDouble(), 0.0);
+    EXPECT_EQ(filled(row), (QStringList{"filename", "function", "fs", "a1", "fa1", "phi", "sigma", "mu"}));
+}
+
+TEST(SigInspector, EachFunctionFillsItsOwnCells)
+{
+    const std::array<double, 6> p{1000.0, 2000.0, 3000.0, 4000.0, 5000.0, 6000.0};
+    struct Case {
+        double step;
+        QStringList cells;
+    };
+    const QStringList head{"filename", "function", "fs"};
+    const Case cases[] = {
+        {3, head + QStringList{"a1", "fa1", "phi", "sigma", "mu"}},
+        {4, head + QStringList{"a1", "fa1", "a2", "fa2", "sigma", "mu"}},
+        {5, head + QStringList{"a1", "fa1", "phi", "m", "sigma", "mu"}},
+        {6, head + QStringList{"sigma", "mu"}},
+        {7, head + QStringList{"a1", "fa1", "a2", "fa2", "sigma", "mu"}},
+        {8, head + QStringList{"a1", "tau", "sigma", "mu"}},
+        {10, head + QStringList{"beta", "sigma", "mu"}},
+    };
+    for (const Case& c : cases) {
+        const GVRInspectSig row =
+            GVRInspectorSigModel::rowForRecord(QStringLiteral("x"), record(c.step, 1, 1, 100.0, p));
+        EXPECT_EQ(filled(row), c.cells) << c.step;
+        EXPECT_EQ(row.function, GVRInspectorSigModel::abbrFuncStrings().at(static_cast<int>(c.step)));
+    }
+    // Rectangle: A in volts, τ and σ as stored, μ in volts.
+    const GVRInspectSig rect = GVRInspectorSigModel::rowForRecord(QStringLiteral("r"), record(8, 1, 1, 100.0, p));
+    EXPECT_EQ(rect.a1.toDouble(), 1.0);
+    EXPECT_EQ(rect.tau.toDouble(), 2000.0);
+    EXPECT_EQ(rect.sigma.toDouble(), 3000.0);
+    EXPECT_EQ(rect.mu.toDouble(), 4.0);
+    // Mixer in MHz and volts: nothing divided.
+    const GVRInspectSig mixer = GVRInspectorSigModel::rowForRecord(QStringLiteral("m"), record(7, 0, 0, 100.0, p));
+    EXPECT_EQ(mixer.fa2.toDouble(), 4000.0);
+    EXPECT_EQ(mixer.mu.toDouble(), 6000.0);
+    // Noise: μ in volts, σ as stored.
+    const GVRInspectSig noise = GVRInspectorSigModel::rowForRecord(QStringLiteral("n"), record(6, 1, 1, 100.0, p));
+    EXPECT_EQ(noise.sigma.toDouble(), 1000.0);
+    EXPECT_EQ(noise.mu.toDouble(), 2.0);
+}
+
+TEST(SigInspector, UnreadableFilesNeverShowAnotherFilesValues)
+{
+    TempLibrary temp;
+    DesignLibrary library(temp.root());
+    ASSERT_TRUE(library.ensureFolders().isEmpty());
+    ASSERT_TRUE(writeSignalFile(library.signalPath(QStringLiteral("good")),
+                                record(0, 0, 0, 20.0, {1.0, 2.0, 0.0, 0.0, 0.0, 0.0})));
+    ASSERT_TRUE(writeFileAtomically(library.signalPath(QStringLiteral("junk")), QByteArray("junk")));
+    ASSERT_TRUE(writeSignalFile(library.signalPath(QStringLiteral("odd")),
+                                record(11.0, 0, 0, 20.0, {1.0, 2.0, 0.0, 0.0, 0.0, 0.0})));
+    const QList<GVRInspectSig> rows = GVRInspectorSigModel(library).getSigInspectorArray();
+    ASSERT_EQ(rows.size(), 3);
+    for (const GVRInspectSig& row : rows) {
+        if (row.filename == QLatin1String("good")) {
+            EXPECT_EQ(row.fa1.toDouble(), 2.0);
+            continue;
+        }
+        EXPECT_EQ(row.function, GVRInspectorSigModel::unreadableFunctionText()) << row.filename.toStdString();
+        EXPECT_EQ(filled(row), (QStringList{"filename", "function"}));
+    }
+    ASSERT_TRUE(QDir(library.signalFolder()).removeRecursively());
+    EXPECT_TRUE(GVRInspectorSigModel(library).getSigInspectorArray().isEmpty());
+}
+
+TEST(InspectSig, CellsByColumnIdentifier)
+{
+    EXPECT_EQ(GVRInspectSig::keys(), (QStringList{"filename", "function", "fs", "a1", "fa1", "phi", "a2", "fa2", "m",
+                                                  "tau", "beta", "sigma", "mu"}));
+    GVRInspectSig row;
+    double v = 1.0;
+    for (const QString& key : GVRInspectSig::keys().mid(2))
+        EXPECT_TRUE(row.setValue(key, v++));
+    EXPECT_TRUE(row.setValue(QStringLiteral("function"), QStringLiteral("f")));
+    EXPECT_EQ(row.fs.toDouble(), 1.0);
+    EXPECT_EQ(row.mu.toDouble(), 11.0);
+    EXPECT_EQ(row.value(QStringLiteral("tau")).toDouble(), 8.0);
+    EXPECT_EQ(row.value(QStringLiteral("function")).toString(), QStringLiteral("f"));
+    EXPECT_FALSE(row.setValue(QStringLiteral("zeta"), 1.0));
+    EXPECT_FALSE(row.value(QStringLiteral("zeta")).isValid());
+}
