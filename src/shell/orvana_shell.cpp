@@ -1,7 +1,9 @@
 // Making and wiring the desktop program's controllers.
 #include "shell/orvana_shell.h"
 
+#include <QGuiApplication>
 #include <QMainWindow>
+#include <QScreen>
 
 #include "filter/filter_design_window.h"
 #include "filter/filter_inspector_window.h"
@@ -40,6 +42,16 @@ OrvanaShell::OrvanaShell(DesignLibrary& library, QSettings* settings, QObject* p
     menuController_ = std::make_unique<GVRMenuController>(targets);
     for (QMainWindow* window : windows())
         menuController_->installMenus(window);
+
+    // First places in a cascade, so that windows opened together do not hide
+    // one another completely where nothing else places them.
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const QPoint origin = screen ? screen->availableGeometry().topLeft() : QPoint();
+    int step = 0;
+    for (QMainWindow* window : windows()) {
+        window->move(origin + QPoint(40 * step, 32 * step));
+        ++step;
+    }
 }
 
 // The menus go first: their actions point at the windows.

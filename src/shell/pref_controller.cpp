@@ -84,7 +84,7 @@ void GVRPrefController::buildPanel()
          &GVRPrefController::changeFilterInspectorPref},
         {LaunchWindow::SignalInspector, "signalInspectorCheckbox", tr("Signal Inspector"),
          &GVRPrefController::changeSignalInspectorPref},
-        {LaunchWindow::ProjectOne, "projectOneCheckbox", tr("Sum & Filter Model"),
+        {LaunchWindow::ProjectOne, "projectOneCheckbox", tr("Sum && Filter Model"),
          &GVRPrefController::changeProjectOnePref},
         {LaunchWindow::ProjectTwo, "projectTwoCheckbox", tr("Multirate Model"),
          &GVRPrefController::changeProjectTwoPref},
