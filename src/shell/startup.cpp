@@ -55,26 +55,24 @@ StartupOptions parseStartupOptions(const QStringList& arguments)
     return options;
 }
 
-namespace {
-
-// Says what kept the library from being complete; the program goes on.
-void reportLibraryProblems(const QList<LibraryProblem>& problems)
+QMessageBox* reportLibraryProblems(const QList<LibraryProblem>& problems, QWidget* parent)
 {
     if (problems.isEmpty())
-        return;
+        return nullptr;
     QStringList lines;
     for (const LibraryProblem& problem : problems)
-        lines << QStringLiteral("%1\n    %2").arg(problem.path, problem.message);
+        lines << (problem.path.isEmpty() ? problem.message
+                                         : QStringLiteral("%1\n    %2").arg(problem.path, problem.message));
     auto* box = new QMessageBox(QMessageBox::Warning, QCoreApplication::translate("Startup", "Orvana"),
                                 QCoreApplication::translate("Startup", "The design library is not complete. "
-                                                                       "Designs may fail to save or open."));
+                                                                       "Designs may fail to save or open."),
+                                QMessageBox::Ok, parent);
     box->setObjectName(QStringLiteral("libraryProblemAlert"));
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setInformativeText(lines.join(QLatin1Char('\n')));
     box->open();
+    return box;
 }
-
-} // namespace
 
 int runOrvana(const StartupOptions& options)
 {
@@ -91,13 +89,16 @@ int runOrvana(const StartupOptions& options)
     shell.showLaunchWindows();
     // With every preference off there would be no window to reach the
     // menus from, and nothing to quit: the filter designer stands in.
-    bool anyVisible = false;
+    QMainWindow* front = nullptr;
     for (QMainWindow* window : shell.windows())
-        anyVisible = anyVisible || window->isVisible();
-    if (!anyVisible)
+        if (!front && window->isVisible())
+            front = window;
+    if (!front) {
         shell.filterDesign()->showGVRWinFilterDesign();
+        front = shell.filterDesign();
+    }
     if (!options.quitAfterFirstPaint)
-        reportLibraryProblems(problems);
+        reportLibraryProblems(problems, front);
 
     if (!options.screenshotPath.isEmpty())
         SelfTest::runScreenshotScript(shell, options.screenshotPath);

@@ -2,8 +2,14 @@
 // (folders made, samples copied in), the controllers and the launch windows.
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
+
+#include "shell/design_library.h"
+
+class QMessageBox;
+class QWidget;
 
 struct StartupOptions {
     QString library;             // --library DIR; empty: ORVANA_LIBRARY, then the default folder
@@ -18,6 +24,10 @@ QString orvanaVersion();
 // Reads the options of `arguments` (program name first). --help and
 // --version print and end the process, as does an unknown option.
 StartupOptions parseStartupOptions(const QStringList& arguments);
+
+// Opens (without waiting) a warning that names each folder the library
+// lacks and why; null when there is nothing to report.
+QMessageBox* reportLibraryProblems(const QList<LibraryProblem>& problems, QWidget* parent = nullptr);
 
 // Runs the program in the QApplication that exists; returns its exit code.
 int runOrvana(const StartupOptions& options);
