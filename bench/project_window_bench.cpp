@@ -22,7 +22,8 @@ void click(QWidget* button)
 {
     const QPointF centre = QRectF(button->rect()).center();
     const QPointF global = button->mapToGlobal(centre);
-    QMouseEvent press(QEvent::MouseButtonPress, centre, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, centre, global, Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
     QMouseEvent release(QEvent::MouseButtonRelease, centre, global, Qt::LeftButton, Qt::NoButton,
                         Qt::NoModifier);
     QApplication::sendEvent(button, &press);
@@ -59,7 +60,8 @@ int main(int argc, char** argv)
         window.viewProjFreq()->repaint();
     };
     job();
-    if (window.theTimeArray().size() != GVRProjectModel::kTimeArrayLength || window.theTimeArray()[8] != 1000.0) {
+    if (window.theTimeArray().size() != GVRProjectModel::kTimeArrayLength ||
+        window.theTimeArray()[8] != 1000.0) {
         std::fprintf(stderr, "project_window_bench: the design did not go through\n");
         return 1;
     }

@@ -16,8 +16,9 @@
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
-    const QString program = argc > 1 ? QString::fromLocal8Bit(argv[1])
-                                     : QCoreApplication::applicationDirPath() + QStringLiteral("/../app/orvana");
+    const QString program = argc > 1
+                                ? QString::fromLocal8Bit(argv[1])
+                                : QCoreApplication::applicationDirPath() + QStringLiteral("/../app/orvana");
     if (!QFileInfo(program).isExecutable()) {
         std::fprintf(stderr, "startup_bench: %s is not a program; build the orvana target or pass its path\n",
                      qPrintable(program));
@@ -55,7 +56,7 @@ int main(int argc, char** argv)
             return 1;
         }
         if (i == 0)
-            continue;  // the first run also copies the samples into the new library
+            continue; // the first run also copies the samples into the new library
         wallMs.push_back(std::chrono::duration<double, std::milli>(t1 - t0).count());
         insideMs.push_back(inside);
     }

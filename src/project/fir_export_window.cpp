@@ -4,8 +4,8 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QMessageBox>
@@ -20,7 +20,8 @@
 const QStringList& GVRWinFirExport::bitWidthTitle()
 {
     static const QStringList titles =
-        QStringLiteral("Double,20-bit,19-bit,18-bit,17-bit,16-bit,15-bit,14-bit,13-bit,12-bit,11-bit,10-bit,9-bit,8-bit")
+        QStringLiteral(
+            "Double,20-bit,19-bit,18-bit,17-bit,16-bit,15-bit,14-bit,13-bit,12-bit,11-bit,10-bit,9-bit,8-bit")
             .split(QLatin1Char(','));
     return titles;
 }
@@ -163,8 +164,8 @@ void GVRWinFirExport::savePanelDidEnd(const QString& chosenPath)
 void GVRWinFirExport::exportCoefficients()
 {
     QString error;
-    if (!firExportModel_.openFilterFileAndSaveCoefficientsToFile(selectedDotFiltFileName_, selectedDotCsvPath_,
-                                                                 &error))
+    if (!firExportModel_.openFilterFileAndSaveCoefficientsToFile(selectedDotFiltFileName_,
+                                                                 selectedDotCsvPath_, &error))
         alertExportFailed(error);
 }
 
@@ -189,16 +190,18 @@ void GVRWinFirExport::alertInvalidSelection()
 
 void GVRWinFirExport::alertInvalidCoefficients()
 {
-    QMessageBox* box = makeAlert(QString(), tr("Filter Coefficient Width must be an Integer Value\n(Not Floating Point)"));
+    QMessageBox* box =
+        makeAlert(QString(), tr("Filter Coefficient Width must be an Integer Value\n(Not Floating Point)"));
     box->setDefaultButton(box->addButton(tr("OK"), QMessageBox::AcceptRole));
     box->open();
 }
 
 void GVRWinFirExport::alertReplaceFile(const QString& fileName)
 {
-    QMessageBox* box = makeAlert(tr("\"%1\" already exists. Do you want to replace it?").arg(fileName),
-                                 tr("A Filter file with the same name already exists. Replacing it will delete "
-                                    "the original Filter design."));
+    QMessageBox* box =
+        makeAlert(tr("\"%1\" already exists. Do you want to replace it?").arg(fileName),
+                  tr("A Filter file with the same name already exists. Replacing it will delete "
+                     "the original Filter design."));
     QPushButton* replace = box->addButton(tr("Replace"), QMessageBox::AcceptRole);
     QPushButton* cancel = box->addButton(tr("Cancel"), QMessageBox::RejectRole);
     box->setDefaultButton(replace);

@@ -28,9 +28,9 @@ namespace {
 
 constexpr int kZoomMin = 0;
 constexpr int kZoomMax = 8;
-constexpr int kZoomStart = 4;  // "x16"
+constexpr int kZoomStart = 4; // "x16"
 constexpr int kRateMin = 1;
-constexpr int kRateMax = 10;   // the model takes up to 12; the window offers 10
+constexpr int kRateMax = 10; // the model takes up to 12; the window offers 10
 
 // The zoom stepper shows its level as the magnification title ("x16").
 class ZoomSpinBox : public QSpinBox {
@@ -38,10 +38,7 @@ public:
     using QSpinBox::QSpinBox;
 
 protected:
-    QString textFromValue(int value) const override
-    {
-        return GVRWinProject::zoomLevelsTitle().value(value);
-    }
+    QString textFromValue(int value) const override { return GVRWinProject::zoomLevelsTitle().value(value); }
     int valueFromText(const QString& text) const override
     {
         const int index = GVRWinProject::zoomLevelsTitle().indexOf(text.trimmed());
@@ -84,7 +81,8 @@ QComboBox* makePopUp(const char* name, QWidget* parent)
 
 const QStringList& GVRWinProject::zoomLevelsTitle()
 {
-    static const QStringList titles = QStringLiteral("x1,x2,x4,x8,x16,x32,x64,x128,x256").split(QLatin1Char(','));
+    static const QStringList titles =
+        QStringLiteral("x1,x2,x4,x8,x16,x32,x64,x128,x256").split(QLatin1Char(','));
     return titles;
 }
 
@@ -135,8 +133,8 @@ GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
         return saved;
     };
     hooks.redesign = [this] { pressDesignBut(); };
-    fileCommands_ = new DesignFileCommands(this, DesignFileKind::project([this] { return projectDirectory_; }),
-                                           std::move(hooks), this);
+    fileCommands_ = new DesignFileCommands(
+        this, DesignFileKind::project([this] { return projectDirectory_; }), std::move(hooks), this);
 
     // The loading steps: lists, steppers, the automatic filter chosen, tool tips.
     initPopUpsWithMandatoryFlag(false);
@@ -413,8 +411,8 @@ void GVRWinProject::pressDesignBut()
     // The three names are empty when their lists are; the model then does nothing.
     projectParameterDictionary_ = GVRProjectModel::parameterDictionary(
         blockDiagramNumber_, filterPopUp_->currentText(), signalOnePopUp_->currentText(),
-        signalTwoPopUp_->currentText(), signalOneSignPopUp_->currentIndex(), signalTwoSignPopUp_->currentIndex(),
-        multirateLStepper_->value(), multirateMStepper_->value(),
+        signalTwoPopUp_->currentText(), signalOneSignPopUp_->currentIndex(),
+        signalTwoSignPopUp_->currentIndex(), multirateLStepper_->value(), multirateMStepper_->value(),
         autoFilterGenBut_->checkedId() == AutoFilter ? AutoFilter : UserFilter);
     if (projectParameterDictionary_.size() == 9)
         projectModel_.designProjectWithParameters(projectParameterDictionary_);

@@ -29,7 +29,8 @@ QUrl GVRMenuController::developerWebsite()
 }
 
 GVRMenuController::GVRMenuController(Targets targets, QObject* parent)
-    : QObject(parent), targets_(targets), urlOpener_([](const QUrl& url) { return QDesktopServices::openUrl(url); })
+    : QObject(parent), targets_(targets),
+      urlOpener_([](const QUrl& url) { return QDesktopServices::openUrl(url); })
 {
     createActions();
 }
@@ -164,8 +165,7 @@ void GVRMenuController::installMenus(QMainWindow* window)
     window->setMenuBar(bar);
 }
 
-template <typename Command>
-void GVRMenuController::routeToKeyWindow(Command command)
+template <typename Command> void GVRMenuController::routeToKeyWindow(Command command)
 {
     if (targets_.signalDesign && targets_.signalDesign->windowIsKeyWindow())
         command(*targets_.signalDesign);
@@ -199,9 +199,9 @@ void GVRMenuController::openUrl(const QUrl& url)
 {
     if (urlOpener_ && urlOpener_(url))
         return;
-    QMessageBox::warning(nullptr, tr("Orvana"),
-                         tr("Orvana could not open %1. Open it in your web browser yourself.")
-                             .arg(url.toDisplayString()));
+    QMessageBox::warning(
+        nullptr, tr("Orvana"),
+        tr("Orvana could not open %1. Open it in your web browser yourself.").arg(url.toDisplayString()));
 }
 
 void GVRMenuController::viewManual()

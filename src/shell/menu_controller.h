@@ -72,8 +72,7 @@ private:
     QAction* addAction(const char* name, const QString& text, std::function<void()> run);
     void openUrl(const QUrl& url);
     // The first of signal designer, filter designer and project window that is active.
-    template <typename Command>
-    void routeToKeyWindow(Command command);
+    template <typename Command> void routeToKeyWindow(Command command);
 
     Targets targets_;
     QList<QAction*> fileActions_;

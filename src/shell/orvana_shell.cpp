@@ -19,15 +19,19 @@ OrvanaShell::OrvanaShell(DesignLibrary& library, QSettings* settings, QObject* p
       signalDesign_(std::make_unique<GVRWinSignalDesign>(library)),
       filtInspector_(std::make_unique<GVRWinFiltInspector>(library)),
       sigInspector_(std::make_unique<GVRWinSigInspector>(library)),
-      project_(std::make_unique<GVRWinProject>(library)), firExport_(std::make_unique<GVRWinFirExport>(library)),
+      project_(std::make_unique<GVRWinProject>(library)),
+      firExport_(std::make_unique<GVRWinFirExport>(library)),
       prefController_(std::make_unique<GVRPrefController>(settings))
 {
     GVRPrefController& prefs = *prefController_;
-    prefs.setShowAction(LaunchWindow::FilterDesign, [w = filterDesign_.get()] { w->showGVRWinFilterDesign(); });
-    prefs.setShowAction(LaunchWindow::SignalDesign, [w = signalDesign_.get()] { w->showGVRWinSignalDesign(); });
+    prefs.setShowAction(LaunchWindow::FilterDesign,
+                        [w = filterDesign_.get()] { w->showGVRWinFilterDesign(); });
+    prefs.setShowAction(LaunchWindow::SignalDesign,
+                        [w = signalDesign_.get()] { w->showGVRWinSignalDesign(); });
     prefs.setShowAction(LaunchWindow::FilterInspector,
                         [w = filtInspector_.get()] { w->showGVRWinFiltInspector(); });
-    prefs.setShowAction(LaunchWindow::SignalInspector, [w = sigInspector_.get()] { w->showGVRWinSigInspector(); });
+    prefs.setShowAction(LaunchWindow::SignalInspector,
+                        [w = sigInspector_.get()] { w->showGVRWinSigInspector(); });
     prefs.setShowAction(LaunchWindow::ProjectOne, [w = project_.get()] { w->showGVRWinProjectOne(); });
     prefs.setShowAction(LaunchWindow::ProjectTwo, [w = project_.get()] { w->showGVRWinProjectTwo(); });
 
@@ -68,6 +72,6 @@ std::vector<LaunchWindow> OrvanaShell::showLaunchWindows()
 
 QList<QMainWindow*> OrvanaShell::windows() const
 {
-    return {filterDesign_.get(), signalDesign_.get(), project_.get(), filtInspector_.get(),
-            sigInspector_.get(), firExport_.get()};
+    return {filterDesign_.get(),  signalDesign_.get(), project_.get(),
+            filtInspector_.get(), sigInspector_.get(), firExport_.get()};
 }

@@ -81,8 +81,8 @@ bool openThroughSheet(DesignFileCommands* commands, const std::function<void()>&
 bool designSampleFilter(GVRWinFilterDesign* window)
 {
     window->showGVRWinFilterDesign();
-    const bool opened = openThroughSheet(window->fileCommands(), [window] { window->openMenuItem(); },
-                                         QStringLiteral("lp300fc25.filt"));
+    const bool opened = openThroughSheet(
+        window->fileCommands(), [window] { window->openMenuItem(); }, QStringLiteral("lp300fc25.filt"));
     window->designFilterBut()->click();
     return opened && window->noteField()->text().indexOf(QLatin1String("VALID RANGE")) < 0 &&
            !window->theMagPhaseArray().empty();
@@ -93,7 +93,10 @@ class Script : public QObject {
 public:
     explicit Script(int pauseMs) : pauseMs_(pauseMs) { setParent(qApp); }
     void add(std::function<void()> step) { steps_.push_back(std::move(step)); }
-    void start() { QTimer::singleShot(pauseMs_, this, [this] { next(); }); }
+    void start()
+    {
+        QTimer::singleShot(pauseMs_, this, [this] { next(); });
+    }
 
 private:
     void next()
@@ -155,7 +158,8 @@ void SelfTest::runWindowTour(OrvanaShell& shell, const QString& folder)
     script->add([&shell] {
         GVRWinSignalDesign* w = shell.signalDesign();
         w->showGVRWinSignalDesign();
-        openThroughSheet(w->fileCommands(), [w] { w->openMenuItem(); }, QStringLiteral("Cos10M3Fs300.signal"));
+        openThroughSheet(
+            w->fileCommands(), [w] { w->openMenuItem(); }, QStringLiteral("Cos10M3Fs300.signal"));
     });
     script->add([&shell, shoot] { shoot(shell.signalDesign(), QStringLiteral("2_signal_designer")); });
 
@@ -168,13 +172,15 @@ void SelfTest::runWindowTour(OrvanaShell& shell, const QString& folder)
                 w->showGVRWinProjectTwo();
             DesignFileCommands* commands = w->fileCommands();
             w->openMenuItem();
-            if (GVROpenSheet* sheet = commands->openSheet(); sheet && sheet->isVisible() && !sheet->files().isEmpty()) {
+            if (GVROpenSheet* sheet = commands->openSheet();
+                sheet && sheet->isVisible() && !sheet->files().isEmpty()) {
                 sheet->selectRow(0);
                 sheet->openButton()->click();
             }
         });
         script->add([&shell, shoot, mode] {
-            shoot(shell.project(), mode == 1 ? QStringLiteral("3_sum_and_filter") : QStringLiteral("4_multirate"));
+            shoot(shell.project(),
+                  mode == 1 ? QStringLiteral("3_sum_and_filter") : QStringLiteral("4_multirate"));
         });
     }
 

@@ -12,10 +12,10 @@ class QMessageBox;
 class QWidget;
 
 struct StartupOptions {
-    QString library;             // --library DIR; empty: ORVANA_LIBRARY, then the default folder
-    bool quitAfterFirstPaint = false;  // hidden: print the time to the first paint and quit
-    QString screenshotPath;      // hidden: design a filter, save a picture of the screen, quit
-    QString tourFolder;          // hidden: design in every window and save a picture of each, quit
+    QString library;                  // --library DIR; empty: ORVANA_LIBRARY, then the default folder
+    bool quitAfterFirstPaint = false; // hidden: print the time to the first paint and quit
+    QString screenshotPath;           // hidden: design a filter, save a picture of the screen, quit
+    QString tourFolder;               // hidden: design in every window and save a picture of each, quit
 };
 
 // "0.1.0".

@@ -23,7 +23,8 @@ int pixelsNear(const QImage& image, const QColor& colour)
     for (int y = 0; y < rgb.height(); ++y) {
         const auto* line = reinterpret_cast<const QRgb*>(rgb.constScanLine(y));
         for (int x = 0; x < rgb.width(); ++x)
-            if (std::abs(qRed(line[x]) - colour.red()) <= 3 && std::abs(qGreen(line[x]) - colour.green()) <= 3 &&
+            if (std::abs(qRed(line[x]) - colour.red()) <= 3 &&
+                std::abs(qGreen(line[x]) - colour.green()) <= 3 &&
                 std::abs(qBlue(line[x]) - colour.blue()) <= 3)
                 ++count;
     }
@@ -42,8 +43,8 @@ TEST(EndToEndXvfb, FilterDesignedOnARealScreen)
     const QString png = home.filePath("screen.png");
 
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert("QT_QPA_PLATFORM", "xcb");  // the test runner itself is offscreen
-    env.insert("XDG_CONFIG_HOME", home.filePath("config"));  // fresh preferences
+    env.insert("QT_QPA_PLATFORM", "xcb");                   // the test runner itself is offscreen
+    env.insert("XDG_CONFIG_HOME", home.filePath("config")); // fresh preferences
     env.insert("XDG_CACHE_HOME", home.filePath("cache"));
     env.remove("ORVANA_LIBRARY");
     QProcess program;

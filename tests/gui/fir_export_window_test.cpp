@@ -236,7 +236,7 @@ TEST_F(FirExportWindow, SortedListExportsTheRowShown)
     for (int i = 1; i < rows.size(); ++i)
         EXPECT_LE(QString::compare(rows.at(i - 1).width, rows.at(i).width, Qt::CaseInsensitive), 0);
 
-    const int row = rowOf("bp50fc3fcntr15.filt");  // the one 12-bit sample
+    const int row = rowOf("bp50fc3fcntr15.filt"); // the one 12-bit sample
     ASSERT_GE(row, 0);
     selectRow(row);
     QTest::mouseClick(window->exportButton(), Qt::LeftButton);

@@ -202,7 +202,7 @@ TEST_F(MenuRouting, HelpOpensTheManualAndTheWebPages)
     const QString html = QString::fromUtf8(file.readAll());
     EXPECT_TRUE(html.contains("Orvana User Manual"));
     EXPECT_TRUE(html.contains("Filter Designer"));
-    EXPECT_FALSE(html.contains("## "));  // converted, not raw Markdown
+    EXPECT_FALSE(html.contains("## ")); // converted, not raw Markdown
 
     trigger("orvanaWebsiteAction");
     trigger("developerWebsiteAction");

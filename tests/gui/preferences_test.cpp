@@ -12,11 +12,11 @@
 #include "filter/filter_design_window.h"
 #include "filter/filter_inspector_window.h"
 #include "project/project_window.h"
-#include "signal/signal_design_window.h"
-#include "signal/signal_inspector_window.h"
 #include "seeded_library.h"
 #include "shell/orvana_shell.h"
 #include "shell/pref_controller.h"
+#include "signal/signal_design_window.h"
+#include "signal/signal_inspector_window.h"
 
 namespace {
 

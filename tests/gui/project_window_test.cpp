@@ -99,14 +99,14 @@ TEST_F(ProjectWindow, SumAndFilterOfTheSamplesDrawsInputAndOutput)
     EXPECT_EQ(p.value(KEYMOD_SIG_TWO_NAME).toString(), "Cos35Fs300");
     EXPECT_EQ(p.value(KEYMOD_FILTER_NAME).toString(), "lp300fc25");
     EXPECT_EQ(p.value(KEYMOD_SIG_ONE_SIGN).toInt(), 0);
-    EXPECT_EQ(p.value(KEYMOD_MULTIRATE_FILT).toInt(), 1);  // automatic, as first shown
+    EXPECT_EQ(p.value(KEYMOD_MULTIRATE_FILT).toInt(), 1); // automatic, as first shown
 
     const std::vector<double> time = window->theTimeArray();
     const std::vector<double> freq = window->theFreqArray();
     ASSERT_EQ(time.size(), 32784u);
     ASSERT_EQ(freq.size(), 16400u);
-    EXPECT_DOUBLE_EQ(time[0], 300.0);  // KHz, both signals and the filter
-    EXPECT_DOUBLE_EQ(time[8], 300.0);  // Sum & Filter keeps the rate
+    EXPECT_DOUBLE_EQ(time[0], 300.0); // KHz, both signals and the filter
+    EXPECT_DOUBLE_EQ(time[8], 300.0); // Sum & Filter keeps the rate
     EXPECT_GT(time[4], time[5]);
 
     // Both charts show curves in their colours; the graph choice flips them to the output.
@@ -148,7 +148,7 @@ TEST_F(ProjectWindow, MultirateWithTheAutomaticFilter)
     const std::vector<double> time = window->theTimeArray();
     ASSERT_EQ(time.size(), 32784u);
     EXPECT_DOUBLE_EQ(time[0], 300.0);
-    EXPECT_DOUBLE_EQ(time[8], 450.0);  // 300 · 3 / 2
+    EXPECT_DOUBLE_EQ(time[8], 450.0); // 300 · 3 / 2
     choose(window->graphPopUp(), "Output: y[k]");
     EXPECT_GT(countPixels(window->viewProjTime(), chartcolors::timeGraph()), 50);
     EXPECT_GT(countPixels(window->viewProjFreq(), chartcolors::magSpectrum()), 20);
@@ -163,7 +163,7 @@ TEST_F(ProjectWindow, MultirateWithTheAutomaticFilter)
 TEST_F(ProjectWindow, MismatchedRatesGiveTheErrorAndKeepTheCharts)
 {
     show(1);
-    choose(window->signalOnePopUp(), "Cos1MHz");  // 20 MHz
+    choose(window->signalOnePopUp(), "Cos1MHz"); // 20 MHz
     choose(window->signalTwoPopUp(), "Cos35Fs300");
     choose(window->filterPopUp(), "lp300fc25");
     design();
@@ -261,7 +261,8 @@ TEST_F(ProjectWindow, NewDesignsJoinTheListsAndChoicesStay)
     choose(window->signalTwoSignPopUp(), "-1");
     choose(window->filterPopUp(), "lp20fc2cheby4");
     ASSERT_TRUE(QFile::copy(seeded.library.signalPath("Cos1MHz"), seeded.library.signalPath("AAANewSignal")));
-    ASSERT_TRUE(QFile::copy(seeded.library.filterPath("lp300fc25"), seeded.library.filterPath("AAANewFilter")));
+    ASSERT_TRUE(
+        QFile::copy(seeded.library.filterPath("lp300fc25"), seeded.library.filterPath("AAANewFilter")));
     seeded.library.announceNewSignalFile();
     EXPECT_GE(window->signalOnePopUp()->findText("AAANewSignal"), 0);
     EXPECT_EQ(window->signalOnePopUp()->currentText(), "Mixer25MHz5MHz");
@@ -330,7 +331,8 @@ TEST_F(ProjectWindow, SaveThenOpenThroughTheSheets)
     window->saveMenuItem();
     QMessageBox* alert = window->fileCommands()->currentAlert();
     ASSERT_NE(alert, nullptr);
-    EXPECT_EQ(alert->text(), "\"ThreeHalves\" already exists. Do you want to overwrite its original contents?");
+    EXPECT_EQ(alert->text(),
+              "\"ThreeHalves\" already exists. Do you want to overwrite its original contents?");
     alert->reject();
 }
 
@@ -351,7 +353,8 @@ TEST_F(ProjectWindow, ProjectWhoseFilterIsGoneIsRefused)
 
     QMessageBox* alert = window->fileCommands()->currentAlert();
     ASSERT_NE(alert, nullptr);
-    EXPECT_EQ(alert->informativeText(), "This Project File Contains Erroneous Information and Cannot be Opened");
+    EXPECT_EQ(alert->informativeText(),
+              "This Project File Contains Erroneous Information and Cannot be Opened");
     alert->accept();
     EXPECT_EQ(window->windowTitle(), "(Untitled)");
     EXPECT_EQ(window->signalOnePopUp()->currentText(), "Cos1MHz");
