@@ -199,15 +199,18 @@ void GVRWinFilterDesign::buildControls()
     viewFiltDesign_->setMinimumSize(420, 260);
     viewResult_ = new GVRViewResults(this);
     viewResult_->setObjectName(QStringLiteral("viewResult"));
-    viewResult_->setMinimumSize(360, 110);
+    // The panel places its rows for its designed height; taller would push
+    // the last rows out at the bottom.
+    viewResult_->setFixedHeight(viewResult_->sizeHint().height());
+    viewResult_->setMinimumWidth(360);
 
-    auto* charts = new QSplitter(Qt::Vertical, this);
+    auto* charts = new QWidget(this);
     charts->setObjectName(QStringLiteral("filterCharts"));
-    charts->addWidget(viewFiltDesign_);
-    charts->addWidget(viewResult_);
-    charts->setStretchFactor(0, 4);
-    charts->setStretchFactor(1, 1);
-    charts->setChildrenCollapsible(false);
+    auto* chartColumn = new QVBoxLayout(charts);
+    chartColumn->setContentsMargins(0, 0, 0, 0);
+    chartColumn->setSpacing(6);
+    chartColumn->addWidget(viewFiltDesign_, 1);
+    chartColumn->addWidget(viewResult_, 0);
 
     auto* split = new QSplitter(Qt::Horizontal, this);
     split->setObjectName(QStringLiteral("filterSplit"));
@@ -360,7 +363,11 @@ void GVRWinFilterDesign::createFileActions()
     for (const Command& command : commands) {
         auto* action = new QAction(command.text, this);
         action->setObjectName(QLatin1String(command.name));
-        action->setShortcuts(command.key);
+        // Some desktops bind no Save As key; Ctrl+Shift+S is the usual one.
+        QList<QKeySequence> keys = QKeySequence::keyBindings(command.key);
+        if (keys.isEmpty() && command.key == QKeySequence::SaveAs)
+            keys.append(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+        action->setShortcuts(keys);
         action->setShortcutContext(Qt::WindowShortcut);
         connect(action, &QAction::triggered, this, command.slot);
         addAction(action);

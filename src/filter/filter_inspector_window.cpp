@@ -1,7 +1,10 @@
 // The filter inspector window.
 #include "filter/filter_inspector_window.h"
 
+#include <algorithm>
+
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTableView>
 
 #include "filter/inspector_filt_table_model.h"
@@ -19,6 +22,8 @@ GVRWinFiltInspector::GVRWinFiltInspector(DesignLibrary& library, QWidget* parent
     // Read-only, and no row ever stays selected.
     table_->setSelectionMode(QAbstractItemView::NoSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // No focus frame either: a framed cell would look selected.
+    table_->setFocusPolicy(Qt::NoFocus);
     table_->setAlternatingRowColors(true);
     table_->setWordWrap(false);
     table_->verticalHeader()->hide();
@@ -38,10 +43,19 @@ GVRWinFiltInspector::GVRWinFiltInspector(DesignLibrary& library, QWidget* parent
             tableModel_->sort(column, order);
     });
     setCentralWidget(table_);
-    resize(1180, 360);
 
     connect(&library, &DesignLibrary::newFilterFile, this, &GVRWinFiltInspector::updateTableDisplay);
     updateTableDisplay();
+    fitWidthToColumns();
+}
+
+void GVRWinFiltInspector::fitWidthToColumns()
+{
+    // Wide enough for every column as first filled, within reason.
+    table_->resizeColumnsToContents();
+    const int columns = table_->horizontalHeader()->length() + 2 * table_->frameWidth() +
+                        table_->verticalScrollBar()->sizeHint().width();
+    resize(std::clamp(columns, 640, 1400), 360);
 }
 
 const QList<GVRInspectFilt>& GVRWinFiltInspector::inspectorDataArray() const

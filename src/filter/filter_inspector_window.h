@@ -29,6 +29,8 @@ public slots:
     void updateTableDisplay();
 
 private:
+    void fitWidthToColumns();
+
     GVRInspectorFiltModel inspectorFiltModel_;
     GVRInspectorFiltTableModel* tableModel_ = nullptr;
     QTableView* table_ = nullptr;

@@ -415,7 +415,11 @@ void GVRWinSignalDesign::createFileActions()
     for (const Command& command : commands) {
         auto* action = new QAction(command.text, this);
         action->setObjectName(QLatin1String(command.name));
-        action->setShortcuts(command.key);
+        // Some desktops bind no Save As key; Ctrl+Shift+S is the usual one.
+        QList<QKeySequence> keys = QKeySequence::keyBindings(command.key);
+        if (keys.isEmpty() && command.key == QKeySequence::SaveAs)
+            keys.append(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+        action->setShortcuts(keys);
         action->setShortcutContext(Qt::WindowShortcut);
         connect(action, &QAction::triggered, this, command.slot);
         addAction(action);

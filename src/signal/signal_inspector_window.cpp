@@ -1,7 +1,10 @@
 // The signal inspector window.
 #include "signal/signal_inspector_window.h"
 
+#include <algorithm>
+
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTableView>
 
 #include "signal/inspector_sig_table_model.h"
@@ -19,6 +22,8 @@ GVRWinSigInspector::GVRWinSigInspector(DesignLibrary& library, QWidget* parent)
     // Read-only, and no row ever stays selected.
     table_->setSelectionMode(QAbstractItemView::NoSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // No focus frame either: a framed cell would look selected.
+    table_->setFocusPolicy(Qt::NoFocus);
     table_->setAlternatingRowColors(true);
     table_->setWordWrap(false);
     table_->verticalHeader()->hide();
@@ -38,10 +43,19 @@ GVRWinSigInspector::GVRWinSigInspector(DesignLibrary& library, QWidget* parent)
             tableModel_->sort(column, order);
     });
     setCentralWidget(table_);
-    resize(1100, 360);
 
     connect(&library, &DesignLibrary::newSignalFile, this, &GVRWinSigInspector::updateTableDisplay);
     updateTableDisplay();
+    fitWidthToColumns();
+}
+
+void GVRWinSigInspector::fitWidthToColumns()
+{
+    // Wide enough for every column as first filled, within reason.
+    table_->resizeColumnsToContents();
+    const int columns = table_->horizontalHeader()->length() + 2 * table_->frameWidth() +
+                        table_->verticalScrollBar()->sizeHint().width();
+    resize(std::clamp(columns, 640, 1400), 360);
 }
 
 const QList<GVRInspectSig>& GVRWinSigInspector::inspectorDataArray() const

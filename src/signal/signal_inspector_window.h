@@ -30,6 +30,8 @@ public slots:
     void updateTableDisplay();
 
 private:
+    void fitWidthToColumns();
+
     GVRInspectorSigModel inspectorSigModel_;
     GVRInspectorSigTableModel* tableModel_ = nullptr;
     QTableView* table_ = nullptr;

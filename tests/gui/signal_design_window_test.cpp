@@ -1,0 +1,344 @@
+// The signal designer window driven through its controls: captions by
+// function, unit switches and what they rescale, the steppers, designing,
+// and saving and opening through the sheets with a temporary library.
+#include <memory>
+
+#include <QAction>
+#include <QFileInfo>
+#include <QGroupBox>
+#include <QLabel>
+
+#include <gtest/gtest.h>
+
+#include "charts/view_freq_signal_design.h"
+#include "charts/view_func_signal_design.h"
+#include "charts/view_time_signal_design.h"
+#include "filter/number_field.h"
+#include "gui/designer_test_support.h"
+#include "shell/design_library.h"
+#include "signal/signal_design_window.h"
+#include "signal/signal_keys.h"
+#include "support/temp_library.h"
+
+static void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+using namespace designer_test;
+
+namespace {
+
+enum FreqUnits { MHz = 0, KHz = 1 };
+enum VoltUnits { V = 0, mV = 1 };
+
+class SignalDesignWindow : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        library = std::make_unique<DesignLibrary>(temp.root());
+        ASSERT_TRUE(library->ensureFolders().isEmpty());
+        window = std::make_unique<GVRWinSignalDesign>(*library);
+        window->showGVRWinSignalDesign();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    }
+
+    void TearDown() override
+    {
+        window.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    // Steps the function stepper up from where it is to `function`.
+    void stepTo(int function)
+    {
+        QSpinBox* stepper = window->yFuncStepper();
+        stepper->setFocus();
+        for (int guard = 0; stepper->value() != function && guard < 11; ++guard)
+            QTest::keyClick(stepper, Qt::Key_Up);
+        ASSERT_EQ(stepper->value(), function);
+    }
+
+    GVRNumberField* parm(int n) const { return window->parmField(n - 1); }
+    QString text(int n) const { return parm(n)->text(); }
+    QString caption(int n) const { return window->parmUnitsLabel(n - 1)->text(); }
+    QString symbol(int n) const { return window->parmLabel(n - 1)->text(); }
+    QString note() const { return window->noteField()->text(); }
+
+    void typeParms(const QStringList& values)
+    {
+        for (int n = 1; n <= values.size(); ++n)
+            type(parm(n), values.at(n - 1));
+    }
+
+    TempLibrary temp;
+    std::unique_ptr<DesignLibrary> library;
+    std::unique_ptr<GVRWinSignalDesign> window;
+};
+
+TEST_F(SignalDesignWindow, StartsUntitledInMegahertzAndVolts)
+{
+    EXPECT_EQ(window->objectName(), "GVRWinSignalDesign");
+    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_EQ(window->freqUnitsPopUp()->currentText(), "MHz");
+    EXPECT_EQ(window->voltUnitsPopUp()->currentText(), "V");
+    EXPECT_EQ(window->zoomStepper()->text(), "x16");
+    EXPECT_EQ(window->yFuncStepper()->value(), 0);
+    EXPECT_EQ(window->freqUnitsLabel()->text(), "MHz");
+    EXPECT_EQ(window->menuWidget(), nullptr);
+    EXPECT_EQ(window->freqUnitsPopUp()->toolTip(),
+              "Select the Units for the Sampling Frequency and other frequency parameters");
+    EXPECT_EQ(window->yFuncStepper()->toolTip(), "Select a Signal Function");
+    EXPECT_EQ(window->zoomStepper()->toolTip(), "Magnification of Time Domain Signal");
+}
+
+TEST_F(SignalDesignWindow, SymbolsCaptionsAndTipsFollowTheFunction)
+{
+    // Cosine: A fₐ ϕ σ μ.
+    EXPECT_EQ(QStringList({symbol(1), symbol(2), symbol(3), symbol(4), symbol(5), symbol(6)}),
+              QStringList({"A", "fₐ", "ϕ", "σ", "μ", " "}));
+    EXPECT_EQ(QStringList({caption(1), caption(2), caption(3), caption(4), caption(5), caption(6)}),
+              QStringList({"V", "MHz", "Rad", " ", "V", " "}));
+    EXPECT_EQ(parm(1)->toolTip(), "Amplitude of sinusoid");
+    EXPECT_EQ(parm(4)->toolTip(), "Standard of Deviation of the Additive Gaussian Noise (AGN=0 when σ=0)");
+    EXPECT_EQ(parm(6)->toolTip(), "");
+
+    stepTo(1);  // two cosines
+    EXPECT_EQ(QStringList({symbol(1), symbol(2), symbol(3), symbol(4), symbol(5), symbol(6)}),
+              QStringList({"A₁", "fₐ₁", "A₂", "fₐ₂", "σ", "μ"}));
+    EXPECT_EQ(QStringList({caption(1), caption(2), caption(3), caption(4), caption(5), caption(6)}),
+              QStringList({"V", "MHz", "V", "MHz", " ", "V"}));
+    EXPECT_EQ(window->viewFuncSignalDesign()->functionIndex(), 1);
+
+    stepTo(2);  // sum of cosines
+    EXPECT_EQ(symbol(4), "M");
+    EXPECT_EQ(parm(4)->toolTip(), "Maximum number of distinct sinusoids");
+    stepTo(6);  // noise
+    EXPECT_EQ(QStringList({symbol(1), symbol(2), caption(1), caption(2)}), QStringList({"σ", "μ", " ", "V"}));
+    stepTo(8);  // rectangle
+    EXPECT_EQ(QStringList({symbol(1), symbol(2), symbol(3), symbol(4)}), QStringList({"A", "τ", "σ", "μ"}));
+    EXPECT_EQ(QStringList({caption(1), caption(2), caption(3), caption(4)}), QStringList({"V", "μS", " ", "V"}));
+    EXPECT_EQ(parm(1)->toolTip(), "Amplitude of rectangle");
+    EXPECT_EQ(parm(2)->toolTip(), "Time at which the amplitude transition occurs");
+    stepTo(10);  // sinc squared
+    EXPECT_EQ(QStringList({symbol(1), symbol(2), symbol(3), caption(3)}), QStringList({"β", "σ", "μ", "V"}));
+    EXPECT_EQ(parm(1)->toolTip(), "β=1 for a normalized Sinc function");
+}
+
+TEST_F(SignalDesignWindow, FunctionStepperWrapsAndEmptiesEveryEntry)
+{
+    stepTo(10);
+    type(window->freqSampField(), "300");
+    typeParms({"1", "2", "3"});
+    QTest::keyClick(window->yFuncStepper(), Qt::Key_Up);
+    EXPECT_EQ(window->yFuncStepper()->value(), 0);
+    EXPECT_EQ(window->freqSampField()->text(), "");
+    for (int n = 1; n <= 6; ++n)
+        EXPECT_EQ(text(n), "") << n;
+    EXPECT_EQ(window->viewFuncSignalDesign()->functionIndex(), 0);
+    EXPECT_TRUE(window->theTimeArray().empty());  // nothing designed
+    QTest::keyClick(window->yFuncStepper(), Qt::Key_Down);
+    EXPECT_EQ(window->yFuncStepper()->value(), 10);
+}
+
+TEST_F(SignalDesignWindow, DesignFillsBothCharts)
+{
+    const QImage emptyTime = snapshot(window->viewTimeSignalDesign());
+    const QImage emptyFreq = snapshot(window->viewFreqSignalDesign());
+    type(window->freqSampField(), "300");
+    typeParms({"1", "10", "0", "0", "0"});
+    QTest::mouseClick(window->designSignalBut(), Qt::LeftButton);
+    EXPECT_EQ(window->theTimeArray().size(), 16392u) << note().toStdString();
+    EXPECT_EQ(window->theFreqArray().size(), 8200u);
+    EXPECT_EQ(window->signalParameterDictionary().size(), 10);
+    EXPECT_DOUBLE_EQ(window->signalParameterDictionary().value(KEYSP_FREQ_SAMP).toDouble(), 300.0);
+    EXPECT_NE(snapshot(window->viewTimeSignalDesign()), emptyTime);
+    EXPECT_NE(snapshot(window->viewFreqSignalDesign()), emptyFreq);
+    EXPECT_EQ(note(), "");
+    saveScreenshot(window.get(), "signal_design_window.png");
+
+    // Too slow a rate for fₐ: the model's notice.
+    type(window->freqSampField(), "50");
+    QTest::keyClick(window->freqSampField(), Qt::Key_Return);
+    EXPECT_TRUE(note().startsWith("OPTIMAL RATE")) << note().toStdString();
+}
+
+TEST_F(SignalDesignWindow, NoisyTwoToneScreenshot)
+{
+    stepTo(7);  // mixer
+    type(window->freqSampField(), "300");
+    typeParms({"1", "25", "0.5", "5", "0.05", "0"});
+    QTest::mouseClick(window->designSignalBut(), Qt::LeftButton);
+    ASSERT_EQ(window->theTimeArray().size(), 16392u) << note().toStdString();
+    saveScreenshot(window.get(), "signal_design_window_mixer.png");
+}
+
+TEST_F(SignalDesignWindow, EmptyFieldsReadAsZero)
+{
+    type(window->freqSampField(), "300");
+    typeParms({"1", "", "-"});
+    QTest::mouseClick(window->designSignalBut(), Qt::LeftButton);
+    const QVariantMap& p = window->signalParameterDictionary();
+    ASSERT_EQ(p.size(), 10);
+    EXPECT_DOUBLE_EQ(p.value(KEYSP_PARM2).toDouble(), 0.0);
+    EXPECT_DOUBLE_EQ(p.value(KEYSP_PARM3).toDouble(), 0.0);
+    EXPECT_EQ(note(), "VALID RANGE: fₐ > 0");
+    EXPECT_TRUE(window->theTimeArray().empty());
+}
+
+TEST_F(SignalDesignWindow, MegaToKiloRescalesRateAndFrequencyOnly)
+{
+    type(window->freqSampField(), "300");
+    typeParms({"1", "10", "0.5", "0.1", "0.2"});
+    choose(window->freqUnitsPopUp(), KHz);
+    EXPECT_EQ(window->freqSampField()->text(), "300000");
+    EXPECT_EQ(text(2), "10000");
+    EXPECT_EQ(QStringList({text(1), text(3), text(4), text(5)}), QStringList({"1", "0.5", "0.1", "0.2"}));
+    EXPECT_EQ(window->freqUnitsLabel()->text(), "KHz");
+    EXPECT_EQ(caption(2), "KHz");
+    EXPECT_EQ(window->previousFreqUnitsSelected(), KHz);
+    EXPECT_EQ(window->theTimeArray().size(), 16392u);  // designed at once
+
+    choose(window->freqUnitsPopUp(), MHz);
+    EXPECT_EQ(window->freqSampField()->text(), "300");
+    EXPECT_EQ(text(2), "10");
+}
+
+TEST_F(SignalDesignWindow, TwoToneFrequenciesBothRescale)
+{
+    stepTo(4);
+    type(window->freqSampField(), "300");
+    typeParms({"1", "10", "1", "20", "0", "0"});
+    choose(window->freqUnitsPopUp(), KHz);
+    EXPECT_EQ(QStringList({text(2), text(4), text(1), text(3)}), QStringList({"10000", "20000", "1", "1"}));
+}
+
+TEST_F(SignalDesignWindow, RectangleTimeKeepsItsNumberAndChangesCaption)
+{
+    stepTo(8);
+    type(window->freqSampField(), "300");
+    typeParms({"1", "20", "0", "0"});
+    EXPECT_EQ(caption(2), "μS");
+    choose(window->freqUnitsPopUp(), KHz);
+    EXPECT_EQ(window->freqSampField()->text(), "300000");
+    EXPECT_EQ(text(2), "20");
+    EXPECT_EQ(caption(2), "mS");
+}
+
+TEST_F(SignalDesignWindow, VoltsToMillivoltsRescalesAmplitudesAndMeanButNotSigma)
+{
+    stepTo(4);  // two sines
+    type(window->freqSampField(), "300");
+    typeParms({"1", "10", "0.5", "20", "0.1", "0.2"});
+    choose(window->voltUnitsPopUp(), mV);
+    EXPECT_EQ(QStringList({text(1), text(3), text(6)}), QStringList({"1000", "500", "200"}));
+    EXPECT_EQ(QStringList({text(2), text(4), text(5)}), QStringList({"10", "20", "0.1"}));
+    EXPECT_EQ(QStringList({caption(1), caption(3), caption(6)}), QStringList({"mV", "mV", "mV"}));
+    EXPECT_EQ(window->previousVoltUnitsSelected(), mV);
+
+    choose(window->voltUnitsPopUp(), V);
+    EXPECT_EQ(QStringList({text(1), text(3), text(6)}), QStringList({"1", "0.5", "0.2"}));
+}
+
+TEST_F(SignalDesignWindow, SameUnitAgainChangesNoValueButDesigns)
+{
+    type(window->freqSampField(), "300");
+    typeParms({"1", "10", "0", "0", "0"});
+    ASSERT_TRUE(window->theTimeArray().empty());
+    choose(window->freqUnitsPopUp(), MHz);
+    EXPECT_EQ(window->freqSampField()->text(), "300");
+    EXPECT_EQ(text(2), "10");
+    EXPECT_EQ(window->theTimeArray().size(), 16392u);
+}
+
+TEST_F(SignalDesignWindow, ZoomStepperCaptionAndChart)
+{
+    QSpinBox* zoom = window->zoomStepper();
+    zoom->setFocus();
+    for (int i = 0; i < 4; ++i)
+        QTest::keyClick(zoom, Qt::Key_Up);
+    EXPECT_EQ(zoom->text(), "x256");
+    EXPECT_FLOAT_EQ(window->viewTimeSignalDesign()->zoomFactor(), 256.0f);
+    QTest::keyClick(zoom, Qt::Key_Up);  // wraps
+    EXPECT_EQ(zoom->text(), "x1");
+    EXPECT_FLOAT_EQ(window->viewTimeSignalDesign()->zoomFactor(), 1.0f);
+    QTest::keyClick(zoom, Qt::Key_Down);
+    EXPECT_EQ(zoom->text(), "x256");
+
+    // A new function puts the caption back; the chart keeps its zoom until the stepper is used.
+    stepTo(1);
+    EXPECT_EQ(zoom->text(), "x16");
+    EXPECT_FLOAT_EQ(window->viewTimeSignalDesign()->zoomFactor(), 256.0f);
+    zoom->setFocus();
+    QTest::keyClick(zoom, Qt::Key_Up);
+    EXPECT_FLOAT_EQ(window->viewTimeSignalDesign()->zoomFactor(), 32.0f);
+}
+
+TEST_F(SignalDesignWindow, SaveNewOpenRestoresUnitsAndValues)
+{
+    stepTo(3);  // sine
+    choose(window->freqUnitsPopUp(), KHz);
+    choose(window->voltUnitsPopUp(), mV);
+    type(window->freqSampField(), "300000");
+    typeParms({"500", "35000", "0.25", "0", "0"});
+    QTest::mouseClick(window->designSignalBut(), Qt::LeftButton);
+    ASSERT_EQ(window->theTimeArray().size(), 16392u) << note().toStdString();
+    const std::vector<double> saved = window->theTimeArray();
+
+    window->saveAsMenuItem();
+    answerSaveSheet("sine35k");
+    EXPECT_TRUE(QFileInfo::exists(library->signalPath("sine35k")));
+    EXPECT_EQ(window->windowTitle(), "sine35k");
+
+    window->newMenuItem();
+    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_EQ(window->freqUnitsPopUp()->currentIndex(), MHz);
+    EXPECT_EQ(window->voltUnitsPopUp()->currentIndex(), V);
+    EXPECT_EQ(window->freqSampField()->text(), "");
+    EXPECT_TRUE(window->theTimeArray().empty());
+    EXPECT_TRUE(window->theFreqArray().empty());
+    EXPECT_EQ(window->yFuncStepper()->value(), 3);  // the function stays
+
+    stepTo(9);
+    window->openMenuItem();
+    answerOpenSheet("sine35k.signal");
+    EXPECT_EQ(window->windowTitle(), "sine35k");
+    EXPECT_EQ(window->signalFilename(), "sine35k");
+    EXPECT_EQ(window->yFuncStepper()->value(), 3);
+    EXPECT_EQ(window->viewFuncSignalDesign()->functionIndex(), 3);
+    EXPECT_EQ(window->freqUnitsPopUp()->currentIndex(), KHz);
+    EXPECT_EQ(window->voltUnitsPopUp()->currentIndex(), mV);
+    EXPECT_EQ(window->freqSampField()->text(), "300000");
+    EXPECT_EQ(QStringList({text(1), text(2), text(3)}), QStringList({"500", "35000", "0.25"}));
+    EXPECT_EQ(caption(2), "KHz");
+    EXPECT_EQ(caption(1), "mV");
+    ASSERT_EQ(window->theTimeArray().size(), 16392u);
+    // Samples of a noiseless sine are the same; only noise would differ.
+    EXPECT_EQ(window->theTimeArray(), saved);
+
+    // Choosing the restored units again changes nothing.
+    choose(window->freqUnitsPopUp(), KHz);
+    choose(window->voltUnitsPopUp(), mV);
+    EXPECT_EQ(window->freqSampField()->text(), "300000");
+    EXPECT_EQ(text(1), "500");
+}
+
+TEST_F(SignalDesignWindow, FileActionsCarryTheUsualKeys)
+{
+    QStringList keys;
+    for (QAction* action : window->fileActions()) {
+        EXPECT_EQ(action->shortcutContext(), Qt::WindowShortcut);
+        keys << action->shortcut().toString();
+    }
+    EXPECT_EQ(keys, QStringList({"Ctrl+N", "Ctrl+O", "Ctrl+S", "Ctrl+Shift+S"}));
+    activate(window.get());
+    QTest::keySequence(window.get(), QKeySequence(Qt::CTRL | Qt::Key_O));
+    GVROpenSheet* sheet = topModal<GVROpenSheet>();
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_TRUE(sheet->files().isEmpty());
+    QTest::mouseClick(sheet->openButton(), Qt::LeftButton);  // nothing to open: just closes
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+}
+
+} // namespace
