@@ -16,13 +16,16 @@ namespace cli {
 int runExport(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Write the integer coefficients of a saved filter design to OUT as comma-separated text."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Write the integer coefficients of a saved filter design to OUT as comma-separated text."));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show this help."));
     const QCommandLineOption library = libraryOption();
     parser.addOptions({help, library});
-    parser.addPositionalArgument(QStringLiteral("NAME"), QStringLiteral("Filter design name (\".filt\" optional)."));
-    parser.addPositionalArgument(QStringLiteral("OUT"), QStringLiteral("Text file to write (replaced if present)."));
+    parser.addPositionalArgument(QStringLiteral("NAME"),
+                                 QStringLiteral("Filter design name (\".filt\" optional)."));
+    parser.addPositionalArgument(QStringLiteral("OUT"),
+                                 QStringLiteral("Text file to write (replaced if present)."));
     if (!parser.parse(args)) {
         printErr(parser.errorText() + QLatin1Char('\n') + parser.helpText());
         return Usage;
@@ -43,7 +46,8 @@ int runExport(const QStringList& args)
     if (name.endsWith(extension))
         name.chop(extension.size());
     if (!LibraryDesignSource::isPlainName(name) || out.isEmpty()) {
-        printErr(QStringLiteral("orvana-cli export: \"%1\" is not a filter design name.").arg(positional.at(0)));
+        printErr(
+            QStringLiteral("orvana-cli export: \"%1\" is not a filter design name.").arg(positional.at(0)));
         return Usage;
     }
 
@@ -67,4 +71,4 @@ int runExport(const QStringList& args)
     return Designed;
 }
 
-}  // namespace cli
+} // namespace cli

@@ -64,8 +64,7 @@ public:
             text_ += QString::fromStdString(*v);
         end();
     }
-    template <typename T>
-    void field(const char* key, const std::optional<std::vector<T>>& v)
+    template <typename T> void field(const char* key, const std::optional<std::vector<T>>& v)
     {
         start(key);
         if (!v) {
@@ -173,8 +172,7 @@ void print(RecordPrinter& p, const GVRProject& r)
     p.field("signalTwoName", r.signalTwoName);
 }
 
-template <typename Record>
-int show(const std::optional<Record>& record, const QString& error, bool json)
+template <typename Record> int show(const std::optional<Record>& record, const QString& error, bool json)
 {
     if (!record) {
         printErr(QStringLiteral("orvana-cli open: %1").arg(error));
@@ -186,17 +184,19 @@ int show(const std::optional<Record>& record, const QString& error, bool json)
     return Designed;
 }
 
-}  // namespace
+} // namespace
 
 int runOpen(const QStringList& args)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Print the keys and values of a saved design."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
-    const QCommandLineOption diagram(QStringLiteral("diagram"),
-                                     QStringLiteral("For a project: the folder of diagram 1 or 2 (default: whichever "
-                                                    "holds NAME)."),
-                                     QStringLiteral("1|2"));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show this help."));
+    const QCommandLineOption diagram(
+        QStringLiteral("diagram"),
+        QStringLiteral("For a project: the folder of diagram 1 or 2 (default: whichever "
+                       "holds NAME)."),
+        QStringLiteral("1|2"));
     const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
     const QCommandLineOption library = libraryOption();
     parser.addOptions({help, diagram, json, library});
@@ -213,10 +213,11 @@ int runOpen(const QStringList& args)
     }
     const QStringList positional = parser.positionalArguments();
     const QString kind = positional.value(0).toLower();
-    if (positional.size() != 2 ||
-        (kind != QLatin1String("filter") && kind != QLatin1String("signal") && kind != QLatin1String("project"))) {
-        printErr(QStringLiteral("orvana-cli open: give a kind (filter, signal or project) and a design name.\n") +
-                 parser.helpText());
+    if (positional.size() != 2 || (kind != QLatin1String("filter") && kind != QLatin1String("signal") &&
+                                   kind != QLatin1String("project"))) {
+        printErr(
+            QStringLiteral("orvana-cli open: give a kind (filter, signal or project) and a design name.\n") +
+            parser.helpText());
         return Usage;
     }
     QString name = positional.at(1);
@@ -285,4 +286,4 @@ int runOpen(const QStringList& args)
     return show(record, error, asJson);
 }
 
-}  // namespace cli
+} // namespace cli

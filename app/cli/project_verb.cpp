@@ -74,8 +74,9 @@ void writeText(const GVRProjectModel& model, const CollectingView& view, bool de
                .arg(model.blockDiagramNumber() == 1 ? QStringLiteral("Sum & Filter Model")
                                                     : QStringLiteral("Multirate Model"),
                     model.signalOneName(), model.signalTwoName(),
-                    model.blockDiagramNumber() == 2 && model.multirateFilterType() == 1 ? QStringLiteral("automatic")
-                                                                                       : model.filterName());
+                    model.blockDiagramNumber() == 2 && model.multirateFilterType() == 1
+                        ? QStringLiteral("automatic")
+                        : model.filterName());
     out += QStringLiteral("Input  fs %1 %2, samples %3 .. %4 %5\n")
                .arg(t[0], 0, 'g', 10)
                .arg(unit)
@@ -90,19 +91,24 @@ void writeText(const GVRProjectModel& model, const CollectingView& view, bool de
                .arg(voltOut);
     out += QStringLiteral("\n   n  x[n]                    y[n]\n");
     for (std::size_t k = 0; k < 8; ++k)
-        out += QStringLiteral("%1  %2  %3\n").arg(k, 4).arg(t[2 * h + k], -22, 'g', 12).arg(t[2 * h + n + k], 0, 'g', 12);
+        out += QStringLiteral("%1  %2  %3\n")
+                   .arg(k, 4)
+                   .arg(t[2 * h + k], -22, 'g', 12)
+                   .arg(t[2 * h + n + k], 0, 'g', 12);
     printOut(out);
 }
 
-}  // namespace
+} // namespace
 
 int runProject(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Run a Sum & Filter (diagram 1) or Multirate (diagram 2) project from saved designs."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
-    const QCommandLineOption diagram(QStringLiteral("diagram"), QStringLiteral("1 Sum & Filter, 2 Multirate (default 1)."),
+    parser.setApplicationDescription(QStringLiteral(
+        "Run a Sum & Filter (diagram 1) or Multirate (diagram 2) project from saved designs."));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show this help."));
+    const QCommandLineOption diagram(QStringLiteral("diagram"),
+                                     QStringLiteral("1 Sum & Filter, 2 Multirate (default 1)."),
                                      QStringLiteral("1|2"), QStringLiteral("1"));
     const QCommandLineOption filter(QStringLiteral("filter"), QStringLiteral("Filter design name."),
                                     QStringLiteral("name"));
@@ -110,22 +116,28 @@ int runProject(const QStringList& args)
                                   QStringLiteral("name"));
     const QCommandLineOption sig2(QStringLiteral("sig2"), QStringLiteral("x₂[n] signal design name."),
                                   QStringLiteral("name"));
-    const QCommandLineOption sign1(QStringLiteral("sign1"), QStringLiteral("x₁ multiplier: 0 +1, 1 -1, 2 left out."),
+    const QCommandLineOption sign1(QStringLiteral("sign1"),
+                                   QStringLiteral("x₁ multiplier: 0 +1, 1 -1, 2 left out."),
                                    QStringLiteral("0|1|2"), QStringLiteral("0"));
-    const QCommandLineOption sign2(QStringLiteral("sign2"), QStringLiteral("x₂ multiplier: 0 +1, 1 -1, 2 left out."),
+    const QCommandLineOption sign2(QStringLiteral("sign2"),
+                                   QStringLiteral("x₂ multiplier: 0 +1, 1 -1, 2 left out."),
                                    QStringLiteral("0|1|2"), QStringLiteral("0"));
-    const QCommandLineOption interp(QStringLiteral("L"), QStringLiteral("Interpolation factor, 1 to 12 (default 1)."),
+    const QCommandLineOption interp(QStringLiteral("L"),
+                                    QStringLiteral("Interpolation factor, 1 to 12 (default 1)."),
                                     QStringLiteral("N"), QStringLiteral("1"));
-    const QCommandLineOption decim(QStringLiteral("M"), QStringLiteral("Decimation factor, 1 to 12 (default 1)."),
+    const QCommandLineOption decim(QStringLiteral("M"),
+                                   QStringLiteral("Decimation factor, 1 to 12 (default 1)."),
                                    QStringLiteral("N"), QStringLiteral("1"));
-    const QCommandLineOption automatic(QStringLiteral("auto"),
-                                       QStringLiteral("Multirate filter: 0 the named filter, 1 automatic low pass."),
-                                       QStringLiteral("0|1"), QStringLiteral("0"));
-    const QCommandLineOption save(QStringLiteral("save"), QStringLiteral("Save the project in the library as NAME."),
+    const QCommandLineOption automatic(
+        QStringLiteral("auto"), QStringLiteral("Multirate filter: 0 the named filter, 1 automatic low pass."),
+        QStringLiteral("0|1"), QStringLiteral("0"));
+    const QCommandLineOption save(QStringLiteral("save"),
+                                  QStringLiteral("Save the project in the library as NAME."),
                                   QStringLiteral("name"));
     const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
     const QCommandLineOption library = libraryOption();
-    parser.addOptions({help, diagram, filter, sig1, sig2, sign1, sign2, interp, decim, automatic, save, json, library});
+    parser.addOptions(
+        {help, diagram, filter, sig1, sig2, sign1, sign2, interp, decim, automatic, save, json, library});
     if (!parseOrComplain(parser, args))
         return Usage;
     if (parser.isSet(help)) {
@@ -140,16 +152,18 @@ int runProject(const QStringList& args)
     const auto mValue = wholeIn(parser.value(decim), 1, 12);
     const auto autoValue = wholeIn(parser.value(automatic), 0, 1);
     if (!diagramValue || !sign1Value || !sign2Value || !lValue || !mValue || !autoValue) {
-        printErr(QStringLiteral("orvana-cli project: --diagram takes 1 or 2, --sign1 and --sign2 0 to 2, --L and --M "
-                                "1 to 12, --auto 0 or 1."));
+        printErr(QStringLiteral(
+            "orvana-cli project: --diagram takes 1 or 2, --sign1 and --sign2 0 to 2, --L and --M "
+            "1 to 12, --auto 0 or 1."));
         return Usage;
     }
     const QString filterName = parser.value(filter);
     const QString oneName = parser.value(sig1);
     const QString twoName = parser.value(sig2);
     if (filterName.isEmpty() || oneName.isEmpty() || twoName.isEmpty()) {
-        printErr(QStringLiteral("orvana-cli project: --filter, --sig1 and --sig2 name saved designs; all three are "
-                                "needed (the filter even with --auto 1)."));
+        printErr(QStringLiteral(
+            "orvana-cli project: --filter, --sig1 and --sig2 name saved designs; all three are "
+            "needed (the filter even with --auto 1)."));
         return Usage;
     }
 
@@ -169,14 +183,16 @@ int runProject(const QStringList& args)
     if (parser.isSet(save)) {
         const QString name = parser.value(save);
         if (!LibraryDesignSource::isPlainName(name)) {
-            printErr(QStringLiteral("orvana-cli project: the project was not saved. \"%1\" cannot be used as a "
-                                    "project name.")
-                         .arg(name));
+            printErr(
+                QStringLiteral("orvana-cli project: the project was not saved. \"%1\" cannot be used as a "
+                               "project name.")
+                    .arg(name));
             return Refused;
         }
         const QString path = designLibrary.projectPath(*diagramValue, name);
         if (!model.saveProjectWithFilePath(path)) {
-            printErr(QStringLiteral("orvana-cli project: the project was not saved. %1").arg(model.lastFileError()));
+            printErr(QStringLiteral("orvana-cli project: the project was not saved. %1")
+                         .arg(model.lastFileError()));
             return Refused;
         }
         if (!parser.isSet(json))
@@ -185,4 +201,4 @@ int runProject(const QStringList& args)
     return designed ? Designed : Refused;
 }
 
-}  // namespace cli
+} // namespace cli

@@ -25,7 +25,7 @@ QVariant asVariant(double value)
     return QVariant(value);
 }
 
-}  // namespace
+} // namespace
 
 bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
 {
@@ -61,7 +61,8 @@ bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
         return false;
     }
     if (!LibraryDesignSource::isPlainName(name)) {
-        lastFileError_ = QStringLiteral("\"%1\" cannot be used as a design name: it must not contain \"/\".").arg(name);
+        lastFileError_ =
+            QStringLiteral("\"%1\" cannot be used as a design name: it must not contain \"/\".").arg(name);
         return false;
     }
     DesignLibrary& library = libraryOr(library_);
@@ -82,7 +83,8 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
         lastFileError_ = QStringLiteral("\"%1\" is not the name of a filter design.").arg(name);
         return false;
     }
-    const std::optional<GVRFilter> record = readFilterFile(libraryOr(library_).filterPath(name), &lastFileError_);
+    const std::optional<GVRFilter> record =
+        readFilterFile(libraryOr(library_).filterPath(name), &lastFileError_);
     if (!record)
         return false;
 
@@ -114,7 +116,8 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
         restored.insert(KEYFP_CENTER_FREQ, center);
     }
     if (restored.size() != 9) {
-        lastFileError_ = QStringLiteral("The filter design \"%1\" is incomplete and cannot be opened.").arg(name);
+        lastFileError_ =
+            QStringLiteral("The filter design \"%1\" is incomplete and cannot be opened.").arg(name);
         return false;
     }
     filterRestorationDictionary_ = restored;

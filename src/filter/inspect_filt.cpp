@@ -11,13 +11,20 @@ struct Column {
 };
 
 constexpr Column kColumns[] = {
-    {"filename", &GVRInspectFilt::filename}, {"filter", &GVRInspectFilt::filter},
-    {"fs", &GVRInspectFilt::fs},             {"window", &GVRInspectFilt::window},
-    {"parm", &GVRInspectFilt::parm},         {"width", &GVRInspectFilt::width},
-    {"length", &GVRInspectFilt::length},     {"fcutoff", &GVRInspectFilt::fcutoff},
-    {"fcenter", &GVRInspectFilt::fcenter},   {"db3band", &GVRInspectFilt::db3band},
-    {"db3low", &GVRInspectFilt::db3low},     {"db3high", &GVRInspectFilt::db3high},
-    {"ripple", &GVRInspectFilt::ripple},     {"units", &GVRInspectFilt::units},
+    {"filename", &GVRInspectFilt::filename},
+    {"filter", &GVRInspectFilt::filter},
+    {"fs", &GVRInspectFilt::fs},
+    {"window", &GVRInspectFilt::window},
+    {"parm", &GVRInspectFilt::parm},
+    {"width", &GVRInspectFilt::width},
+    {"length", &GVRInspectFilt::length},
+    {"fcutoff", &GVRInspectFilt::fcutoff},
+    {"fcenter", &GVRInspectFilt::fcenter},
+    {"db3band", &GVRInspectFilt::db3band},
+    {"db3low", &GVRInspectFilt::db3low},
+    {"db3high", &GVRInspectFilt::db3high},
+    {"ripple", &GVRInspectFilt::ripple},
+    {"units", &GVRInspectFilt::units},
 };
 
 Field fieldOf(const QString& key)
@@ -29,7 +36,7 @@ Field fieldOf(const QString& key)
     return nullptr;
 }
 
-}  // namespace
+} // namespace
 
 QString GVRInspectFilt::value(const QString& key) const
 {

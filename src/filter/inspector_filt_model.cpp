@@ -22,7 +22,7 @@ QString titleAt(const QStringList& titles, const std::optional<std::int64_t>& in
     return titles.at(static_cast<qsizetype>(*index));
 }
 
-}  // namespace
+} // namespace
 
 GVRInspectorFiltModel::GVRInspectorFiltModel(const DesignLibrary& library) : library_(library) {}
 
@@ -44,7 +44,8 @@ const QStringList& GVRInspectorFiltModel::windowTypeTitle()
 const QStringList& GVRInspectorFiltModel::bitWidthTitle()
 {
     static const QStringList titles =
-        QStringLiteral("Double,20-bit,19-bit,18-bit,17-bit,16-bit,15-bit,14-bit,13-bit,12-bit,11-bit,10-bit,9-bit,8-bit")
+        QStringLiteral(
+            "Double,20-bit,19-bit,18-bit,17-bit,16-bit,15-bit,14-bit,13-bit,12-bit,11-bit,10-bit,9-bit,8-bit")
             .split(u',');
     return titles;
 }
@@ -65,7 +66,7 @@ QString lengthText(const std::optional<double>& length)
     return QString::asprintf("%d", static_cast<int>(*length));
 }
 
-}  // namespace
+} // namespace
 
 GVRInspectFilt GVRInspectorFiltModel::rowForRecord(const QString& displayName, const GVRFilter& record)
 {

@@ -16,7 +16,8 @@ QList<GVRInspectFilt> GVRFirExportModel::getFirExportFileArray()
         GVRInspectFilt row;
         row.filename = entry.fileName;
         // An unreadable file is listed by name only; exporting it is refused later.
-        if (const std::optional<GVRFilter> record = readFilterFile(library_.filterFolder() + u'/' + entry.fileName)) {
+        if (const std::optional<GVRFilter> record =
+                readFilterFile(library_.filterFolder() + u'/' + entry.fileName)) {
             const GVRInspectFilt full = GVRInspectorFiltModel::rowForRecord(entry.fileName, *record);
             row.filter = full.filter;
             row.length = full.length;
@@ -49,8 +50,8 @@ QByteArray GVRFirExportModel::coefficientText(const std::vector<std::int64_t>& c
     return text;
 }
 
-bool GVRFirExportModel::openFilterFileAndSaveCoefficientsToFile(const QString& fileName, const QString& csvPath,
-                                                                QString* error)
+bool GVRFirExportModel::openFilterFileAndSaveCoefficientsToFile(const QString& fileName,
+                                                                const QString& csvPath, QString* error)
 {
     auto fail = [&](const QString& message) {
         if (error)
@@ -62,7 +63,8 @@ bool GVRFirExportModel::openFilterFileAndSaveCoefficientsToFile(const QString& f
     if (csvPath.isEmpty())
         return fail(QStringLiteral("No file was chosen to export to."));
     QString readError;
-    const std::optional<GVRFilter> record = readFilterFile(library_.filterFolder() + u'/' + fileName, &readError);
+    const std::optional<GVRFilter> record =
+        readFilterFile(library_.filterFolder() + u'/' + fileName, &readError);
     if (!record)
         return fail(readError);
     if (record->filterWidth == 0)

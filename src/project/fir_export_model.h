@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <vector>
 
-#include <QList>
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
 #include "filter/inspect_filt.h"

@@ -79,7 +79,8 @@ bool GVRProjectModel::openProjectWithFilePath(const QString& path)
     putNumber(KEYMOD_MULTIRATE_M, record->multirateM);
     putNumber(KEYMOD_MULTIRATE_FILT, record->multirateFilterType);
     if (restored.size() != 9) {
-        lastFileError_ = QStringLiteral("The project file \"%1\" is incomplete and cannot be opened.").arg(path);
+        lastFileError_ =
+            QStringLiteral("The project file \"%1\" is incomplete and cannot be opened.").arg(path);
         return false;
     }
 
@@ -103,11 +104,13 @@ bool GVRProjectModel::openProjectWithFilePath(const QString& path)
         missing << QStringLiteral("filter \"%1\"").arg(filter);
     if (!signalNames.contains(one, Qt::CaseSensitive))
         missing << QStringLiteral("signal \"%1\"").arg(one);
-    if (!signalNames.contains(two, Qt::CaseSensitive) && !missing.contains(QStringLiteral("signal \"%1\"").arg(two)))
+    if (!signalNames.contains(two, Qt::CaseSensitive) &&
+        !missing.contains(QStringLiteral("signal \"%1\"").arg(two)))
         missing << QStringLiteral("signal \"%1\"").arg(two);
     if (!missing.isEmpty()) {
-        lastFileError_ = QStringLiteral("The project file \"%1\" names designs that are not in the library: %2.")
-                             .arg(path, missing.join(QStringLiteral(", ")));
+        lastFileError_ =
+            QStringLiteral("The project file \"%1\" names designs that are not in the library: %2.")
+                .arg(path, missing.join(QStringLiteral(", ")));
         return false;
     }
     projectRestorationDictionary_ = restored;

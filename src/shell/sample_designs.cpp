@@ -19,8 +19,9 @@ QList<LibraryProblem> prepareLibrary(DesignLibrary& library, const QString& samp
 {
     QList<LibraryProblem> problems = library.ensureFolders();
     if (sampleFolder.isEmpty()) {
-        problems << LibraryProblem{QString(), QStringLiteral("The sample designs shipped with Orvana were not found, "
-                                                             "so none were copied into the design library.")};
+        problems << LibraryProblem{QString(),
+                                   QStringLiteral("The sample designs shipped with Orvana were not found, "
+                                                  "so none were copied into the design library.")};
         return problems;
     }
     const SeedReport report = library.seedSamples(sampleFolder);
@@ -32,7 +33,7 @@ namespace {
 
 struct SignalSample {
     const char* name;
-    int freqUnits;  // 0 MHz, 1 KHz
+    int freqUnits; // 0 MHz, 1 KHz
     double fs;
     int function;
     std::array<double, 6> parms;
@@ -50,15 +51,15 @@ constexpr SignalSample kSignals[] = {
 
 struct FilterSample {
     const char* name;
-    int units;  // 0 Norm, 1 KHz, 2 MHz
-    int type;   // 0 low, 1 band, 2 high pass
+    int units; // 0 Norm, 1 KHz, 2 MHz
+    int type;  // 0 low, 1 band, 2 high pass
     double fs;
     double cutoff;
     double center;
     int length;
-    int window;  // 2 Hamming, 9 Kaiser, 10 Chebyshev
+    int window; // 2 Hamming, 9 Kaiser, 10 Chebyshev
     double betaUpsilon;
-    int width;  // 0 Double, else 21 − bits
+    int width; // 0 Double, else 21 − bits
 };
 
 constexpr FilterSample kFilters[] = {
@@ -75,7 +76,7 @@ LibraryProblem sampleProblem(const QString& name, const QString& why)
     return {name, QStringLiteral("The sample design \"%1\" could not be made: %2").arg(name, why)};
 }
 
-}  // namespace
+} // namespace
 
 QList<LibraryProblem> makeSampleDesigns(const QString& folder)
 {
@@ -101,9 +102,9 @@ QList<LibraryProblem> makeSampleDesigns(const QString& folder)
     filterModel.setLibrary(&library);
     for (const FilterSample& f : kFilters) {
         const QVariantMap parameters{
-            {KEYFP_UNITS, f.units},         {KEYFP_FILTER_TYPE, f.type},     {KEYFP_SAMPLING_FREQ, f.fs},
-            {KEYFP_CUTOFF_FREQ, f.cutoff},  {KEYFP_CENTER_FREQ, f.center},   {KEYFP_FILTER_LENGTH, f.length},
-            {KEYFP_FILTER_WIDTH, f.width},  {KEYFP_WINDOW_TYPE, f.window},   {KEYFP_BETA_UPSILON, f.betaUpsilon},
+            {KEYFP_UNITS, f.units},        {KEYFP_FILTER_TYPE, f.type},   {KEYFP_SAMPLING_FREQ, f.fs},
+            {KEYFP_CUTOFF_FREQ, f.cutoff}, {KEYFP_CENTER_FREQ, f.center}, {KEYFP_FILTER_LENGTH, f.length},
+            {KEYFP_FILTER_WIDTH, f.width}, {KEYFP_WINDOW_TYPE, f.window}, {KEYFP_BETA_UPSILON, f.betaUpsilon},
         };
         filterModel.designFilterWithParameters(parameters);
         if (!filterModel.saveFilterDesignWithFileName(QString::fromLatin1(f.name)))
@@ -119,18 +120,20 @@ QList<LibraryProblem> makeSampleDesigns(const QString& folder)
             problems << sampleProblem(name, projectModel.lastFileError());
     };
     project(QStringLiteral("Cos10M3andCos35"),
-            GVRProjectModel::parameterDictionary(1, QStringLiteral("lp300fc25"), QStringLiteral("Cos10M3Fs300"),
-                                                 QStringLiteral("Cos35Fs300"), 0, 0, 1, 1, 0));
+            GVRProjectModel::parameterDictionary(1, QStringLiteral("lp300fc25"),
+                                                 QStringLiteral("Cos10M3Fs300"), QStringLiteral("Cos35Fs300"),
+                                                 0, 0, 1, 1, 0));
     project(QStringLiteral("multirateUser300to450"),
-            GVRProjectModel::parameterDictionary(2, QStringLiteral("lpNormfcp333"), QStringLiteral("Cos35Fs300"),
-                                                 QStringLiteral("Cos10M3Fs300"), 0, 0, 3, 2, 0));
+            GVRProjectModel::parameterDictionary(2, QStringLiteral("lpNormfcp333"),
+                                                 QStringLiteral("Cos35Fs300"), QStringLiteral("Cos10M3Fs300"),
+                                                 0, 0, 3, 2, 0));
 
     // Side by side, as the library's seeding expects them.
     for (const DesignLibrary::Sample& sample : DesignLibrary::kSamples) {
         const QString name = QString::fromLatin1(sample.fileName);
         QFile in(library.folderPath(sample.folder) + u'/' + name);
         if (!in.open(QIODevice::ReadOnly))
-            continue;  // its design already reported why
+            continue; // its design already reported why
         QString error;
         if (!writeFileAtomically(folder + u'/' + name, in.readAll(), &error))
             problems << LibraryProblem{folder + u'/' + name, error};

@@ -11,7 +11,8 @@
 
 // Makes sure the library folders exist and copies the 13 samples in (never
 // overwriting); returns the problems to show. A missing sample folder is a problem.
-QList<LibraryProblem> prepareLibrary(DesignLibrary& library, const QString& sampleFolder = defaultSampleFolder());
+QList<LibraryProblem> prepareLibrary(DesignLibrary& library,
+                                     const QString& sampleFolder = defaultSampleFolder());
 
 // Designs the thirteen sample designs with the models and writes them side by
 // side into `folder` (made if missing), replacing older copies. Returns the

@@ -5,18 +5,18 @@ namespace {
 
 struct Column {
     const char* key;
-    QVariant GVRInspectSig::*field;  // null for the two text columns
+    QVariant GVRInspectSig::*field; // null for the two text columns
 };
 
 constexpr Column kColumns[] = {
-    {"filename", nullptr},           {"function", nullptr},         {"fs", &GVRInspectSig::fs},
-    {"a1", &GVRInspectSig::a1},       {"fa1", &GVRInspectSig::fa1},   {"phi", &GVRInspectSig::phi},
-    {"a2", &GVRInspectSig::a2},       {"fa2", &GVRInspectSig::fa2},   {"m", &GVRInspectSig::m},
-    {"tau", &GVRInspectSig::tau},     {"beta", &GVRInspectSig::beta}, {"sigma", &GVRInspectSig::sigma},
+    {"filename", nullptr},        {"function", nullptr},          {"fs", &GVRInspectSig::fs},
+    {"a1", &GVRInspectSig::a1},   {"fa1", &GVRInspectSig::fa1},   {"phi", &GVRInspectSig::phi},
+    {"a2", &GVRInspectSig::a2},   {"fa2", &GVRInspectSig::fa2},   {"m", &GVRInspectSig::m},
+    {"tau", &GVRInspectSig::tau}, {"beta", &GVRInspectSig::beta}, {"sigma", &GVRInspectSig::sigma},
     {"mu", &GVRInspectSig::mu},
 };
 
-}  // namespace
+} // namespace
 
 QVariant GVRInspectSig::value(const QString& key) const
 {

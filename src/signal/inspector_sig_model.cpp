@@ -16,7 +16,7 @@ QVariant cell(const std::optional<double>& value, double factor = 1.0)
     return QVariant(*value / factor);
 }
 
-}  // namespace
+} // namespace
 
 GVRInspectorSigModel::GVRInspectorSigModel(const DesignLibrary& library) : library_(library) {}
 
@@ -104,7 +104,7 @@ GVRInspectSig GVRInspectorSigModel::rowForRecord(const QString& displayName, con
         row.sigma = cell(p3);
         row.mu = cell(p4, vf);
         break;
-    default:  // 9, 10
+    default: // 9, 10
         row.beta = cell(p1);
         row.sigma = cell(p2);
         row.mu = cell(p3, vf);

@@ -25,7 +25,7 @@ QVariant asVariant(double value)
     return QVariant(value);
 }
 
-}  // namespace
+} // namespace
 
 bool GVRSignalDesignerModel::saveSignalDesignWithFileName(const QString& name)
 {
@@ -49,14 +49,16 @@ bool GVRSignalDesignerModel::saveSignalDesignWithFileName(const QString& name)
     record.minAmplitude = min_amplitude_;
     record.maxFreq = max_freq_;
     // The samples without the chart header.
-    record.sampledSignalArray = std::vector<double>(timeDomainArray_.begin() + kHeaderLength, timeDomainArray_.end());
+    record.sampledSignalArray =
+        std::vector<double>(timeDomainArray_.begin() + kHeaderLength, timeDomainArray_.end());
 
     if (name.isEmpty()) {
         lastFileError_ = QStringLiteral("A signal design needs a name to be saved.");
         return false;
     }
     if (!LibraryDesignSource::isPlainName(name)) {
-        lastFileError_ = QStringLiteral("\"%1\" cannot be used as a design name: it must not contain \"/\".").arg(name);
+        lastFileError_ =
+            QStringLiteral("\"%1\" cannot be used as a design name: it must not contain \"/\".").arg(name);
         return false;
     }
     DesignLibrary& library = libraryOr(library_);
@@ -77,7 +79,8 @@ bool GVRSignalDesignerModel::openSignalDesignWithFileName(const QString& name)
         lastFileError_ = QStringLiteral("\"%1\" is not the name of a signal design.").arg(name);
         return false;
     }
-    const std::optional<GVRSignal> record = readSignalFile(libraryOr(library_).signalPath(name), &lastFileError_);
+    const std::optional<GVRSignal> record =
+        readSignalFile(libraryOr(library_).signalPath(name), &lastFileError_);
     if (!record)
         return false;
 
@@ -97,7 +100,8 @@ bool GVRSignalDesignerModel::openSignalDesignWithFileName(const QString& name)
     put(KEYSP_PARM5, record->parm5);
     put(KEYSP_PARM6, record->parm6);
     if (restored.size() != 10) {
-        lastFileError_ = QStringLiteral("The signal design \"%1\" is incomplete and cannot be opened.").arg(name);
+        lastFileError_ =
+            QStringLiteral("The signal design \"%1\" is incomplete and cannot be opened.").arg(name);
         return false;
     }
     signalRestorationDictionary_ = restored;

@@ -56,12 +56,12 @@ protected:
     TempLibrary temp;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(DesignFilesVerbs, FilterAndSignalSaveIntoTheLibrary)
 {
-    CliRun r = verb("filter", {"--units", "khz", "--fs", "48", "--cutoff", "6", "--taps", "25", "--width", "8",
-                            "--save", "mine"});
+    CliRun r = verb("filter", {"--units", "khz", "--fs", "48", "--cutoff", "6", "--taps", "25", "--width",
+                               "8", "--save", "mine"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
     EXPECT_TRUE(QFileInfo::exists(lib() + "/filter/mine.filt"));
     // The library was made and seeded.
@@ -80,7 +80,7 @@ TEST_F(DesignFilesVerbs, FilterAndSignalSaveIntoTheLibrary)
     r = verb("signal", {"--freq-units", "khz", "--volt-units", "mv", "--fs", "300", "--function", "cosine",
                         "--p1", "500", "--p2", "35", "--save", "sig", "--json"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-    json(r);  // stdout stays one JSON object with --save
+    json(r); // stdout stays one JSON object with --save
     r = verb("open", {"signal", "sig.signal"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
     EXPECT_TRUE(r.out.contains("samplingFreq: 300\n"));
@@ -105,8 +105,8 @@ TEST_F(DesignFilesVerbs, SavesAreRefusedLikeTheModelRefusesThem)
 
 TEST_F(DesignFilesVerbs, ProjectRunsFromSavedDesignsAndSaves)
 {
-    CliRun r = verb("project", {"--diagram", "2", "--filter", "lpNormfcp333", "--sig1", "Cos35Fs300", "--sig2",
-                             "Cos10M3Fs300", "--L", "3", "--M", "2", "--save", "mr", "--json"});
+    CliRun r = verb("project", {"--diagram", "2", "--filter", "lpNormfcp333", "--sig1", "Cos35Fs300",
+                                "--sig2", "Cos10M3Fs300", "--L", "3", "--M", "2", "--save", "mr", "--json"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
     const QJsonObject o = json(r);
     EXPECT_EQ(o.value("note").toString(), QString());
@@ -128,17 +128,19 @@ TEST_F(DesignFilesVerbs, ProjectRunsFromSavedDesignsAndSaves)
 TEST_F(DesignFilesVerbs, ProjectRefusals)
 {
     // Rates that disagree: the model's note, exit 1, nothing saved.
-    CliRun r = verb("project", {"--filter", "lp300fc25", "--sig1", "Cos1MHz", "--sig2", "Cos35Fs300", "--json",
-                             "--save", "bad"});
+    CliRun r = verb("project", {"--filter", "lp300fc25", "--sig1", "Cos1MHz", "--sig2", "Cos35Fs300",
+                                "--json", "--save", "bad"});
     EXPECT_EQ(r.exitCode, 1);
-    EXPECT_EQ(json(r).value("note").toString(), QStringLiteral("ERROR - Both x₁[n] and x₂[n] must have same fs as H[n]"));
+    EXPECT_EQ(json(r).value("note").toString(),
+              QStringLiteral("ERROR - Both x₁[n] and x₂[n] must have same fs as H[n]"));
     EXPECT_FALSE(QFileInfo::exists(lib() + "/projectOne/bad.orvana"));
     // A design that is not in the library.
     r = verb("project", {"--filter", "lp300fc25", "--sig1", "nothing", "--sig2", "Cos35Fs300"});
     EXPECT_EQ(r.exitCode, 1);
     EXPECT_TRUE(r.out.contains("nothing"));
     // Out of range choices are a usage error.
-    r = verb("project", {"--filter", "lp300fc25", "--sig1", "Cos35Fs300", "--sig2", "Cos35Fs300", "--L", "13"});
+    r = verb("project",
+             {"--filter", "lp300fc25", "--sig1", "Cos35Fs300", "--sig2", "Cos35Fs300", "--L", "13"});
     EXPECT_EQ(r.exitCode, 2);
     r = verb("project", {"--sig1", "Cos35Fs300", "--sig2", "Cos35Fs300"});
     EXPECT_EQ(r.exitCode, 2);
@@ -146,7 +148,8 @@ TEST_F(DesignFilesVerbs, ProjectRefusals)
 
 TEST_F(DesignFilesVerbs, ExportWritesExactlyTheGivenFile)
 {
-    CliRun r = verb("filter", {"--units", "norm", "--cutoff", "0.2", "--taps", "25", "--width", "8", "--save", "f8"});
+    CliRun r = verb("filter",
+                    {"--units", "norm", "--cutoff", "0.2", "--taps", "25", "--width", "8", "--save", "f8"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
     const QString out = temp.root() + "/f8.txt";
     r = verb("export", {"f8", out});
@@ -183,7 +186,7 @@ TEST_F(DesignFilesVerbs, ExportRefusals)
 
 TEST_F(DesignFilesVerbs, OpenRefusesMissingAndCorruptFiles)
 {
-    CliRun r = verb("open", {"signal", "Cos1MHz"});  // seeds the library
+    CliRun r = verb("open", {"signal", "Cos1MHz"}); // seeds the library
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
     QFile bad(lib() + "/filter/corrupt.filt");
     ASSERT_TRUE(bad.open(QIODevice::WriteOnly));

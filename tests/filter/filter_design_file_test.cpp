@@ -46,7 +46,7 @@ protected:
     GVRFilterDesignerModel model;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(FilterDesignFile, HighPassStoresTheComplementAndOpensAsTyped)
 {
@@ -73,7 +73,8 @@ TEST_F(FilterDesignFile, HighPassStoresTheComplementAndOpensAsTyped)
     RecordingFilterView otherView;
     other.setWindow(&otherView);
     other.setLibrary(&library);
-    ASSERT_TRUE(other.openFilterDesignWithFileName(QStringLiteral("hp"))) << other.lastFileError().toStdString();
+    ASSERT_TRUE(other.openFilterDesignWithFileName(QStringLiteral("hp")))
+        << other.lastFileError().toStdString();
     EXPECT_EQ(otherView.calls, QStringList{QStringLiteral("restore")});
     const QVariantMap& r = otherView.restored;
     EXPECT_EQ(r.size(), 9);
@@ -166,7 +167,8 @@ TEST_F(FilterDesignFile, OpenTakesTheLastRecordAndRefusesIncompleteOnes)
     GVRFilter last = first;
     last.dfThetaCutoffFreqNormalized = 0.4;
     last.windowType = 3;
-    ASSERT_TRUE(writeFileAtomically(library.filterPath(QStringLiteral("two")), encodeFilterArchive({first, last})));
+    ASSERT_TRUE(
+        writeFileAtomically(library.filterPath(QStringLiteral("two")), encodeFilterArchive({first, last})));
     ASSERT_TRUE(model.openFilterDesignWithFileName(QStringLiteral("two")));
     EXPECT_EQ(view.restored.value(KEYFP_WINDOW_TYPE).toInt(), 3);
     EXPECT_DOUBLE_EQ(view.restored.value(KEYFP_CUTOFF_FREQ).toDouble(), 0.4);
@@ -174,14 +176,16 @@ TEST_F(FilterDesignFile, OpenTakesTheLastRecordAndRefusesIncompleteOnes)
     // Without a β/ϒ the dictionary would hold eight entries: refused, window untouched.
     GVRFilter partial = last;
     partial.dfBetaUpsilon.reset();
-    ASSERT_TRUE(writeFileAtomically(library.filterPath(QStringLiteral("partial")), encodeFilterArchive(partial)));
+    ASSERT_TRUE(
+        writeFileAtomically(library.filterPath(QStringLiteral("partial")), encodeFilterArchive(partial)));
     view.calls.clear();
     EXPECT_FALSE(model.openFilterDesignWithFileName(QStringLiteral("partial")));
     EXPECT_FALSE(model.lastFileError().isEmpty());
     EXPECT_TRUE(view.calls.isEmpty());
     EXPECT_EQ(model.filterRestorationDictionary().value(KEYFP_WINDOW_TYPE).toInt(), 3);
 
-    ASSERT_TRUE(writeFileAtomically(library.filterPath(QStringLiteral("junk")), QByteArray("not an archive")));
+    ASSERT_TRUE(
+        writeFileAtomically(library.filterPath(QStringLiteral("junk")), QByteArray("not an archive")));
     EXPECT_FALSE(model.openFilterDesignWithFileName(QStringLiteral("junk")));
     EXPECT_FALSE(model.openFilterDesignWithFileName(QStringLiteral("missing")));
     EXPECT_FALSE(model.openFilterDesignWithFileName(QString()));

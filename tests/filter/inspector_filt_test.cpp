@@ -48,7 +48,7 @@ protected:
     GVRFilterDesignerModel model;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(FiltInspector, NormLowPassLeavesRateCentreAndUpperPointEmpty)
 {
@@ -113,7 +113,8 @@ TEST_F(FiltInspector, ParameterCellOnlyForKaiserAndChebyshev)
 TEST_F(FiltInspector, UnreadableFileShowsOnlyItsName)
 {
     saved(QStringLiteral("good"), 0, 0, 0.0, 0.2, 0.0);
-    ASSERT_TRUE(writeFileAtomically(library.filterPath(QStringLiteral("broken")), QByteArray("bplist00 junk")));
+    ASSERT_TRUE(
+        writeFileAtomically(library.filterPath(QStringLiteral("broken")), QByteArray("bplist00 junk")));
     const QList<GVRInspectFilt> rows = GVRInspectorFiltModel(library).getFiltInspectorArray();
     ASSERT_EQ(rows.size(), 2);
     // Rows follow the folder listing.
@@ -138,8 +139,8 @@ TEST_F(FiltInspector, MissingFolderGivesNoRows)
 TEST(InspectFilt, CellsByColumnIdentifier)
 {
     EXPECT_EQ(GVRInspectFilt::keys(),
-              (QStringList{"filename", "filter", "fs", "window", "parm", "width", "length", "fcutoff", "fcenter",
-                           "db3band", "db3low", "db3high", "ripple", "units"}));
+              (QStringList{"filename", "filter", "fs", "window", "parm", "width", "length", "fcutoff",
+                           "fcenter", "db3band", "db3low", "db3high", "ripple", "units"}));
     GVRInspectFilt row;
     for (const QString& key : GVRInspectFilt::keys())
         EXPECT_TRUE(row.setValue(key, key + QStringLiteral("!")));

@@ -47,16 +47,16 @@ protected:
     GVRFilterDesignerModel model;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(FirExport, EightBitFilterGivesOneLineOfIntegers)
 {
-    save(QStringLiteral("lp8"), 0, 25, 13);  // 13 = 8-bit
+    save(QStringLiteral("lp8"), 0, 25, 13); // 13 = 8-bit
     const std::vector<std::int64_t> expected = model.integerCoefficients();
     const QString csv = temp.root() + QStringLiteral("/coefficients.csv");
     QString error;
-    ASSERT_TRUE(GVRFirExportModel(library).openFilterFileAndSaveCoefficientsToFile(QStringLiteral("lp8.filt"), csv,
-                                                                                    &error))
+    ASSERT_TRUE(GVRFirExportModel(library).openFilterFileAndSaveCoefficientsToFile(QStringLiteral("lp8.filt"),
+                                                                                   csv, &error))
         << error.toStdString();
     const QByteArray text = contents(csv);
     EXPECT_EQ(text.count(','), 24);
@@ -89,7 +89,8 @@ TEST_F(FirExport, DoubleWidthAndUnreadableFilesWriteNothing)
     GVRFirExportModel exporter(library);
     QString error;
     EXPECT_FALSE(exporter.openFilterFileAndSaveCoefficientsToFile(QStringLiteral("dbl.filt"), csv, &error));
-    EXPECT_EQ(error, QStringLiteral("Filter Coefficient Width must be an Integer Value\n(Not Floating Point)"));
+    EXPECT_EQ(error,
+              QStringLiteral("Filter Coefficient Width must be an Integer Value\n(Not Floating Point)"));
     EXPECT_EQ(error, GVRFirExportModel::integerWidthAlert());
 
     ASSERT_TRUE(writeFileAtomically(library.filterPath(QStringLiteral("junk")), QByteArray("junk")));

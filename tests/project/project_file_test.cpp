@@ -65,7 +65,7 @@ protected:
 
 QTemporaryDir* ProjectFile::samples_ = nullptr;
 
-}  // namespace
+} // namespace
 
 TEST_F(ProjectFile, SaveThenOpenRestoresTheNineValuesAndTheSameDesign)
 {
@@ -92,7 +92,8 @@ TEST_F(ProjectFile, SaveThenOpenRestoresTheNineValuesAndTheSameDesign)
     ASSERT_EQ(otherView.restores, 1);
     EXPECT_EQ(otherView.restored.size(), 9);
     for (auto it = chosen.begin(); it != chosen.end(); ++it)
-        EXPECT_EQ(otherView.restored.value(it.key()).toString(), it.value().toString()) << it.key().toStdString();
+        EXPECT_EQ(otherView.restored.value(it.key()).toString(), it.value().toString())
+            << it.key().toStdString();
 
     other.designProjectWithParameters(otherView.restored);
     ASSERT_TRUE(other.validResultsFlag());
@@ -104,8 +105,9 @@ TEST_F(ProjectFile, SaveRefusesWithoutValidResults)
     const QString path = library.projectPath(1, QStringLiteral("early"));
     EXPECT_FALSE(model.saveProjectWithFilePath(path));
     // Mismatched rates: Cos1MHz (20 MHz) with a 300 KHz filter.
-    model.designProjectWithParameters(GVRProjectModel::parameterDictionary(
-        1, QStringLiteral("lp300fc25"), QStringLiteral("Cos1MHz"), QStringLiteral("Cos35Fs300"), 0, 0, 1, 1, 0));
+    model.designProjectWithParameters(
+        GVRProjectModel::parameterDictionary(1, QStringLiteral("lp300fc25"), QStringLiteral("Cos1MHz"),
+                                             QStringLiteral("Cos35Fs300"), 0, 0, 1, 1, 0));
     ASSERT_FALSE(model.validResultsFlag());
     EXPECT_FALSE(model.saveProjectWithFilePath(path));
     EXPECT_FALSE(model.lastFileError().isEmpty());

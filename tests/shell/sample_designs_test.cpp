@@ -38,7 +38,7 @@ public:
     QVariantMap restored;
 };
 
-}  // namespace
+} // namespace
 
 TEST(SampleDesigns, BuiltFolderHoldsAllThirteenReadableDesigns)
 {
@@ -67,7 +67,8 @@ TEST(SampleDesigns, EachDesignIsWhatItsNameSays)
     QTemporaryDir dir;
     ASSERT_TRUE(makeSampleDesigns(dir.path()).isEmpty());
     const auto filter = [&](const char* name) {
-        return readFilterFile(dir.path() + u'/' + QLatin1String(name) + QStringLiteral(".filt")).value_or(GVRFilter{});
+        return readFilterFile(dir.path() + u'/' + QLatin1String(name) + QStringLiteral(".filt"))
+            .value_or(GVRFilter{});
     };
     const auto signal = [&](const char* name) {
         return readSignalFile(dir.path() + u'/' + QLatin1String(name) + QStringLiteral(".signal"))
@@ -143,7 +144,8 @@ TEST(SampleDesigns, BothSampleProjectsOpenAndDesign)
     TempLibrary temp;
     DesignLibrary library(temp.root());
     ASSERT_TRUE(prepareLibrary(library, builtSampleFolder()).isEmpty());
-    for (const auto& [diagram, name] : {std::pair{1, "Cos10M3andCos35"}, std::pair{2, "multirateUser300to450"}}) {
+    for (const auto& [diagram, name] :
+         {std::pair{1, "Cos10M3andCos35"}, std::pair{2, "multirateUser300to450"}}) {
         NoteView view;
         GVRProjectModel model;
         model.setLibrary(&library);

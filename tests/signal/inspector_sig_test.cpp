@@ -39,7 +39,7 @@ QStringList filled(const GVRInspectSig& row)
     return keys;
 }
 
-}  // namespace
+} // namespace
 
 TEST(SigInspector, KilohertzMillivoltDesignShowsVoltsAndMegahertz)
 {
@@ -48,8 +48,8 @@ TEST(SigInspector, KilohertzMillivoltDesignShowsVoltsAndMegahertz)
     ASSERT_TRUE(library.ensureFolders().isEmpty());
     GVRSignalDesignerModel model;
     model.setLibrary(&library);
-    model.designSignalWithParameters(
-        GVRSignalDesignerModel::parameterDictionary(1, 1, 300000.0, 0.0, {500.0, 35000.0, 0.25, 0.0, 0.0, 20.0}));
+    model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
+        1, 1, 300000.0, 0.0, {500.0, 35000.0, 0.25, 0.0, 0.0, 20.0}));
     ASSERT_TRUE(model.validResultsFlag());
     ASSERT_TRUE(model.saveSignalDesignWithFileName(QStringLiteral("cos")));
 
@@ -91,17 +91,20 @@ TEST(SigInspector, EachFunctionFillsItsOwnCells)
         EXPECT_EQ(row.function, GVRInspectorSigModel::abbrFuncStrings().at(static_cast<int>(c.step)));
     }
     // Rectangle: A in volts, τ and σ as stored, μ in volts.
-    const GVRInspectSig rect = GVRInspectorSigModel::rowForRecord(QStringLiteral("r"), record(8, 1, 1, 100.0, p));
+    const GVRInspectSig rect =
+        GVRInspectorSigModel::rowForRecord(QStringLiteral("r"), record(8, 1, 1, 100.0, p));
     EXPECT_EQ(rect.a1.toDouble(), 1.0);
     EXPECT_EQ(rect.tau.toDouble(), 2000.0);
     EXPECT_EQ(rect.sigma.toDouble(), 3000.0);
     EXPECT_EQ(rect.mu.toDouble(), 4.0);
     // Mixer in MHz and volts: nothing divided.
-    const GVRInspectSig mixer = GVRInspectorSigModel::rowForRecord(QStringLiteral("m"), record(7, 0, 0, 100.0, p));
+    const GVRInspectSig mixer =
+        GVRInspectorSigModel::rowForRecord(QStringLiteral("m"), record(7, 0, 0, 100.0, p));
     EXPECT_EQ(mixer.fa2.toDouble(), 4000.0);
     EXPECT_EQ(mixer.mu.toDouble(), 6000.0);
     // Noise: μ in volts, σ as stored.
-    const GVRInspectSig noise = GVRInspectorSigModel::rowForRecord(QStringLiteral("n"), record(6, 1, 1, 100.0, p));
+    const GVRInspectSig noise =
+        GVRInspectorSigModel::rowForRecord(QStringLiteral("n"), record(6, 1, 1, 100.0, p));
     EXPECT_EQ(noise.sigma.toDouble(), 1000.0);
     EXPECT_EQ(noise.mu.toDouble(), 2.0);
 }
@@ -132,8 +135,8 @@ TEST(SigInspector, UnreadableFilesNeverShowAnotherFilesValues)
 
 TEST(InspectSig, CellsByColumnIdentifier)
 {
-    EXPECT_EQ(GVRInspectSig::keys(), (QStringList{"filename", "function", "fs", "a1", "fa1", "phi", "a2", "fa2", "m",
-                                                  "tau", "beta", "sigma", "mu"}));
+    EXPECT_EQ(GVRInspectSig::keys(), (QStringList{"filename", "function", "fs", "a1", "fa1", "phi", "a2",
+                                                  "fa2", "m", "tau", "beta", "sigma", "mu"}));
     GVRInspectSig row;
     double v = 1.0;
     for (const QString& key : GVRInspectSig::keys().mid(2))

@@ -53,8 +53,8 @@ protected:
     // Noisy two-cosine design in KHz and mV: A₁ 500 mV at 35 KHz, A₂ 250 mV at 10 KHz, σ 0.1.
     void designNoisy()
     {
-        model.designSignalWithParameters(
-            GVRSignalDesignerModel::parameterDictionary(1, 1, 300.0, 1.0, {500.0, 35.0, 250.0, 10.0, 0.1, 0.0}));
+        model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
+            1, 1, 300.0, 1.0, {500.0, 35.0, 250.0, 10.0, 0.1, 0.0}));
         ASSERT_TRUE(model.validResultsFlag()) << view.note.toStdString();
     }
 
@@ -64,7 +64,7 @@ protected:
     GVRSignalDesignerModel model;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(SignalDesignFile, TwoSavesOfOneDesignHoldTheSameRecord)
 {
@@ -95,7 +95,8 @@ TEST_F(SignalDesignFile, TwoSavesOfOneDesignHoldTheSameRecord)
 TEST_F(SignalDesignFile, OpenRestoresTheTenValuesBitForBit)
 {
     const std::array<double, 6> parms{0.1 + 0.2, 1.0 / 3.0, 0.7, 3.0, 0.0, 0.0};
-    model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(0, 0, 20.0 / 3.0, 2.0, parms));
+    model.designSignalWithParameters(
+        GVRSignalDesignerModel::parameterDictionary(0, 0, 20.0 / 3.0, 2.0, parms));
     ASSERT_TRUE(model.validResultsFlag()) << view.note.toStdString();
     ASSERT_TRUE(model.saveSignalDesignWithFileName(QStringLiteral("sum")));
 
@@ -103,7 +104,8 @@ TEST_F(SignalDesignFile, OpenRestoresTheTenValuesBitForBit)
     RestoringView otherView;
     other.setWinSignalDesign(&otherView);
     other.setLibrary(&library);
-    ASSERT_TRUE(other.openSignalDesignWithFileName(QStringLiteral("sum"))) << other.lastFileError().toStdString();
+    ASSERT_TRUE(other.openSignalDesignWithFileName(QStringLiteral("sum")))
+        << other.lastFileError().toStdString();
     ASSERT_EQ(otherView.restores, 1);
     const QVariantMap& r = otherView.restored;
     EXPECT_EQ(r.size(), 10);
@@ -155,14 +157,16 @@ TEST_F(SignalDesignFile, OpenTakesTheLastRecordAndRefusesIncompleteOnes)
     GVRSignal last = first;
     last.yStepIndex = 3.0;
     last.parm2 = 2.5;
-    ASSERT_TRUE(writeFileAtomically(library.signalPath(QStringLiteral("two")), encodeSignalArchive({first, last})));
+    ASSERT_TRUE(
+        writeFileAtomically(library.signalPath(QStringLiteral("two")), encodeSignalArchive({first, last})));
     ASSERT_TRUE(model.openSignalDesignWithFileName(QStringLiteral("two")));
     EXPECT_EQ(view.restored.value(KEYSP_Y_STEP).toDouble(), 3.0);
     EXPECT_EQ(view.restored.value(KEYSP_PARM2).toDouble(), 2.5);
 
     GVRSignal partial = last;
     partial.parm6.reset();
-    ASSERT_TRUE(writeFileAtomically(library.signalPath(QStringLiteral("partial")), encodeSignalArchive(partial)));
+    ASSERT_TRUE(
+        writeFileAtomically(library.signalPath(QStringLiteral("partial")), encodeSignalArchive(partial)));
     view.restores = 0;
     EXPECT_FALSE(model.openSignalDesignWithFileName(QStringLiteral("partial")));
     EXPECT_FALSE(model.lastFileError().isEmpty());
