@@ -33,7 +33,7 @@ constexpr int kLengthMin = 25;
 constexpr int kLengthMax = 255;
 constexpr int kLengthStep = 2;
 constexpr int kUnitsNorm = 0;
-constexpr int kUnitsDefault = 2;  // "MHz"
+constexpr int kUnitsDefault = 2; // "MHz"
 constexpr int kBandPass = 1;
 constexpr int kKaiser = 9;
 constexpr int kChebyshev = 10;
@@ -162,7 +162,9 @@ GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent) 
         initializeWithMandatoryFlag(true);
         plotMagnitudeAndPhaseWithArray({});
     };
-    hooks.openDesign = [this](const QString& name) { return filterDesignModel_.openFilterDesignWithFileName(name); };
+    hooks.openDesign = [this](const QString& name) {
+        return filterDesignModel_.openFilterDesignWithFileName(name);
+    };
     hooks.saveDesign = [this](const QString& name) {
         const bool saved = filterDesignModel_.saveFilterDesignWithFileName(name);
         // Nothing designed yet is the usual refusal and says nothing; a failed write does.
@@ -172,8 +174,8 @@ GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent) 
     };
     hooks.redesign = [this] { pressDesignFilterBut(); };
     DesignLibrary* lib = &library;
-    fileCommands_ = new DesignFileCommands(this, DesignFileKind::filter([lib] { return lib->filterFolder(); }),
-                                           std::move(hooks), this);
+    fileCommands_ = new DesignFileCommands(
+        this, DesignFileKind::filter([lib] { return lib->filterFolder(); }), std::move(hooks), this);
 
     initializeWithMandatoryFlag(false);
     setToolTips();
@@ -322,7 +324,8 @@ QWidget* GVRWinFilterDesign::buildForm()
 
 void GVRWinFilterDesign::setToolTips()
 {
-    unitsPopUp_->setToolTip(tr("Range of Normalized is 0:1 where unity represents one-half the Sampling Frequency"));
+    unitsPopUp_->setToolTip(
+        tr("Range of Normalized is 0:1 where unity represents one-half the Sampling Frequency"));
     bitWidthPopUp_->setToolTip(tr("Fixed-Point required for export of FIR coefficients"));
     windowTypePopUp_->setToolTip(tr("Select a Windowing Function to optimize the Filter design"));
     chartTypePopUp_->setToolTip(tr("Filter's Magnitude or (Unwrapped) Phase Response"));
@@ -342,7 +345,8 @@ void GVRWinFilterDesign::connectControls()
     connect(designFilterBut_, &QPushButton::clicked, this, &GVRWinFilterDesign::pressDesignFilterBut);
     connect(saveFilterBut_, &QPushButton::clicked, this, &GVRWinFilterDesign::saveMenuItem);
     // Return in a number field designs, as the default button would in a panel.
-    for (GVRNumberField* field : {thetaSamplingField_, thetaCutoffField_, thetaCenterField_, betaUpsilonField_})
+    for (GVRNumberField* field :
+         {thetaSamplingField_, thetaCutoffField_, thetaCenterField_, betaUpsilonField_})
         connect(field, &QLineEdit::returnPressed, this, &GVRWinFilterDesign::pressDesignFilterBut);
 }
 
@@ -434,7 +438,8 @@ void GVRWinFilterDesign::updateUnitsAndHiddenFields()
     const int window = windowTypePopUp_->currentIndex();
 
     const bool sampling = units != kUnitsNorm;
-    for (QWidget* w : std::initializer_list<QWidget*>{thetaSamplingField_, nameThetaSampling_, unitsSampFreq_})
+    for (QWidget* w :
+         std::initializer_list<QWidget*>{thetaSamplingField_, nameThetaSampling_, unitsSampFreq_})
         w->setVisible(sampling);
     const bool center = type == kBandPass;
     for (QWidget* w : std::initializer_list<QWidget*>{thetaCenterField_, nameThetaCenter_, unitsCenterFreq_})
@@ -463,23 +468,29 @@ void GVRWinFilterDesign::selectUnitsPopUpBut(int now)
         const double fs = thetaSamplingField_->doubleValue();
         const double cutoff = thetaCutoffField_->doubleValue();
         const double center = thetaCenterField_->doubleValue();
+        // A result that is not a number (no sampling frequency to divide by)
+        // leaves the field as typed.
+        auto put = [](GVRNumberField* field, double value) {
+            if (std::isfinite(value))
+                field->setDoubleValue(value);
+        };
         if (now == kUnitsNorm) {
             // The sampling field keeps its value, hidden.
             if (cutoff > 0.0)
-                thetaCutoffField_->setDoubleValue(cutoff / (fs * 0.5));
+                put(thetaCutoffField_, cutoff / (fs * 0.5));
             if (bandPass && center > 0.0)
-                thetaCenterField_->setDoubleValue(center / (fs * 0.5));
+                put(thetaCenterField_, center / (fs * 0.5));
         } else if (previous == kUnitsNorm) {
             // Normalised values carry no rate: the user has to give one.
             thetaSamplingField_->setDoubleValue(0.0);
         } else {
             const double factor = std::pow(10.0, 3.0 * (previous - now));
             if (fs > 0.0 && cutoff > 0.0) {
-                thetaSamplingField_->setDoubleValue(fs * factor);
-                thetaCutoffField_->setDoubleValue(cutoff * factor);
+                put(thetaSamplingField_, fs * factor);
+                put(thetaCutoffField_, cutoff * factor);
             }
             if (bandPass && center > 0.0)
-                thetaCenterField_->setDoubleValue(center * factor);
+                put(thetaCenterField_, center * factor);
         }
         clearFilterDesignResults();
         pressDesignFilterBut();
@@ -556,7 +567,8 @@ void GVRWinFilterDesign::plotMagnitudeAndPhaseWithArray(const std::vector<double
 void GVRWinFilterDesign::clearFilterDesignParameters()
 {
     filterLengthStepper_->setValue(kLengthMin);
-    for (GVRNumberField* field : {thetaSamplingField_, thetaCutoffField_, thetaCenterField_, betaUpsilonField_})
+    for (GVRNumberField* field :
+         {thetaSamplingField_, thetaCutoffField_, thetaCenterField_, betaUpsilonField_})
         field->clear();
 }
 
@@ -575,8 +587,9 @@ void GVRWinFilterDesign::restoreFilterParameters(const QVariantMap& parameters)
     betaUpsilonField_->setDoubleValue(parameters.value(KEYFP_BETA_UPSILON).toDouble());
     // A length outside the stepper's odd steps (a damaged file) goes to the nearest one.
     const double length = parameters.value(KEYFP_FILTER_LENGTH).toDouble();
-    int taps = std::isfinite(length) ? int(std::clamp(std::round(length), double(kLengthMin), double(kLengthMax)))
-                                     : kLengthMin;
+    int taps = std::isfinite(length)
+                   ? int(std::clamp(std::round(length), double(kLengthMin), double(kLengthMax)))
+                   : kLengthMin;
     if (taps % 2 == 0)
         taps += taps < kLengthMax ? 1 : -1;
     filterLengthStepper_->setValue(taps);

@@ -12,10 +12,10 @@ const char* titleOf(const QString& key)
         const char* key;
         const char* title;
     } titles[] = {
-        {"filename", "Name"},    {"filter", "Filter"},   {"fs", "fs"},           {"window", "Window"},
-        {"parm", "Parm"},        {"width", "Width"},     {"length", "Length"},   {"fcutoff", "fcutoff"},
-        {"fcenter", "fcenter"},  {"db3band", "3dB BW"},  {"db3low", "3dB Low"},  {"db3high", "3dB High"},
-        {"ripple", "Ripple"},    {"units", "Units"},
+        {"filename", "Name"},   {"filter", "Filter"},  {"fs", "fs"},          {"window", "Window"},
+        {"parm", "Parm"},       {"width", "Width"},    {"length", "Length"},  {"fcutoff", "fcutoff"},
+        {"fcenter", "fcenter"}, {"db3band", "3dB BW"}, {"db3low", "3dB Low"}, {"db3high", "3dB High"},
+        {"ripple", "Ripple"},   {"units", "Units"},
     };
     for (const auto& entry : titles)
         if (key == QLatin1String(entry.key))

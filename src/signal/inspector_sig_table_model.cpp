@@ -12,9 +12,13 @@ QString titleOf(const QString& key)
         const char* key;
         const char* title;
     } titles[] = {
-        {"filename", "Name"}, {"function", "Function"}, {"fs", "fs"},    {"a1", "A₁"},     {"fa1", "fₐ₁"},
-        {"phi", "ϕ"},         {"a2", "A₂"},             {"fa2", "fₐ₂"},  {"m", "M"},       {"tau", "τ"},
-        {"beta", "β"},        {"sigma", "σ"},           {"mu", "μ"},
+        {"filename", "Name"}, {"function", "Function"},
+        {"fs", "fs"},         {"a1", "A₁"},
+        {"fa1", "fₐ₁"},       {"phi", "ϕ"},
+        {"a2", "A₂"},         {"fa2", "fₐ₂"},
+        {"m", "M"},           {"tau", "τ"},
+        {"beta", "β"},        {"sigma", "σ"},
+        {"mu", "μ"},
     };
     for (const auto& entry : titles)
         if (key == QLatin1String(entry.key))

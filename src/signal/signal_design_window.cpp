@@ -31,9 +31,9 @@ namespace {
 
 constexpr int kZoomMin = 0;
 constexpr int kZoomMax = 8;
-constexpr int kZoomStart = 4;  // "x16"
+constexpr int kZoomStart = 4; // "x16"
 constexpr int kFunctionMax = 10;
-constexpr int kToKilo = 1;     // KHz, mV
+constexpr int kToKilo = 1; // KHz, mV
 constexpr double kUnitFactor = 1000.0;
 
 QStringList splitTitles(const char* text)
@@ -44,6 +44,7 @@ QStringList splitTitles(const char* text)
 // Parameter symbols by slot, each list by function index.
 const std::array<QStringList, GVRWinSignalDesign::kParms>& parmTitles()
 {
+    // clang-format off
     static const std::array<QStringList, GVRWinSignalDesign::kParms> titles{
         splitTitles("A,A₁,A,A,A₁,A,σ,A₁,A,β,β"),
         splitTitles("fₐ,fₐ₁,fₐ,fₐ,fₐ₁,fₐ,μ,fₐ₁,τ,σ,σ"),
@@ -52,6 +53,7 @@ const std::array<QStringList, GVRWinSignalDesign::kParms>& parmTitles()
         splitTitles("μ,σ,σ,μ,σ,σ, ,σ, , , "),
         splitTitles(" ,μ,μ, ,μ,μ, ,μ, , , "),
     };
+    // clang-format on
     return titles;
 }
 
@@ -79,16 +81,26 @@ constexpr FunctionCodes kCodes[GVRWinSignalDesign::kFunctions] = {
 QString toolTipOf(char code)
 {
     switch (code) {
-    case 'A': return QObject::tr("Amplitude of sinusoid");
-    case 'R': return QObject::tr("Amplitude of rectangle");
-    case 'S': return QObject::tr("Standard of Deviation of the Additive Gaussian Noise (AGN=0 when σ=0)");
-    case 'U': return QObject::tr("Mean of the Additive Gaussian Noise");
-    case 'F': return QObject::tr("Analog Frequency of sinusoid");
-    case 'P': return QObject::tr("Phase offset of sinusoid");
-    case 'M': return QObject::tr("Maximum number of distinct sinusoids");
-    case 'T': return QObject::tr("Time at which the amplitude transition occurs");
-    case 'B': return QObject::tr("β=1 for a normalized Sinc function");
-    default: return {};
+    case 'A':
+        return QObject::tr("Amplitude of sinusoid");
+    case 'R':
+        return QObject::tr("Amplitude of rectangle");
+    case 'S':
+        return QObject::tr("Standard of Deviation of the Additive Gaussian Noise (AGN=0 when σ=0)");
+    case 'U':
+        return QObject::tr("Mean of the Additive Gaussian Noise");
+    case 'F':
+        return QObject::tr("Analog Frequency of sinusoid");
+    case 'P':
+        return QObject::tr("Phase offset of sinusoid");
+    case 'M':
+        return QObject::tr("Maximum number of distinct sinusoids");
+    case 'T':
+        return QObject::tr("Time at which the amplitude transition occurs");
+    case 'B':
+        return QObject::tr("β=1 for a normalized Sinc function");
+    default:
+        return {};
     }
 }
 
@@ -97,22 +109,42 @@ QString toolTipOf(char code)
 QList<int> frequencySlots(int function)
 {
     switch (function) {
-    case 6: case 8: case 9: case 10: return {};
-    case 1: case 4: case 7: return {1, 3};
-    default: return {1};
+    case 6:
+    case 8:
+    case 9:
+    case 10:
+        return {};
+    case 1:
+    case 4:
+    case 7:
+        return {1, 3};
+    default:
+        return {1};
     }
 }
 
 QList<int> voltageSlots(int function)
 {
     switch (function) {
-    case 0: case 3: return {0, 4};
-    case 1: case 4: case 7: return {0, 2, 5};
-    case 2: case 5: return {0, 5};
-    case 6: return {1};
-    case 8: return {0, 3};
-    case 9: case 10: return {2};
-    default: return {};
+    case 0:
+    case 3:
+        return {0, 4};
+    case 1:
+    case 4:
+    case 7:
+        return {0, 2, 5};
+    case 2:
+    case 5:
+        return {0, 5};
+    case 6:
+        return {1};
+    case 8:
+        return {0, 3};
+    case 9:
+    case 10:
+        return {2};
+    default:
+        return {};
     }
 }
 
@@ -231,14 +263,15 @@ GVRWinSignalDesign::GVRWinSignalDesign(DesignLibrary& library, QWidget* parent) 
     hooks.saveDesign = [this](const QString& name) {
         const bool saved = signalDesignerModel_.saveSignalDesignWithFileName(name);
         // Nothing designed yet is the usual refusal and says nothing; a failed write does.
-        if (!saved && signalDesignerModel_.validResultsFlag() && !signalDesignerModel_.lastFileError().isEmpty())
+        if (!saved && signalDesignerModel_.validResultsFlag() &&
+            !signalDesignerModel_.lastFileError().isEmpty())
             displayNoteField(signalDesignerModel_.lastFileError(), 0.0, false);
         return saved;
     };
     hooks.redesign = [this] { pressDesignSignalBut(); };
     DesignLibrary* lib = &library;
-    fileCommands_ = new DesignFileCommands(this, DesignFileKind::signal([lib] { return lib->signalFolder(); }),
-                                           std::move(hooks), this);
+    fileCommands_ = new DesignFileCommands(
+        this, DesignFileKind::signal([lib] { return lib->signalFolder(); }), std::move(hooks), this);
 
     initPopUpsWithMandatoryFlag(false);
     initSteppers();
@@ -378,7 +411,8 @@ QWidget* GVRWinSignalDesign::buildForm()
 
 void GVRWinSignalDesign::setToolTips()
 {
-    freqUnitsPopUp_->setToolTip(tr("Select the Units for the Sampling Frequency and other frequency parameters"));
+    freqUnitsPopUp_->setToolTip(
+        tr("Select the Units for the Sampling Frequency and other frequency parameters"));
     voltUnitsPopUp_->setToolTip(tr("Select the Units for all voltage parameters"));
     freqSampField_->setToolTip(tr("Input the system's Sampling Frequency"));
     zoomStepper_->setToolTip(tr("Magnification of Time Domain Signal"));
@@ -468,8 +502,8 @@ void GVRWinSignalDesign::initPopUpsWithMandatoryFlag(bool mandatory)
 {
     if (!mandatory && freqUnitsPopUp_->count() == 2 && voltUnitsPopUp_->count() == 2)
         return;
-    for (auto [popUp, titles] : {std::pair{freqUnitsPopUp_, &freqUnitsTitle()},
-                                 std::pair{voltUnitsPopUp_, &voltUnitsTitle()}}) {
+    for (auto [popUp, titles] :
+         {std::pair{freqUnitsPopUp_, &freqUnitsTitle()}, std::pair{voltUnitsPopUp_, &voltUnitsTitle()}}) {
         const QSignalBlocker quiet(popUp);
         popUp->clear();
         popUp->addItems(*titles);
@@ -497,7 +531,8 @@ void GVRWinSignalDesign::updateUnitsAndHiddenFields()
     const int function = functionIndex();
     const int freqUnits = std::max(freqUnitsPopUp_->currentIndex(), 0);
     const int voltUnits = std::max(voltUnitsPopUp_->currentIndex(), 0);
-    const FunctionCodes codes = function >= 0 && function < kFunctions ? kCodes[function] : FunctionCodes{"", ""};
+    const FunctionCodes codes =
+        function >= 0 && function < kFunctions ? kCodes[function] : FunctionCodes{"", ""};
     const QString blank = QStringLiteral(" ");
 
     freqUnitsLabel_->setText(freqUnitsTitle().value(freqUnits));
@@ -508,11 +543,20 @@ void GVRWinSignalDesign::updateUnitsAndHiddenFields()
         parmFields_[s]->setToolTip(toolTipOf(tip));
         QString caption = blank;
         switch (codes.units[0] ? codes.units[slot] : ' ') {
-        case 'V': caption = voltUnitsTitle().value(voltUnits); break;
-        case 'F': caption = freqUnitsTitle().value(freqUnits); break;
-        case 'T': caption = timeUnitsTitle().value(freqUnits); break;
-        case 'R': caption = QStringLiteral("Rad"); break;
-        default: break;
+        case 'V':
+            caption = voltUnitsTitle().value(voltUnits);
+            break;
+        case 'F':
+            caption = freqUnitsTitle().value(freqUnits);
+            break;
+        case 'T':
+            caption = timeUnitsTitle().value(freqUnits);
+            break;
+        case 'R':
+            caption = QStringLiteral("Rad");
+            break;
+        default:
+            break;
         }
         parmUnitsLabels_[s]->setText(caption);
     }
@@ -528,9 +572,12 @@ void GVRWinSignalDesign::clearSignalDesignParameters()
 
 void GVRWinSignalDesign::scaleFields(const QList<GVRNumberField*>& fields, double factor)
 {
-    for (GVRNumberField* field : fields)
-        if (const std::optional<double> value = field->numberValue())
+    for (GVRNumberField* field : fields) {
+        const std::optional<double> value = field->numberValue();
+        // An absurd value that would overflow stays as typed.
+        if (value && std::isfinite(*value * factor))
             field->setDoubleValue(*value * factor);
+    }
 }
 
 void GVRWinSignalDesign::selectFreqUnitsPopUpBut(int index)

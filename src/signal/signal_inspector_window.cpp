@@ -7,8 +7,8 @@
 #include <QScrollBar>
 #include <QTableView>
 
-#include "signal/inspector_sig_table_model.h"
 #include "shell/design_library.h"
+#include "signal/inspector_sig_table_model.h"
 
 GVRWinSigInspector::GVRWinSigInspector(DesignLibrary& library, QWidget* parent)
     : QMainWindow(parent), inspectorSigModel_(library), tableModel_(new GVRInspectorSigTableModel(this)),

@@ -92,7 +92,7 @@ TEST_F(FilterDesignWindow, StartsWithDefaultListsAndOnlyTheFieldsTheyNeed)
     EXPECT_EQ(window->windowTypePopUp()->itemText(6), "Nutall");
     EXPECT_EQ(window->chartTypePopUp()->currentText(), "Magnitude");
     EXPECT_EQ(window->filterLengthStepper()->value(), 25);
-    EXPECT_EQ(window->menuWidget(), nullptr);  // the shell adds the shared menus
+    EXPECT_EQ(window->menuWidget(), nullptr); // the shell adds the shared menus
 
     EXPECT_TRUE(window->thetaSamplingField()->isVisible());
     EXPECT_EQ(window->unitsSampFreq()->text(), "MHz");
@@ -103,7 +103,8 @@ TEST_F(FilterDesignWindow, StartsWithDefaultListsAndOnlyTheFieldsTheyNeed)
 
     EXPECT_EQ(window->unitsPopUp()->toolTip(),
               "Range of Normalized is 0:1 where unity represents one-half the Sampling Frequency");
-    EXPECT_EQ(window->filterLengthStepper()->toolTip(), "Length of Filter (25 to 255 taps in odd increments)");
+    EXPECT_EQ(window->filterLengthStepper()->toolTip(),
+              "Length of Filter (25 to 255 taps in odd increments)");
     EXPECT_EQ(window->thetaCenterField()->toolTip(), "Input the Center Frequency for the Bandpass Filter");
     EXPECT_TRUE(window->filterTypePopUp()->toolTip().isEmpty());
 }
@@ -188,7 +189,7 @@ TEST_F(FilterDesignWindow, BandPassKaiserDesignShowsItsFourResultRows)
     type(window->thetaCenterField(), "15");
     type(window->betaUpsilonField(), "4");
     typeInto(window->filterLengthStepper(), "101");
-    QTest::keyClick(window->betaUpsilonField(), Qt::Key_Return);  // Return designs too
+    QTest::keyClick(window->betaUpsilonField(), Qt::Key_Return); // Return designs too
     EXPECT_TRUE(window->viewResult()->hasResults()) << note().toStdString();
     EXPECT_DOUBLE_EQ(window->filterParameterDictionary().value(KEYFP_FILTER_LENGTH).toDouble(), 101.0);
     EXPECT_EQ(window->viewResult()->rows().size(), 4);
@@ -218,7 +219,7 @@ TEST_F(FilterDesignWindow, NormalisingAndBackNeedsASamplingFrequency)
     type(window->thetaCutoffField(), "6");
     choose(window->unitsPopUp(), Norm);
     EXPECT_EQ(text(window->thetaCutoffField()), "0.25");
-    EXPECT_EQ(text(window->thetaSamplingField()), "48");  // kept, hidden
+    EXPECT_EQ(text(window->thetaSamplingField()), "48"); // kept, hidden
     EXPECT_TRUE(window->viewResult()->hasResults());
 
     choose(window->unitsPopUp(), KHz);
@@ -226,6 +227,15 @@ TEST_F(FilterDesignWindow, NormalisingAndBackNeedsASamplingFrequency)
     EXPECT_EQ(text(window->thetaCutoffField()), "0.25");
     EXPECT_EQ(note(), "VALID RANGE: fsampling > 0");
     EXPECT_FALSE(window->viewResult()->hasResults());
+}
+
+TEST_F(FilterDesignWindow, NormalisingWithoutASamplingFrequencyKeepsTheCutoff)
+{
+    choose(window->unitsPopUp(), KHz);
+    type(window->thetaCutoffField(), "6");
+    choose(window->unitsPopUp(), Norm);
+    EXPECT_EQ(text(window->thetaCutoffField()), "6");
+    EXPECT_EQ(note(), "VALID RANGE: fcutoff ≤  0.990") << note().toStdString();
 }
 
 TEST_F(FilterDesignWindow, BandPassCentreFollowsTheUnits)
@@ -247,7 +257,7 @@ TEST_F(FilterDesignWindow, ChoosingTheSameUnitsChangesNothing)
     type(window->thetaCutoffField(), "6000");
     choose(window->unitsPopUp(), KHz);
     EXPECT_EQ(text(window->thetaSamplingField()), "48000");
-    EXPECT_FALSE(window->viewResult()->hasResults());  // not designed either
+    EXPECT_FALSE(window->viewResult()->hasResults()); // not designed either
 }
 
 TEST_F(FilterDesignWindow, LengthStepperStepsOddAndWraps)
@@ -258,9 +268,9 @@ TEST_F(FilterDesignWindow, LengthStepperStepsOddAndWraps)
     EXPECT_EQ(stepper->value(), 27);
     QTest::keyClick(stepper, Qt::Key_Down);
     QTest::keyClick(stepper, Qt::Key_Down);
-    EXPECT_EQ(stepper->value(), 255);  // 25 wraps to 255
+    EXPECT_EQ(stepper->value(), 255); // 25 wraps to 255
     QTest::keyClick(stepper, Qt::Key_Up);
-    EXPECT_EQ(stepper->value(), 25);   // 255 wraps to 25
+    EXPECT_EQ(stepper->value(), 25); // 255 wraps to 25
 
     // An even length typed becomes the odd one above; letters are refused.
     typeInto(stepper, "100");
@@ -281,7 +291,7 @@ TEST_F(FilterDesignWindow, FieldsTakeOnlyNumbersAndAnEmptyOneDesignsNothing)
     EXPECT_EQ(text(window->thetaSamplingField()), "1");
     type(window->thetaSamplingField(), "nan");
     EXPECT_EQ(text(window->thetaSamplingField()), "");
-    type(window->thetaSamplingField(), "1e999");  // overflows: not a number
+    type(window->thetaSamplingField(), "1e999"); // overflows: not a number
     EXPECT_FALSE(window->thetaSamplingField()->numberValue());
     type(window->thetaCutoffField(), "1");
     QTest::mouseClick(window->designFilterBut(), Qt::LeftButton);
@@ -327,7 +337,7 @@ TEST_F(FilterDesignWindow, SaveThenNewThenOpenGivesTheSameDesignBack)
     const auto savedRows = window->viewResult()->rows();
     const auto savedArray = window->theMagPhaseArray();
 
-    pressShortcut(QKeySequence::Save);  // untitled: like Save As
+    pressShortcut(QKeySequence::Save); // untitled: like Save As
     answerSaveSheet("lp48k");
     EXPECT_TRUE(QFileInfo::exists(library->filterPath("lp48k")));
     EXPECT_EQ(window->windowTitle(), "lp48k");
@@ -368,7 +378,7 @@ TEST_F(FilterDesignWindow, SaveThenNewThenOpenGivesTheSameDesignBack)
 TEST_F(FilterDesignWindow, ReplaceAndOverwriteAskFirst)
 {
     designLowPassKHz();
-    pressShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));  // Save As
+    pressShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)); // Save As
     answerSaveSheet("twice");
     const QByteArray first = fileContents("twice");
     ASSERT_FALSE(first.isEmpty());
@@ -381,8 +391,8 @@ TEST_F(FilterDesignWindow, ReplaceAndOverwriteAskFirst)
     QMessageBox* replace = topModal<QMessageBox>();
     ASSERT_NE(replace, nullptr);
     EXPECT_EQ(replace->text(), "\"twice\" already exists. Do you want to replace it?");
-    EXPECT_EQ(replace->informativeText(),
-              "A Filter file with the same name already exists. Replacing it will delete the original Filter design.");
+    EXPECT_EQ(replace->informativeText(), "A Filter file with the same name already exists. Replacing it "
+                                          "will delete the original Filter design.");
     clickButton(replace, "Cancel");
     EXPECT_EQ(fileContents("twice"), first);
 

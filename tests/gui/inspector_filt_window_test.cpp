@@ -112,7 +112,7 @@ TEST_F(FilterInspectorWindow, SavedHighPassInNormAppearsWithoutAnyAction)
     ASSERT_EQ(inspector->table()->model()->rowCount(), 1);
     EXPECT_EQ(cell(0, "filename"), "hp3");
     EXPECT_EQ(cell(0, "filter"), "High Pass");
-    EXPECT_EQ(cell(0, "fcutoff"), "0.30000");  // the stored complement turned back
+    EXPECT_EQ(cell(0, "fcutoff"), "0.30000"); // the stored complement turned back
     EXPECT_EQ(cell(0, "fs"), "");
     EXPECT_EQ(cell(0, "fcenter"), "");
     EXPECT_EQ(cell(0, "db3high"), "");
@@ -157,7 +157,8 @@ TEST_F(FilterInspectorWindow, HeaderClicksSortCellTextsAndRowsNeverStaySelected)
     EXPECT_EQ(column("length"), QStringList({"101", "25", "51"}));
 
     QTableView* table = inspector->table();
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(table->model()->index(1, 0)).center());
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                      table->visualRect(table->model()->index(1, 0)).center());
     EXPECT_FALSE(table->selectionModel()->hasSelection());
 
     // A new save rebuilds the rows and no column claims to sort them.

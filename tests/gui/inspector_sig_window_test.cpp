@@ -101,8 +101,8 @@ TEST_F(SignalInspectorWindow, ColumnsAreTitledBySymbol)
     QStringList titles;
     for (int c = 0; c < inspector->table()->model()->columnCount(); ++c)
         titles << inspector->table()->model()->headerData(c, Qt::Horizontal).toString();
-    EXPECT_EQ(titles,
-              QStringList({"Name", "Function", "fs", "A₁", "fₐ₁", "ϕ", "A₂", "fₐ₂", "M", "τ", "β", "σ", "μ"}));
+    EXPECT_EQ(titles, QStringList({"Name", "Function", "fs", "A₁", "fₐ₁", "ϕ", "A₂", "fₐ₂", "M", "τ", "β",
+                                   "σ", "μ"}));
 }
 
 TEST_F(SignalInspectorWindow, SavedKilohertzMillivoltDesignAppearsInVoltsAndMegahertz)
@@ -138,7 +138,7 @@ TEST_F(SignalInspectorWindow, NumbersSortByValueAndClicksSelectNothing)
     designAndSave("one", "300", {"1", "9", "0", "0", "0"});
     designAndSave("two", "300", {"1", "10", "0", "0", "0"});
     designAndSave("three", "300", {"1", "100", "0", "0", "0"});
-    stepTo(6);  // noise: no fₐ
+    stepTo(6); // noise: no fₐ
     designAndSave("noise", "300", {"0.1", "0"});
     ASSERT_EQ(inspector->table()->model()->rowCount(), 4);
 
@@ -150,7 +150,8 @@ TEST_F(SignalInspectorWindow, NumbersSortByValueAndClicksSelectNothing)
     EXPECT_EQ(column("filename"), QStringList({"noise", "one", "three", "two"}));
 
     QTableView* table = inspector->table();
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(table->model()->index(2, 3)).center());
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                      table->visualRect(table->model()->index(2, 3)).center());
     EXPECT_FALSE(table->selectionModel()->hasSelection());
 }
 

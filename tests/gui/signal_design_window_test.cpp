@@ -103,24 +103,25 @@ TEST_F(SignalDesignWindow, SymbolsCaptionsAndTipsFollowTheFunction)
     EXPECT_EQ(parm(4)->toolTip(), "Standard of Deviation of the Additive Gaussian Noise (AGN=0 when σ=0)");
     EXPECT_EQ(parm(6)->toolTip(), "");
 
-    stepTo(1);  // two cosines
+    stepTo(1); // two cosines
     EXPECT_EQ(QStringList({symbol(1), symbol(2), symbol(3), symbol(4), symbol(5), symbol(6)}),
               QStringList({"A₁", "fₐ₁", "A₂", "fₐ₂", "σ", "μ"}));
     EXPECT_EQ(QStringList({caption(1), caption(2), caption(3), caption(4), caption(5), caption(6)}),
               QStringList({"V", "MHz", "V", "MHz", " ", "V"}));
     EXPECT_EQ(window->viewFuncSignalDesign()->functionIndex(), 1);
 
-    stepTo(2);  // sum of cosines
+    stepTo(2); // sum of cosines
     EXPECT_EQ(symbol(4), "M");
     EXPECT_EQ(parm(4)->toolTip(), "Maximum number of distinct sinusoids");
-    stepTo(6);  // noise
+    stepTo(6); // noise
     EXPECT_EQ(QStringList({symbol(1), symbol(2), caption(1), caption(2)}), QStringList({"σ", "μ", " ", "V"}));
-    stepTo(8);  // rectangle
+    stepTo(8); // rectangle
     EXPECT_EQ(QStringList({symbol(1), symbol(2), symbol(3), symbol(4)}), QStringList({"A", "τ", "σ", "μ"}));
-    EXPECT_EQ(QStringList({caption(1), caption(2), caption(3), caption(4)}), QStringList({"V", "μS", " ", "V"}));
+    EXPECT_EQ(QStringList({caption(1), caption(2), caption(3), caption(4)}),
+              QStringList({"V", "μS", " ", "V"}));
     EXPECT_EQ(parm(1)->toolTip(), "Amplitude of rectangle");
     EXPECT_EQ(parm(2)->toolTip(), "Time at which the amplitude transition occurs");
-    stepTo(10);  // sinc squared
+    stepTo(10); // sinc squared
     EXPECT_EQ(QStringList({symbol(1), symbol(2), symbol(3), caption(3)}), QStringList({"β", "σ", "μ", "V"}));
     EXPECT_EQ(parm(1)->toolTip(), "β=1 for a normalized Sinc function");
 }
@@ -136,7 +137,7 @@ TEST_F(SignalDesignWindow, FunctionStepperWrapsAndEmptiesEveryEntry)
     for (int n = 1; n <= 6; ++n)
         EXPECT_EQ(text(n), "") << n;
     EXPECT_EQ(window->viewFuncSignalDesign()->functionIndex(), 0);
-    EXPECT_TRUE(window->theTimeArray().empty());  // nothing designed
+    EXPECT_TRUE(window->theTimeArray().empty()); // nothing designed
     QTest::keyClick(window->yFuncStepper(), Qt::Key_Down);
     EXPECT_EQ(window->yFuncStepper()->value(), 10);
 }
@@ -165,7 +166,7 @@ TEST_F(SignalDesignWindow, DesignFillsBothCharts)
 
 TEST_F(SignalDesignWindow, NoisyTwoToneScreenshot)
 {
-    stepTo(7);  // mixer
+    stepTo(7); // mixer
     type(window->freqSampField(), "300");
     typeParms({"1", "25", "0.5", "5", "0.05", "0"});
     QTest::mouseClick(window->designSignalBut(), Qt::LeftButton);
@@ -197,7 +198,7 @@ TEST_F(SignalDesignWindow, MegaToKiloRescalesRateAndFrequencyOnly)
     EXPECT_EQ(window->freqUnitsLabel()->text(), "KHz");
     EXPECT_EQ(caption(2), "KHz");
     EXPECT_EQ(window->previousFreqUnitsSelected(), KHz);
-    EXPECT_EQ(window->theTimeArray().size(), 16392u);  // designed at once
+    EXPECT_EQ(window->theTimeArray().size(), 16392u); // designed at once
 
     choose(window->freqUnitsPopUp(), MHz);
     EXPECT_EQ(window->freqSampField()->text(), "300");
@@ -227,7 +228,7 @@ TEST_F(SignalDesignWindow, RectangleTimeKeepsItsNumberAndChangesCaption)
 
 TEST_F(SignalDesignWindow, VoltsToMillivoltsRescalesAmplitudesAndMeanButNotSigma)
 {
-    stepTo(4);  // two sines
+    stepTo(4); // two sines
     type(window->freqSampField(), "300");
     typeParms({"1", "10", "0.5", "20", "0.1", "0.2"});
     choose(window->voltUnitsPopUp(), mV);
@@ -259,7 +260,7 @@ TEST_F(SignalDesignWindow, ZoomStepperCaptionAndChart)
         QTest::keyClick(zoom, Qt::Key_Up);
     EXPECT_EQ(zoom->text(), "x256");
     EXPECT_FLOAT_EQ(window->viewTimeSignalDesign()->zoomFactor(), 256.0f);
-    QTest::keyClick(zoom, Qt::Key_Up);  // wraps
+    QTest::keyClick(zoom, Qt::Key_Up); // wraps
     EXPECT_EQ(zoom->text(), "x1");
     EXPECT_FLOAT_EQ(window->viewTimeSignalDesign()->zoomFactor(), 1.0f);
     QTest::keyClick(zoom, Qt::Key_Down);
@@ -276,7 +277,7 @@ TEST_F(SignalDesignWindow, ZoomStepperCaptionAndChart)
 
 TEST_F(SignalDesignWindow, SaveNewOpenRestoresUnitsAndValues)
 {
-    stepTo(3);  // sine
+    stepTo(3); // sine
     choose(window->freqUnitsPopUp(), KHz);
     choose(window->voltUnitsPopUp(), mV);
     type(window->freqSampField(), "300000");
@@ -297,7 +298,7 @@ TEST_F(SignalDesignWindow, SaveNewOpenRestoresUnitsAndValues)
     EXPECT_EQ(window->freqSampField()->text(), "");
     EXPECT_TRUE(window->theTimeArray().empty());
     EXPECT_TRUE(window->theFreqArray().empty());
-    EXPECT_EQ(window->yFuncStepper()->value(), 3);  // the function stays
+    EXPECT_EQ(window->yFuncStepper()->value(), 3); // the function stays
 
     stepTo(9);
     window->openMenuItem();
@@ -336,7 +337,7 @@ TEST_F(SignalDesignWindow, FileActionsCarryTheUsualKeys)
     GVROpenSheet* sheet = topModal<GVROpenSheet>();
     ASSERT_NE(sheet, nullptr);
     EXPECT_TRUE(sheet->files().isEmpty());
-    QTest::mouseClick(sheet->openButton(), Qt::LeftButton);  // nothing to open: just closes
+    QTest::mouseClick(sheet->openButton(), Qt::LeftButton); // nothing to open: just closes
     EXPECT_FALSE(sheet->isVisible());
     EXPECT_EQ(window->windowTitle(), "(Untitled)");
 }
