@@ -4,28 +4,8 @@
 #include "archive/filter_archive.h"
 #include "filter/filter_design_view.h"
 #include "filter/filter_keys.h"
+#include "shell/design_file_io.h"
 #include "shell/design_library.h"
-#include "shell/library_design_source.h"
-
-namespace {
-
-DesignLibrary& libraryOr(DesignLibrary* library)
-{
-    return library ? *library : DesignLibrary::shared();
-}
-
-// Integers as qlonglong and doubles as double, whatever the record's own types.
-QVariant asVariant(std::int64_t value)
-{
-    return QVariant(static_cast<qlonglong>(value));
-}
-
-QVariant asVariant(double value)
-{
-    return QVariant(value);
-}
-
-} // namespace
 
 bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
 {
@@ -56,15 +36,9 @@ bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
     record.filterCoefficients = d_.filterCoefficients;
     record.filterPrecisionCoefficients = d_.filterPrecisionCoefficients;
 
-    if (name.isEmpty()) {
-        lastFileError_ = QStringLiteral("A filter design needs a name to be saved.");
+    lastFileError_ = designSaveNameProblem(QStringLiteral("filter"), name);
+    if (!lastFileError_.isEmpty())
         return false;
-    }
-    if (!LibraryDesignSource::isPlainName(name)) {
-        lastFileError_ =
-            QStringLiteral("\"%1\" cannot be used as a design name: it must not contain \"/\".").arg(name);
-        return false;
-    }
     DesignLibrary& library = libraryOr(library_);
     if (!writeFilterFile(library.filterPath(name), record, &lastFileError_))
         return false;
@@ -75,14 +49,9 @@ bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
 bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
 {
     lastFileError_.clear();
-    if (name.isEmpty()) {
-        lastFileError_ = QStringLiteral("No filter design was named.");
+    lastFileError_ = designOpenNameProblem(QStringLiteral("filter"), name);
+    if (!lastFileError_.isEmpty())
         return false;
-    }
-    if (!LibraryDesignSource::isPlainName(name)) {
-        lastFileError_ = QStringLiteral("\"%1\" is not the name of a filter design.").arg(name);
-        return false;
-    }
     const std::optional<GVRFilter> record =
         readFilterFile(libraryOr(library_).filterPath(name), &lastFileError_);
     if (!record)
@@ -91,7 +60,7 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
     QVariantMap restored;
     auto put = [&restored](const QString& key, const auto& value) {
         if (value)
-            restored.insert(key, asVariant(*value));
+            restored.insert(key, recordValueAsVariant(*value));
     };
     put(KEYFP_UNITS, record->unitsType);
     put(KEYFP_FILTER_TYPE, record->filterType);
@@ -116,8 +85,7 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
         restored.insert(KEYFP_CENTER_FREQ, center);
     }
     if (restored.size() != 9) {
-        lastFileError_ =
-            QStringLiteral("The filter design \"%1\" is incomplete and cannot be opened.").arg(name);
+        lastFileError_ = incompleteDesignMessage(QStringLiteral("filter"), name);
         return false;
     }
     filterRestorationDictionary_ = restored;

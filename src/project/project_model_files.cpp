@@ -4,6 +4,7 @@
 #include "archive/project_archive.h"
 #include "project/project_keys.h"
 #include "project/project_view.h"
+#include "shell/design_file_io.h"
 #include "shell/design_library.h"
 #include "shell/library_design_source.h"
 
@@ -92,7 +93,7 @@ bool GVRProjectModel::openProjectWithFilePath(const QString& path)
         filterNames = library_->filterNames();
         signalNames = library_->signalNames();
     } else {
-        const DesignLibrary& library = designLibrary_ ? *designLibrary_ : DesignLibrary::shared();
+        const DesignLibrary& library = libraryOr(designLibrary_);
         filterNames = library.designNames(DesignLibrary::Folder::Filter);
         signalNames = library.designNames(DesignLibrary::Folder::Signal);
     }

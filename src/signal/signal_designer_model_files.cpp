@@ -2,30 +2,10 @@
 #include "signal/signal_designer_model.h"
 
 #include "archive/signal_archive.h"
+#include "shell/design_file_io.h"
 #include "shell/design_library.h"
-#include "shell/library_design_source.h"
 #include "signal/signal_design_view.h"
 #include "signal/signal_keys.h"
-
-namespace {
-
-DesignLibrary& libraryOr(DesignLibrary* library)
-{
-    return library ? *library : DesignLibrary::shared();
-}
-
-// Integers as qlonglong and doubles as double, whatever the record's own types.
-QVariant asVariant(std::int64_t value)
-{
-    return QVariant(static_cast<qlonglong>(value));
-}
-
-QVariant asVariant(double value)
-{
-    return QVariant(value);
-}
-
-} // namespace
 
 bool GVRSignalDesignerModel::saveSignalDesignWithFileName(const QString& name)
 {
@@ -52,15 +32,9 @@ bool GVRSignalDesignerModel::saveSignalDesignWithFileName(const QString& name)
     record.sampledSignalArray =
         std::vector<double>(timeDomainArray_.begin() + kHeaderLength, timeDomainArray_.end());
 
-    if (name.isEmpty()) {
-        lastFileError_ = QStringLiteral("A signal design needs a name to be saved.");
+    lastFileError_ = designSaveNameProblem(QStringLiteral("signal"), name);
+    if (!lastFileError_.isEmpty())
         return false;
-    }
-    if (!LibraryDesignSource::isPlainName(name)) {
-        lastFileError_ =
-            QStringLiteral("\"%1\" cannot be used as a design name: it must not contain \"/\".").arg(name);
-        return false;
-    }
     DesignLibrary& library = libraryOr(library_);
     if (!writeSignalFile(library.signalPath(name), record, &lastFileError_))
         return false;
@@ -71,14 +45,9 @@ bool GVRSignalDesignerModel::saveSignalDesignWithFileName(const QString& name)
 bool GVRSignalDesignerModel::openSignalDesignWithFileName(const QString& name)
 {
     lastFileError_.clear();
-    if (name.isEmpty()) {
-        lastFileError_ = QStringLiteral("No signal design was named.");
+    lastFileError_ = designOpenNameProblem(QStringLiteral("signal"), name);
+    if (!lastFileError_.isEmpty())
         return false;
-    }
-    if (!LibraryDesignSource::isPlainName(name)) {
-        lastFileError_ = QStringLiteral("\"%1\" is not the name of a signal design.").arg(name);
-        return false;
-    }
     const std::optional<GVRSignal> record =
         readSignalFile(libraryOr(library_).signalPath(name), &lastFileError_);
     if (!record)
@@ -87,7 +56,7 @@ bool GVRSignalDesignerModel::openSignalDesignWithFileName(const QString& name)
     QVariantMap restored;
     auto put = [&restored](QLatin1String key, const auto& value) {
         if (value)
-            restored.insert(key, asVariant(*value));
+            restored.insert(key, recordValueAsVariant(*value));
     };
     put(KEYSP_FREQ_SAMP, record->samplingFreq);
     put(KEYSP_Y_STEP, record->yStepIndex);
@@ -100,8 +69,7 @@ bool GVRSignalDesignerModel::openSignalDesignWithFileName(const QString& name)
     put(KEYSP_PARM5, record->parm5);
     put(KEYSP_PARM6, record->parm6);
     if (restored.size() != 10) {
-        lastFileError_ =
-            QStringLiteral("The signal design \"%1\" is incomplete and cannot be opened.").arg(name);
+        lastFileError_ = incompleteDesignMessage(QStringLiteral("signal"), name);
         return false;
     }
     signalRestorationDictionary_ = restored;
