@@ -2,6 +2,7 @@
 // for a person or as JSON. Options mirror the filter design window's form;
 // a missing number reads as 0, as an empty field does.
 #include "cli/cli_options.h"
+#include "cli/cli_output.h"
 #include "cli/json_writer.h"
 #include "cli/verbs.h"
 
@@ -120,9 +121,7 @@ void writeJson(const GVRFilterDesignerModel& model, const CollectingView& view, 
 
 void writeText(const GVRFilterDesignerModel& model, const CollectingView& view, bool valid)
 {
-    QString out;
-    if (!view.note.isEmpty())
-        out += view.note + QLatin1Char('\n');
+    QString out = noteLine(view.note);
     if (!valid) {
         printOut(out);
         return;
@@ -253,12 +252,10 @@ int runFilter(const QStringList& args)
         writeText(model, view, valid);
     if (parser.isSet(save)) {
         const QString name = parser.value(save);
-        if (!model.saveFilterDesignWithFileName(name)) {
-            printErr(QStringLiteral("orvana-cli filter: the design was not saved. %1").arg(model.lastFileError()));
+        const bool saved = model.saveFilterDesignWithFileName(name);
+        if (!reportSave(QStringLiteral("filter"), QStringLiteral("design"), saved, model.lastFileError(),
+                        designLibrary->filterPath(name), parser.isSet(json)))
             return Refused;
-        }
-        if (!parser.isSet(json))
-            printOut(QStringLiteral("Saved as %1\n").arg(designLibrary->filterPath(name)));
     }
     return refused ? Refused : Designed;
 }

@@ -1,14 +1,13 @@
 // orvana-cli project: a Sum & Filter or Multirate project run from saved
 // designs of the library, printed for a person or as JSON, and saved on request.
 #include "cli/cli_options.h"
-#include "cli/json_writer.h"
+#include "cli/cli_output.h"
 #include "cli/verbs.h"
 
 #include "project/project_model.h"
 #include "project/project_view.h"
 #include "shell/design_library.h"
 #include "shell/library_design_source.h"
-#include "shell/note_format.h"
 
 #include <QCommandLineParser>
 
@@ -16,19 +15,9 @@ namespace cli {
 
 namespace {
 
-class CollectingView : public ProjectView {
+class CollectingView : public NoteAndChartsView<ProjectView> {
 public:
-    void displayNoteField(const QString& text, double value, bool withValue) override
-    {
-        note = formatNote(text, value, withValue);
-    }
-    void plotTimeWithArray(const std::vector<double>& a) override { time = a; }
-    void plotFreqWithArray(const std::vector<double>& a) override { freq = a; }
     void restoreProjectParameters(const QVariantMap&) override {}
-
-    QString note;
-    std::vector<double> time;
-    std::vector<double> freq;
 };
 
 // A whole number within [lo, hi], or nothing.
@@ -41,25 +30,9 @@ std::optional<int> wholeIn(const QString& text, int lo, int hi)
     return v;
 }
 
-void writeJson(const CollectingView& view, bool designed)
-{
-    JsonWriter json;
-    json.beginObject();
-    json.key("note");
-    json.value(view.note.toStdString());
-    json.key("time");
-    json.array(designed ? view.time : std::vector<double>{});
-    json.key("freq");
-    json.array(designed ? view.freq : std::vector<double>{});
-    json.endObject();
-    printOut(json.text() + "\n");
-}
-
 void writeText(const GVRProjectModel& model, const CollectingView& view, bool designed)
 {
-    QString out;
-    if (!view.note.isEmpty())
-        out += view.note + QLatin1Char('\n');
+    QString out = noteLine(view.note);
     if (!designed) {
         printOut(out);
         return;
@@ -176,7 +149,7 @@ int runProject(const QStringList& args)
         *diagramValue, filterName, oneName, twoName, *sign1Value, *sign2Value, *lValue, *mValue, *autoValue));
     const bool designed = model.validResultsFlag() && !view.time.empty();
     if (parser.isSet(json))
-        writeJson(view, designed);
+        printNoteAndChartsJson(view.note, view.time, view.freq, designed);
     else
         writeText(model, view, designed);
 
@@ -190,13 +163,10 @@ int runProject(const QStringList& args)
             return Refused;
         }
         const QString path = designLibrary.projectPath(*diagramValue, name);
-        if (!model.saveProjectWithFilePath(path)) {
-            printErr(QStringLiteral("orvana-cli project: the project was not saved. %1")
-                         .arg(model.lastFileError()));
+        const bool saved = model.saveProjectWithFilePath(path);
+        if (!reportSave(QStringLiteral("project"), QStringLiteral("project"), saved, model.lastFileError(),
+                        path, parser.isSet(json)))
             return Refused;
-        }
-        if (!parser.isSet(json))
-            printOut(QStringLiteral("Saved as %1\n").arg(path));
     }
     return designed ? Designed : Refused;
 }

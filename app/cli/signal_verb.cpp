@@ -2,12 +2,11 @@
 // printed for a person or as JSON. Options mirror the signal design
 // window's form; a missing number reads as 0, as an empty field does.
 #include "cli/cli_options.h"
-#include "cli/json_writer.h"
+#include "cli/cli_output.h"
 #include "cli/verbs.h"
 
 #include "dsp/signal_spectrum.h"
 #include "shell/design_library.h"
-#include "shell/note_format.h"
 #include "signal/signal_design_view.h"
 #include "signal/signal_designer_model.h"
 
@@ -36,19 +35,9 @@ const QStringList kSymbols[6] = {
 };
 
 // Everything the model tells its window, kept for printing.
-class CollectingView : public SignalDesignView {
+class CollectingView : public NoteAndChartsView<SignalDesignView> {
 public:
-    void displayNoteField(const QString& text, double value, bool withValue) override
-    {
-        note = formatNote(text, value, withValue);
-    }
-    void plotTimeWithArray(const std::vector<double>& a) override { time = a; }
-    void plotFreqWithArray(const std::vector<double>& a) override { freq = a; }
     void restoreSignalParameters(const QVariantMap&) override {}
-
-    QString note;
-    std::vector<double> time;
-    std::vector<double> freq;
 };
 
 // A function index 0..10 or its name.
@@ -65,25 +54,9 @@ std::optional<int> functionChoice(const QString& text)
     return std::nullopt;
 }
 
-void writeJson(const CollectingView& view, bool designed)
-{
-    JsonWriter json;
-    json.beginObject();
-    json.key("note");
-    json.value(view.note.toStdString());
-    json.key("time");
-    json.array(designed ? view.time : std::vector<double>{});
-    json.key("freq");
-    json.array(designed ? view.freq : std::vector<double>{});
-    json.endObject();
-    printOut(json.text() + "\n");
-}
-
 void writeText(const GVRSignalDesignerModel& model, const CollectingView& view, bool designed)
 {
-    QString out;
-    if (!view.note.isEmpty())
-        out += view.note + QLatin1Char('\n');
+    QString out = noteLine(view.note);
     if (!designed) {
         printOut(out);
         return;
@@ -207,17 +180,15 @@ int runSignal(const QStringList& args)
         freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index, values));
     const bool designed = !view.time.empty();
     if (parser.isSet(json))
-        writeJson(view, designed);
+        printNoteAndChartsJson(view.note, view.time, view.freq, designed);
     else
         writeText(model, view, designed);
     if (parser.isSet(save)) {
         const QString name = parser.value(save);
-        if (!model.saveSignalDesignWithFileName(name)) {
-            printErr(QStringLiteral("orvana-cli signal: the design was not saved. %1").arg(model.lastFileError()));
+        const bool saved = model.saveSignalDesignWithFileName(name);
+        if (!reportSave(QStringLiteral("signal"), QStringLiteral("design"), saved, model.lastFileError(),
+                        designLibrary->signalPath(name), parser.isSet(json)))
             return Refused;
-        }
-        if (!parser.isSet(json))
-            printOut(QStringLiteral("Saved as %1\n").arg(designLibrary->signalPath(name)));
     }
     return designed ? Designed : Refused;
 }
