@@ -41,6 +41,14 @@ bool parseOrComplain(QCommandLineParser& parser, const QStringList& args)
     return false;
 }
 
+bool parseWithPositionalsOrComplain(QCommandLineParser& parser, const QStringList& args)
+{
+    if (parser.parse(args))
+        return true;
+    printErr(parser.errorText() + QLatin1Char('\n') + parser.helpText());
+    return false;
+}
+
 QCommandLineOption libraryOption()
 {
     return QCommandLineOption(QStringLiteral("library"),

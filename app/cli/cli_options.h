@@ -27,6 +27,9 @@ std::optional<double> parseNumber(const QString& text);
 // text to stderr and returns false. `args` starts with the program name.
 bool parseOrComplain(QCommandLineParser& parser, const QStringList& args);
 
+// The same for a verb that takes positional arguments.
+bool parseWithPositionalsOrComplain(QCommandLineParser& parser, const QStringList& args);
+
 // The --library DIR option every verb takes.
 QCommandLineOption libraryOption();
 // Points the process's design library at `optionValue` (else ORVANA_LIBRARY,

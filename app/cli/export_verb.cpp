@@ -26,10 +26,8 @@ int runExport(const QStringList& args)
                                  QStringLiteral("Filter design name (\".filt\" optional)."));
     parser.addPositionalArgument(QStringLiteral("OUT"),
                                  QStringLiteral("Text file to write (replaced if present)."));
-    if (!parser.parse(args)) {
-        printErr(parser.errorText() + QLatin1Char('\n') + parser.helpText());
+    if (!parseWithPositionalsOrComplain(parser, args))
         return Usage;
-    }
     if (parser.isSet(help)) {
         printOut(parser.helpText());
         return Designed;

@@ -31,56 +31,15 @@ public:
             writer_.beginObject();
     }
 
-    void field(const char* key, const std::optional<double>& v)
+    template <typename T> void field(const char* key, const std::optional<T>& v)
     {
         start(key);
         if (!v)
             absent();
         else if (json_)
-            writer_.value(*v);
+            write(*v);
         else
-            text_ += QString::number(*v, 'g', 17);
-        end();
-    }
-    void field(const char* key, const std::optional<std::int64_t>& v)
-    {
-        start(key);
-        if (!v)
-            absent();
-        else if (json_)
-            writer_.value(*v);
-        else
-            text_ += QString::number(*v);
-        end();
-    }
-    void field(const char* key, const std::optional<std::string>& v)
-    {
-        start(key);
-        if (!v)
-            absent();
-        else if (json_)
-            writer_.value(std::string_view(*v));
-        else
-            text_ += QString::fromStdString(*v);
-        end();
-    }
-    template <typename T> void field(const char* key, const std::optional<std::vector<T>>& v)
-    {
-        start(key);
-        if (!v) {
-            absent();
-        } else if (json_) {
-            writer_.array(std::span<const T>(*v));
-        } else {
-            QStringList items;
-            for (const T& x : *v) {
-                if constexpr (std::is_floating_point_v<T>)
-                    items << QString::number(x, 'g', 17);
-                else
-                    items << QString::number(x);
-            }
-            text_ += QLatin1Char('[') + items.join(QStringLiteral(", ")) + QLatin1Char(']');
-        }
+            text_ += textOf(*v);
         end();
     }
 
@@ -100,6 +59,22 @@ private:
         else
             text_ += QString::fromLatin1(key) + QStringLiteral(": ");
     }
+    void write(double v) { writer_.value(v); }
+    void write(std::int64_t v) { writer_.value(v); }
+    void write(const std::string& v) { writer_.value(std::string_view(v)); }
+    template <typename T> void write(const std::vector<T>& v) { writer_.array(std::span<const T>(v)); }
+
+    static QString textOf(double v) { return QString::number(v, 'g', 17); }
+    static QString textOf(std::int64_t v) { return QString::number(v); }
+    static QString textOf(const std::string& v) { return QString::fromStdString(v); }
+    template <typename T> static QString textOf(const std::vector<T>& v)
+    {
+        QStringList items;
+        for (const T& x : v)
+            items << textOf(x);
+        return QLatin1Char('[') + items.join(QStringLiteral(", ")) + QLatin1Char(']');
+    }
+
     void absent()
     {
         if (json_)
@@ -203,10 +178,8 @@ int runOpen(const QStringList& args)
     parser.addPositionalArgument(QStringLiteral("KIND"), QStringLiteral("filter, signal or project."));
     parser.addPositionalArgument(QStringLiteral("NAME"),
                                  QStringLiteral("Design name in the library, or the path of a design file."));
-    if (!parser.parse(args)) {
-        printErr(parser.errorText() + QLatin1Char('\n') + parser.helpText());
+    if (!parseWithPositionalsOrComplain(parser, args))
         return Usage;
-    }
     if (parser.isSet(help)) {
         printOut(parser.helpText());
         return Designed;
