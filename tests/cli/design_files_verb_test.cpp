@@ -6,38 +6,22 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
-#include <QProcessEnvironment>
 
+#include "cli/cli_test_support.h"
 #include "support/temp_library.h"
 
 namespace {
 
-struct CliRun {
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
+using clitest::CliRun;
+using clitest::json;
 
 class DesignFilesVerbs : public ::testing::Test {
 protected:
+    // Never the user's own library, whatever the arguments say.
     CliRun cli(const QStringList& args)
     {
-        QProcess p;
-        // Never the user's own library, whatever the arguments say.
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QStringLiteral("ORVANA_LIBRARY"), temp.root() + QStringLiteral("/fromEnvironment"));
-        p.setProcessEnvironment(env);
-        p.start(QStringLiteral(ORVANA_CLI_PATH), args);
-        CliRun r;
-        if (!p.waitForFinished(120000))
-            return r;
-        r.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -2;
-        r.out = p.readAllStandardOutput();
-        r.err = p.readAllStandardError();
-        return r;
+        return clitest::runCli(args, temp.root() + QStringLiteral("/fromEnvironment"), 120000);
     }
     // The verb followed by --library and the rest.
     CliRun verb(const QString& name, const QStringList& rest)
@@ -45,13 +29,6 @@ protected:
         return cli(QStringList{name, QStringLiteral("--library"), lib()} + rest);
     }
     QString lib() const { return temp.root() + QStringLiteral("/lib"); }
-    static QJsonObject json(const CliRun& r)
-    {
-        QJsonParseError error;
-        const QJsonDocument doc = QJsonDocument::fromJson(r.out, &error);
-        EXPECT_EQ(error.error, QJsonParseError::NoError) << r.out.left(300).toStdString();
-        return doc.object();
-    }
 
     TempLibrary temp;
 };

@@ -3,41 +3,22 @@
 #include <gtest/gtest.h>
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QStringList>
 
 #include <cmath>
 
+#include "cli/cli_test_support.h"
+
 namespace {
 
-struct CliRun {
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
+using clitest::CliRun;
+using clitest::json;
 
 CliRun cli(const QStringList& args)
 {
-    QProcess p;
-    p.start(QStringLiteral(ORVANA_CLI_PATH), QStringList{QStringLiteral("filter")} + args);
-    CliRun r;
-    if (!p.waitForFinished(60000))
-        return r;
-    r.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -2;
-    r.out = p.readAllStandardOutput();
-    r.err = p.readAllStandardError();
-    return r;
-}
-
-QJsonObject json(const CliRun& r)
-{
-    QJsonParseError error;
-    const QJsonDocument doc = QJsonDocument::fromJson(r.out, &error);
-    EXPECT_EQ(error.error, QJsonParseError::NoError) << r.out.toStdString();
-    return doc.object();
+    return clitest::runCli(QStringList{QStringLiteral("filter")} + args);
 }
 
 } // namespace

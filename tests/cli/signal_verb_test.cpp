@@ -2,39 +2,20 @@
 #include <gtest/gtest.h>
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 
 #include <cmath>
 
+#include "cli/cli_test_support.h"
+
 namespace {
 
-struct CliRun {
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
+using clitest::CliRun;
+using clitest::json;
 
 CliRun runCli(const QStringList& args)
 {
-    QProcess p;
-    p.start(QStringLiteral(ORVANA_CLI_PATH), QStringList{QStringLiteral("signal")} + args);
-    CliRun r;
-    if (!p.waitForFinished(60000))
-        return r;
-    r.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    r.out = p.readAllStandardOutput();
-    r.err = p.readAllStandardError();
-    return r;
-}
-
-QJsonObject json(const CliRun& r)
-{
-    QJsonParseError error;
-    const QJsonDocument doc = QJsonDocument::fromJson(r.out, &error);
-    EXPECT_EQ(error.error, QJsonParseError::NoError) << r.out.left(200).toStdString();
-    return doc.object();
+    return clitest::runCli(QStringList{QStringLiteral("signal")} + args);
 }
 
 }  // namespace
