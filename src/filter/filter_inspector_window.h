@@ -29,8 +29,6 @@ public slots:
     void updateTableDisplay();
 
 private:
-    void fitWidthToColumns();
-
     GVRInspectorFiltModel inspectorFiltModel_;
     GVRInspectorFiltTableModel* tableModel_ = nullptr;
     QTableView* table_ = nullptr;

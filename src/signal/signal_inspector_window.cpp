@@ -1,13 +1,11 @@
 // The signal inspector window.
 #include "signal/signal_inspector_window.h"
 
-#include <algorithm>
-
 #include <QHeaderView>
-#include <QScrollBar>
 #include <QTableView>
 
 #include "shell/design_library.h"
+#include "shell/inspector_table.h"
 #include "signal/inspector_sig_table_model.h"
 
 GVRWinSigInspector::GVRWinSigInspector(DesignLibrary& library, QWidget* parent)
@@ -18,44 +16,12 @@ GVRWinSigInspector::GVRWinSigInspector(DesignLibrary& library, QWidget* parent)
     setWindowTitle(tr("Signal Inspector"));
 
     table_->setObjectName(QStringLiteral("sigInspectorTable"));
-    table_->setModel(tableModel_);
-    // Read-only, and no row ever stays selected.
-    table_->setSelectionMode(QAbstractItemView::NoSelection);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    // No focus frame either: a framed cell would look selected.
-    table_->setFocusPolicy(Qt::NoFocus);
-    table_->setAlternatingRowColors(true);
-    table_->setWordWrap(false);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-
-    // The view's own sorting would sort at once on column 0; rows first
-    // appear in the folder's order, so header clicks sort explicitly.
-    QHeaderView* header = table_->horizontalHeader();
-    header->setSectionsClickable(true);
-    header->setSortIndicatorShown(true);
-    header->setSortIndicatorClearable(false);
-    header->setSortIndicator(-1, Qt::AscendingOrder);
-    header->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header->setStretchLastSection(false);
-    connect(header, &QHeaderView::sortIndicatorChanged, this, [this](int column, Qt::SortOrder order) {
-        if (column >= 0)
-            tableModel_->sort(column, order);
-    });
+    setUpInspectorTable(*table_, *tableModel_);
     setCentralWidget(table_);
 
     connect(&library, &DesignLibrary::newSignalFile, this, &GVRWinSigInspector::updateTableDisplay);
     updateTableDisplay();
-    fitWidthToColumns();
-}
-
-void GVRWinSigInspector::fitWidthToColumns()
-{
-    // Wide enough for every column as first filled, within reason.
-    table_->resizeColumnsToContents();
-    const int columns = table_->horizontalHeader()->length() + 2 * table_->frameWidth() +
-                        table_->verticalScrollBar()->sizeHint().width();
-    resize(std::clamp(columns, 640, 1400), 360);
+    fitInspectorToColumns(*this, *table_);
 }
 
 const QList<GVRInspectSig>& GVRWinSigInspector::inspectorDataArray() const

@@ -30,8 +30,6 @@ public slots:
     void updateTableDisplay();
 
 private:
-    void fitWidthToColumns();
-
     GVRInspectorSigModel inspectorSigModel_;
     GVRInspectorSigTableModel* tableModel_ = nullptr;
     QTableView* table_ = nullptr;
