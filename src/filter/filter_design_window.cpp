@@ -25,7 +25,7 @@
 #include "filter/filter_keys.h"
 #include "filter/number_field.h"
 #include "shell/design_library.h"
-#include "shell/note_format.h"
+#include "shell/window_parts.h"
 
 namespace {
 
@@ -64,14 +64,6 @@ protected:
 QStringList splitTitles(const char* text)
 {
     return QString::fromUtf8(text).split(QLatin1Char(','));
-}
-
-QComboBox* makePopUp(const char* name, QWidget* parent)
-{
-    auto* popUp = new QComboBox(parent);
-    popUp->setObjectName(QLatin1String(name));
-    popUp->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    return popUp;
 }
 
 GVRNumberField* makeField(const char* name, QWidget* parent)
@@ -312,11 +304,7 @@ QWidget* GVRWinFilterDesign::buildForm()
     column->addLayout(buttons);
 
     column->addStretch(1);
-    noteField_ = new QLineEdit(form);
-    noteField_->setObjectName(QStringLiteral("noteField"));
-    noteField_->setReadOnly(true);
-    noteField_->setFocusPolicy(Qt::ClickFocus);
-    noteField_->setPlaceholderText(tr("Notes appear here"));
+    noteField_ = makeNoteLine(form);
     column->addWidget(noteField_);
     form->setMinimumWidth(300);
     return form;
@@ -365,16 +353,8 @@ void GVRWinFilterDesign::createFileActions()
         {"filterSaveAsAction", tr("Save As…"), QKeySequence::SaveAs, &GVRWinFilterDesign::saveAsMenuItem},
     };
     for (const Command& command : commands) {
-        auto* action = new QAction(command.text, this);
-        action->setObjectName(QLatin1String(command.name));
-        // Some desktops bind no Save As key; Ctrl+Shift+S is the usual one.
-        QList<QKeySequence> keys = QKeySequence::keyBindings(command.key);
-        if (keys.isEmpty() && command.key == QKeySequence::SaveAs)
-            keys.append(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-        action->setShortcuts(keys);
-        action->setShortcutContext(Qt::WindowShortcut);
+        QAction* action = addFileAction(*this, command.name, command.text, command.key);
         connect(action, &QAction::triggered, this, command.slot);
-        addAction(action);
         fileActions_.append(action);
     }
 }
@@ -544,8 +524,7 @@ void GVRWinFilterDesign::pressDesignFilterBut()
 
 void GVRWinFilterDesign::displayNoteField(const QString& text, double value, bool withValue)
 {
-    noteField_->setText(formatNote(text, value, withValue));
-    noteField_->setCursorPosition(0);
+    showNote(*noteField_, text, value, withValue);
 }
 
 void GVRWinFilterDesign::displayFilterDesignResults(const QVariantMap& results)

@@ -22,7 +22,7 @@
 #include "filter/design_file_kind.h"
 #include "project/project_keys.h"
 #include "shell/design_library.h"
-#include "shell/note_format.h"
+#include "shell/window_parts.h"
 
 namespace {
 
@@ -68,7 +68,7 @@ QSpinBox* makeStepper(QSpinBox* box, int minimum, int maximum, int value, const 
     return box;
 }
 
-QComboBox* makePopUp(const char* name, QWidget* parent)
+QComboBox* makeFixedWidthPopUp(const char* name, QWidget* parent)
 {
     auto* popUp = new QComboBox(parent);
     popUp->setObjectName(QLatin1String(name));
@@ -204,11 +204,11 @@ QWidget* GVRWinProject::buildForm()
     // Inputs: the two signals and their multipliers.
     auto* inputs = new QGroupBox(tr("Input signals"), form);
     auto* inputGrid = new QFormLayout(inputs);
-    signalOnePopUp_ = makePopUp("signalOnePopUp", inputs);
-    signalOneSignPopUp_ = makePopUp("signalOneSignPopUp", inputs);
+    signalOnePopUp_ = makeFixedWidthPopUp("signalOnePopUp", inputs);
+    signalOneSignPopUp_ = makeFixedWidthPopUp("signalOneSignPopUp", inputs);
     signalOneSignPopUp_->setMinimumContentsLength(3);
-    signalTwoPopUp_ = makePopUp("signalTwoPopUp", inputs);
-    signalTwoSignPopUp_ = makePopUp("signalTwoSignPopUp", inputs);
+    signalTwoPopUp_ = makeFixedWidthPopUp("signalTwoPopUp", inputs);
+    signalTwoSignPopUp_ = makeFixedWidthPopUp("signalTwoSignPopUp", inputs);
     signalTwoSignPopUp_->setMinimumContentsLength(3);
     auto signalRow = [inputs](QComboBox* name, QComboBox* sign) {
         auto* row = new QWidget(inputs);
@@ -251,7 +251,7 @@ QWidget* GVRWinProject::buildForm()
     systemGrid->addRow(filterChoiceLabel_, autoFilterRow_);
 
     filterLabel_ = new QLabel(tr("H[n]"), system);
-    filterPopUp_ = makePopUp("filterPopUp", system);
+    filterPopUp_ = makeFixedWidthPopUp("filterPopUp", system);
     systemGrid->addRow(filterLabel_, filterPopUp_);
     column->addWidget(system);
 
@@ -263,18 +263,14 @@ QWidget* GVRWinProject::buildForm()
     // Display: which record the charts show and the time chart's zoom.
     auto* display = new QGroupBox(tr("Display"), form);
     auto* displayGrid = new QFormLayout(display);
-    graphPopUp_ = makePopUp("graphPopUp", display);
+    graphPopUp_ = makeFixedWidthPopUp("graphPopUp", display);
     zoomStepper_ = makeStepper(new ZoomSpinBox(display), kZoomMin, kZoomMax, kZoomStart, "zoomStepper");
     displayGrid->addRow(tr("Graph"), graphPopUp_);
     displayGrid->addRow(tr("Zoom"), zoomStepper_);
     column->addWidget(display);
 
     column->addStretch(1);
-    noteField_ = new QLineEdit(form);
-    noteField_->setObjectName(QStringLiteral("noteField"));
-    noteField_->setReadOnly(true);
-    noteField_->setFocusPolicy(Qt::ClickFocus);
-    noteField_->setPlaceholderText(tr("Notes appear here"));
+    noteField_ = makeNoteLine(form);
     column->addWidget(noteField_);
     form->setMinimumWidth(300);
 
@@ -420,8 +416,7 @@ void GVRWinProject::pressDesignBut()
 
 void GVRWinProject::displayNoteField(const QString& text, double value, bool withValue)
 {
-    noteField_->setText(formatNote(text, value, withValue));
-    noteField_->setCursorPosition(0);
+    showNote(*noteField_, text, value, withValue);
 }
 
 void GVRWinProject::plotTimeWithArray(const std::vector<double>& timeArray)

@@ -24,7 +24,7 @@
 #include "filter/design_file_kind.h"
 #include "filter/number_field.h"
 #include "shell/design_library.h"
-#include "shell/note_format.h"
+#include "shell/window_parts.h"
 #include "signal/signal_keys.h"
 
 namespace {
@@ -174,14 +174,6 @@ protected:
         return QValidator::Invalid;
     }
 };
-
-QComboBox* makePopUp(const char* name, QWidget* parent)
-{
-    auto* popUp = new QComboBox(parent);
-    popUp->setObjectName(QLatin1String(name));
-    popUp->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    return popUp;
-}
 
 QSpinBox* makeStepper(QSpinBox* box, int maximum, const char* name)
 {
@@ -399,11 +391,7 @@ QWidget* GVRWinSignalDesign::buildForm()
     column->addWidget(display);
 
     column->addStretch(1);
-    noteField_ = new QLineEdit(form);
-    noteField_->setObjectName(QStringLiteral("noteField"));
-    noteField_->setReadOnly(true);
-    noteField_->setFocusPolicy(Qt::ClickFocus);
-    noteField_->setPlaceholderText(tr("Notes appear here"));
+    noteField_ = makeNoteLine(form);
     column->addWidget(noteField_);
     form->setMinimumWidth(300);
     return form;
@@ -447,16 +435,8 @@ void GVRWinSignalDesign::createFileActions()
         {"signalSaveAsAction", tr("Save As…"), QKeySequence::SaveAs, &GVRWinSignalDesign::saveAsMenuItem},
     };
     for (const Command& command : commands) {
-        auto* action = new QAction(command.text, this);
-        action->setObjectName(QLatin1String(command.name));
-        // Some desktops bind no Save As key; Ctrl+Shift+S is the usual one.
-        QList<QKeySequence> keys = QKeySequence::keyBindings(command.key);
-        if (keys.isEmpty() && command.key == QKeySequence::SaveAs)
-            keys.append(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-        action->setShortcuts(keys);
-        action->setShortcutContext(Qt::WindowShortcut);
+        QAction* action = addFileAction(*this, command.name, command.text, command.key);
         connect(action, &QAction::triggered, this, command.slot);
-        addAction(action);
         fileActions_.append(action);
     }
 }
@@ -637,8 +617,7 @@ void GVRWinSignalDesign::pressDesignSignalBut()
 
 void GVRWinSignalDesign::displayNoteField(const QString& text, double value, bool withValue)
 {
-    noteField_->setText(formatNote(text, value, withValue));
-    noteField_->setCursorPosition(0);
+    showNote(*noteField_, text, value, withValue);
 }
 
 void GVRWinSignalDesign::plotTimeWithArray(const std::vector<double>& timeArray)
