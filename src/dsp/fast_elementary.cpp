@@ -7,6 +7,7 @@
 #include "dsp/fast_elementary.h"
 
 #include <algorithm>
+#include <complex>
 #include <cfloat>
 #include <cmath>
 #include <cstdint>
@@ -167,4 +168,62 @@ void arctangentOfRatio(std::span<const double> im, std::span<const double> re, s
         store(y, arctangent(load(y), load(x)));
         out[i] = y[0];
     }
+}
+
+ORVANA_VECTOR_CLONES
+bool splitBins(std::span<const std::complex<double>> X, std::span<double> re, std::span<double> im,
+               std::span<double> power, double tiny)
+{
+    const std::size_t n = std::min({X.size(), re.size(), im.size(), power.size()});
+    const double* x = reinterpret_cast<const double*>(X.data());
+    const VI signMask = (VI)splat(-0.0);
+    VI near = {0, 0, 0, 0};
+    std::size_t i = 0;
+    for (; i + kLanes <= n; i += kLanes) {
+        const V a = load(x + 2 * i);
+        const V b = load(x + 2 * i + kLanes);
+        const V r = __builtin_shuffle(a, b, VI{0, 2, 4, 6});
+        const V m = __builtin_shuffle(a, b, VI{1, 3, 5, 7});
+        store(re.data() + i, r);
+        store(im.data() + i, m);
+        store(power.data() + i, r * r + m * m);
+        near |= ((V)((VI)r & ~signMask) <= tiny) & ((V)((VI)m & ~signMask) <= tiny);
+    }
+    bool any = (near[0] | near[1] | near[2] | near[3]) != 0;
+    for (; i < n; ++i) {
+        const double r = x[2 * i];
+        const double m = x[2 * i + 1];
+        re[i] = r;
+        im[i] = m;
+        power[i] = r * r + m * m;
+        any = any || (std::fabs(r) <= tiny && std::fabs(m) <= tiny);
+    }
+    return any;
+}
+
+ORVANA_VECTOR_CLONES
+void rangeOf(std::span<const double> v, double& largest, double& smallest)
+{
+    const std::size_t n = v.size();
+    if (n == 0)
+        return;
+    V hi = splat(v[0]);
+    V lo = hi;
+    std::size_t i = 0;
+    for (; i + kLanes <= n; i += kLanes) {
+        const V u = load(v.data() + i);
+        hi = select(u > hi, u, hi);
+        lo = select(u < lo, u, lo);
+    }
+    double big = v[0], small = v[0];
+    for (std::size_t l = 0; l < kLanes; ++l) {
+        big = hi[l] > big ? hi[l] : big;
+        small = lo[l] < small ? lo[l] : small;
+    }
+    for (; i < n; ++i) {
+        big = v[i] > big ? v[i] : big;
+        small = v[i] < small ? v[i] : small;
+    }
+    largest = big;
+    smallest = small;
 }

@@ -3,6 +3,7 @@
 // (the response needs thousands of them per design).
 #pragma once
 
+#include <complex>
 #include <span>
 
 // dB[i] = 10·log10(power[i]) for squared magnitudes; dB.size() = power.size().
@@ -10,3 +11,11 @@ void decibelsOfPower(std::span<const double> power, std::span<double> dB);
 
 // out[i] = atan(im[i] / re[i]), the one-argument arctangent (−π/2..π/2); all three spans of one size.
 void arctangentOfRatio(std::span<const double> im, std::span<const double> re, std::span<double> out);
+
+// Splits complex bins into re, im and power = re² + im² (all of X.size()); true when some bin has
+// |re| ≤ tiny and |im| ≤ tiny.
+bool splitBins(std::span<const std::complex<double>> X, std::span<double> re, std::span<double> im,
+               std::span<double> power, double tiny);
+
+// Largest and smallest of v (NaN passed over unless v[0] is NaN); both left alone when v is empty.
+void rangeOf(std::span<const double> v, double& largest, double& smallest);

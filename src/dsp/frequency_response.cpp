@@ -1,5 +1,5 @@
 // Frequency response on a real FFT. Only bins 0..2048 are converted to dB and
-// phase; the upper half is their conjugate mirror and is copied.
+// phase; the upper half, when wanted, is their conjugate mirror and is copied.
 #include "dsp/frequency_response.h"
 
 #include "dsp/fast_elementary.h"
@@ -23,12 +23,13 @@ bool nearZero(std::complex<double> z)
 
 } // namespace
 
-void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double> phase)
+void fftFilterHalf(std::span<const double> c, std::span<double> dB, std::span<double> phase)
 {
     constexpr std::size_t n = kResponsePoints;
     constexpr std::size_t half = n / 2;
+    const std::size_t m = dB.size();
     const bool wantPhase = !phase.empty();
-    if (c.empty() || c.size() > n || dB.size() != n || (wantPhase && phase.size() != n))
+    if (c.empty() || c.size() > n || m == 0 || m > half + 1 || (wantPhase && phase.size() != m))
         return;
 
     RealFft& fft = RealFft::ofSize(n);
@@ -38,30 +39,36 @@ void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double
     fft.execute();
     const auto X = fft.output();
 
+    // One branch-free pass splits the bins and notes whether any is near zero.
     std::array<double, half + 1> re, im, power;
-    for (std::size_t k = 0; k <= half; ++k) {
-        re[k] = X[k].real();
-        im[k] = X[k].imag();
-    }
+    const bool anyZero =
+        splitBins(X.first(m), std::span(re).first(m), std::span(im).first(m), std::span(power).first(m), kNearZero);
     // A bin at (numerically) zero has no usable dB or phase: it borrows its left
-    // neighbour's value, bin 0 its right one, scanning upward over all 4096 bins.
-    // Such bins are few (a zero of the response landing on the grid), so they are listed.
-    std::array<std::uint16_t, half + 1> zeros;
-    std::size_t zeroCount = 0;
-    for (std::size_t k = 0; k <= half; ++k)
-        if (nearZero(X[k]))
-            zeros[zeroCount++] = static_cast<std::uint16_t>(k);
-    for (std::size_t z = 0; z < zeroCount; ++z) {
-        const std::size_t k = zeros[z];
-        re[k] = k == 0 ? X[1].real() : re[k - 1];
-        im[k] = k == 0 ? X[1].imag() : im[k - 1];
+    // neighbour's value, bin 0 its right one, scanning upward. Rare, so done apart.
+    if (anyZero) {
+        // Only a bin of tiny power can be near zero, and that test is cheap.
+        for (std::size_t k = 0; k < m; ++k) {
+            if (power[k] > 4.0 * kNearZero * kNearZero || !nearZero(X[k]))
+                continue;
+            re[k] = k == 0 ? X[1].real() : re[k - 1];
+            im[k] = k == 0 ? X[1].imag() : im[k - 1];
+            // 20·log10|X| from the squared magnitude spares a square root.
+            power[k] = re[k] * re[k] + im[k] * im[k];
+        }
     }
-    // 20·log10|X| from the squared magnitude spares a square root.
-    for (std::size_t k = 0; k <= half; ++k)
-        power[k] = re[k] * re[k] + im[k] * im[k];
-    decibelsOfPower(power, dB.first(half + 1));
+    decibelsOfPower(std::span<const double>(power.data(), m), dB);
     if (wantPhase)
-        arctangentOfRatio(im, re, phase.first(half + 1));
+        arctangentOfRatio(std::span<const double>(im.data(), m), std::span<const double>(re.data(), m), phase);
+}
+
+void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double> phase)
+{
+    constexpr std::size_t n = kResponsePoints;
+    constexpr std::size_t half = n / 2;
+    const bool wantPhase = !phase.empty();
+    if (c.empty() || c.size() > n || dB.size() != n || (wantPhase && phase.size() != n))
+        return;
+    fftFilterHalf(c, dB.first(half + 1), wantPhase ? phase.first(half + 1) : std::span<double>{});
 
     // Bins above fs/2 are the conjugates of those below: same dB, opposite phase;
     // a near-zero one takes its (already final) left neighbour instead.
@@ -70,9 +77,9 @@ void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double
     if (wantPhase)
         for (std::size_t k = half + 1; k < n; ++k)
             phase[k] = -phase[n - k];
-    for (std::size_t z = zeroCount; z-- > 0;) {
-        const std::size_t k = n - zeros[z];
-        if (k <= half || k >= n)
+    const auto X = RealFft::ofSize(n).output();
+    for (std::size_t k = half + 1; k < n; ++k) {
+        if (!nearZero(X[n - k]))
             continue;
         dB[k] = dB[k - 1];
         if (wantPhase)
@@ -80,6 +87,10 @@ void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double
     }
 }
 
+// Built for AVX2 as well as plain x86-64, the loader picking one: the loops above vectorise.
+#if defined(__x86_64__) && defined(__GNUC__) && defined(__ELF__)
+__attribute__((target_clones("arch=x86-64-v3", "default")))
+#endif
 PhaseRange unwrapPhase(std::span<const double> P, std::span<const double> D, std::span<double> U)
 {
     const std::size_t n = U.size();
@@ -88,34 +99,36 @@ PhaseRange unwrapPhase(std::span<const double> P, std::span<const double> D, std
         return range;
 
     // Rises of the magnitude between neighbouring points; falls and NaN count as 0.
-    std::array<double, kResponsePoints> R;
+    std::array<double, kResponsePoints + 4> R;
     R[0] = 0.0;
     for (std::size_t j = 0; j + 1 < n; ++j) {
         const double rise = D[j + 1] - D[j];
         R[j + 1] = rise >= 0.0 ? rise : 0.0;
     }
+    R[n] = R[n + 1] = R[n + 2] = 0.0;
     // A notch at i (2 ≤ i < n − 3): the magnitude stops falling, then climbs by at
-    // least 0.5 dB a point, slowing down.
-    std::array<unsigned char, kResponsePoints> notch;
-    std::fill(notch.begin(), notch.begin() + static_cast<std::ptrdiff_t>(n), 0);
-    for (std::size_t i = 2; i + 3 < n; ++i)
-        notch[i] = R[i] == 0.0 && R[i + 1] > 0.0 && R[i + 2] >= 0.5 && R[i + 2] > R[i + 3];
-
-    // Away from a notch every upward step of the wrapped phase is a wrap by π;
-    // across a notch a downward step is the linear-phase jump of π.
-    constexpr double pi = std::numbers::pi;
-    double offset = 0.0;
-    U[0] = P[0];
-    double largest = U[0], smallest = U[0];
+    // least 0.5 dB a point, slowing down. Away from a notch every upward step of
+    // the wrapped phase is a wrap by π; across a notch a downward step is the
+    // linear-phase jump of π. Steps are counted in whole turns of π so the running
+    // sum carries no rounding.
+    std::array<int, kResponsePoints> step;
     for (std::size_t j = 0; j + 1 < n; ++j) {
-        const bool up = P[j + 1] > P[j];
-        const bool down = P[j + 1] <= P[j];
-        offset += (up && !notch[j]) ? -pi : ((down && notch[j]) ? pi : 0.0);
-        const double u = P[j + 1] + offset;
-        U[j + 1] = u;
-        largest = u > largest ? u : largest;
-        smallest = u < smallest ? u : smallest;
+        const double up = P[j + 1] > P[j] ? 1.0 : 0.0;
+        const double down = P[j + 1] <= P[j] ? 1.0 : 0.0;
+        const bool notch = (R[j] == 0.0) & (R[j + 1] > 0.0) & (R[j + 2] >= 0.5) & (R[j + 2] > R[j + 3]);
+        step[j] = static_cast<int>(notch ? down : -up);
     }
+    for (std::size_t j : {std::size_t{0}, std::size_t{1}, n - 3, n - 2})
+        step[j] = P[j + 1] > P[j] ? -1 : 0; // no notch at the ends
+    constexpr double pi = std::numbers::pi;
+    U[0] = P[0];
+    int turns = 0;
+    for (std::size_t j = 0; j + 1 < n; ++j) {
+        turns += step[j];
+        U[j + 1] = P[j + 1] + static_cast<double>(turns) * pi;
+    }
+    double largest = U[0], smallest = U[0];
+    rangeOf(U.first(n), largest, smallest);
     range.largest = largest;
     range.smallest = smallest;
     return range;

@@ -13,6 +13,10 @@ inline constexpr std::size_t kResponseHalf = 2048;
 // phase = atan(Im/Re) in radians (−π/2..π/2). dB.size() = 4096; phase.size() = 4096, or 0 to skip it.
 void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double> phase);
 
+// The lower half of the same response: bins 0..m−1 of dB and phase, m = dB.size() ≤ 2049;
+// phase.size() = m, or 0 to skip it. Values equal those fftFilter gives for these bins.
+void fftFilterHalf(std::span<const double> c, std::span<double> dB, std::span<double> phase);
+
 struct PhaseRange {
     double largest = 0.0;
     double smallest = 0.0;

@@ -227,11 +227,13 @@ void GVRFilterDesignerModel::firFilter()
 
     // Magnitude of the quantised coefficients; magnitude and phase of the double ones.
     // Without quantisation both are the same coefficients and one transform serves.
-    // Every response point is written, so the buffers need no clearing.
-    fftFilter(c, dBdouble, phase);
+    // Every point read below is written, so the buffers need no clearing.
+    // Only the lower half is measured and drawn, so the mirror above fs/2 is skipped.
+    const auto lower = [](std::vector<double>& v) { return std::span<double>(v.data(), kResponseHalf); };
+    fftFilterHalf(c, lower(dBdouble), lower(phase));
     const std::vector<double>& dBmagnitude = d_.filterWidth == kWidthDouble ? dBdouble : dBquantised;
     if (d_.filterWidth != kWidthDouble)
-        fftFilter(cp, dBquantised, {});
+        fftFilterHalf(cp, lower(dBquantised), {});
     const PhaseRange phaseRange = unwrapPhase(phase, dBdouble, unwrapped);
 
     const Filt3dBResult m =
