@@ -5,11 +5,9 @@
 #include <cmath>
 #include <tuple>
 
-#include <QAction>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -340,23 +338,7 @@ void GVRWinFilterDesign::connectControls()
 
 void GVRWinFilterDesign::createFileActions()
 {
-    struct Command {
-        const char* name;
-        QString text;
-        QKeySequence::StandardKey key;
-        void (GVRWinFilterDesign::*slot)();
-    };
-    const Command commands[] = {
-        {"filterNewAction", tr("New"), QKeySequence::New, &GVRWinFilterDesign::newMenuItem},
-        {"filterOpenAction", tr("Open…"), QKeySequence::Open, &GVRWinFilterDesign::openMenuItem},
-        {"filterSaveAction", tr("Save"), QKeySequence::Save, &GVRWinFilterDesign::saveMenuItem},
-        {"filterSaveAsAction", tr("Save As…"), QKeySequence::SaveAs, &GVRWinFilterDesign::saveAsMenuItem},
-    };
-    for (const Command& command : commands) {
-        QAction* action = addFileAction(*this, command.name, command.text, command.key);
-        connect(action, &QAction::triggered, this, command.slot);
-        fileActions_.append(action);
-    }
+    fileActions_ = addFileActions(*this, "filter", *fileCommands_);
 }
 
 bool GVRWinFilterDesign::windowIsKeyWindow() const

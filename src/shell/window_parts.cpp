@@ -4,8 +4,10 @@
 #include <QAction>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QKeySequence>
 #include <QLineEdit>
 
+#include "filter/design_file_commands.h"
 #include "shell/note_format.h"
 
 QLineEdit* makeNoteLine(QWidget* parent)
@@ -32,15 +34,36 @@ QComboBox* makePopUp(const char* name, QWidget* parent)
     return popUp;
 }
 
-QAction* addFileAction(QWidget& window, const char* name, const QString& text, QKeySequence::StandardKey key)
+QList<QAction*> addFileActions(QWidget& window, const char* prefix, DesignFileCommands& commands)
 {
-    auto* action = new QAction(text, &window);
-    action->setObjectName(QLatin1String(name));
-    QList<QKeySequence> keys = QKeySequence::keyBindings(key);
-    if (keys.isEmpty() && key == QKeySequence::SaveAs)
-        keys.append(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    action->setShortcuts(keys);
-    action->setShortcutContext(Qt::WindowShortcut);
-    window.addAction(action);
-    return action;
+    struct Command {
+        const char* name;
+        QString text;
+        QKeySequence::StandardKey key;
+        void (DesignFileCommands::*slot)();
+    };
+    const Command list[] = {
+        {"NewAction", QCoreApplication::translate("FileActions", "New"), QKeySequence::New,
+         &DesignFileCommands::newMenuItem},
+        {"OpenAction", QCoreApplication::translate("FileActions", "Open…"), QKeySequence::Open,
+         &DesignFileCommands::openMenuItem},
+        {"SaveAction", QCoreApplication::translate("FileActions", "Save"), QKeySequence::Save,
+         &DesignFileCommands::saveMenuItem},
+        {"SaveAsAction", QCoreApplication::translate("FileActions", "Save As…"), QKeySequence::SaveAs,
+         &DesignFileCommands::saveAsMenuItem},
+    };
+    QList<QAction*> actions;
+    for (const Command& command : list) {
+        auto* action = new QAction(command.text, &window);
+        action->setObjectName(QLatin1String(prefix) + QLatin1String(command.name));
+        QList<QKeySequence> keys = QKeySequence::keyBindings(command.key);
+        if (keys.isEmpty() && command.key == QKeySequence::SaveAs)
+            keys.append(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+        action->setShortcuts(keys);
+        action->setShortcutContext(Qt::WindowShortcut);
+        QObject::connect(action, &QAction::triggered, &commands, command.slot);
+        window.addAction(action);
+        actions.append(action);
+    }
+    return actions;
 }

@@ -2,9 +2,10 @@
 // the form, list pop-ups and the File menu's window-wide actions.
 #pragma once
 
-#include <QKeySequence>
+#include <QList>
 #include <QString>
 
+class DesignFileCommands;
 class QAction;
 class QComboBox;
 class QLineEdit;
@@ -19,7 +20,8 @@ void showNote(QLineEdit& noteLine, const QString& text, double value, bool withV
 // A pop-up named `name` as wide as its longest title.
 QComboBox* makePopUp(const char* name, QWidget* parent);
 
-// An action named `name` on `window` with the desktop's keys for `key`,
-// live while the window is active. Ctrl+Shift+S stands in for Save As where
-// the desktop binds none.
-QAction* addFileAction(QWidget& window, const char* name, const QString& text, QKeySequence::StandardKey key);
+// The New, Open…, Save and Save As… actions of a designer window, named
+// `<prefix>NewAction` etc., added to `window` and live while it is active,
+// each running the command of the same name. Ctrl+Shift+S stands in for
+// Save As where the desktop binds none.
+QList<QAction*> addFileActions(QWidget& window, const char* prefix, DesignFileCommands& commands);

@@ -3,12 +3,10 @@
 
 #include <cmath>
 
-#include <QAction>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -422,23 +420,7 @@ void GVRWinSignalDesign::connectControls()
 
 void GVRWinSignalDesign::createFileActions()
 {
-    struct Command {
-        const char* name;
-        QString text;
-        QKeySequence::StandardKey key;
-        void (GVRWinSignalDesign::*slot)();
-    };
-    const Command commands[] = {
-        {"signalNewAction", tr("New"), QKeySequence::New, &GVRWinSignalDesign::newMenuItem},
-        {"signalOpenAction", tr("Open…"), QKeySequence::Open, &GVRWinSignalDesign::openMenuItem},
-        {"signalSaveAction", tr("Save"), QKeySequence::Save, &GVRWinSignalDesign::saveMenuItem},
-        {"signalSaveAsAction", tr("Save As…"), QKeySequence::SaveAs, &GVRWinSignalDesign::saveAsMenuItem},
-    };
-    for (const Command& command : commands) {
-        QAction* action = addFileAction(*this, command.name, command.text, command.key);
-        connect(action, &QAction::triggered, this, command.slot);
-        fileActions_.append(action);
-    }
+    fileActions_ = addFileActions(*this, "signal", *fileCommands_);
 }
 
 bool GVRWinSignalDesign::windowIsKeyWindow() const
