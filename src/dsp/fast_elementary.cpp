@@ -171,13 +171,13 @@ void arctangentOfRatio(std::span<const double> im, std::span<const double> re, s
 }
 
 ORVANA_VECTOR_CLONES
-bool splitBins(std::span<const std::complex<double>> X, std::span<double> re, std::span<double> im,
-               std::span<double> power, double tiny)
+std::size_t splitBins(std::span<const std::complex<double>> X, std::span<double> re, std::span<double> im,
+                      std::span<double> power, double tiny, std::span<std::uint16_t> nearZero)
 {
-    const std::size_t n = std::min({X.size(), re.size(), im.size(), power.size()});
+    const std::size_t n = std::min({X.size(), re.size(), im.size(), power.size(), nearZero.size()});
     const double* x = reinterpret_cast<const double*>(X.data());
     const VI signMask = (VI)splat(-0.0);
-    VI near = {0, 0, 0, 0};
+    std::size_t count = 0;
     std::size_t i = 0;
     for (; i + kLanes <= n; i += kLanes) {
         const V a = load(x + 2 * i);
@@ -187,18 +187,23 @@ bool splitBins(std::span<const std::complex<double>> X, std::span<double> re, st
         store(re.data() + i, r);
         store(im.data() + i, m);
         store(power.data() + i, r * r + m * m);
-        near |= ((V)((VI)r & ~signMask) <= tiny) & ((V)((VI)m & ~signMask) <= tiny);
+        const VI near = ((V)((VI)r & ~signMask) <= tiny) & ((V)((VI)m & ~signMask) <= tiny);
+        // Rare, so the branch costs nothing.
+        if ((near[0] | near[1] | near[2] | near[3]) != 0)
+            for (std::size_t l = 0; l < kLanes; ++l)
+                if (near[l])
+                    nearZero[count++] = static_cast<std::uint16_t>(i + l);
     }
-    bool any = (near[0] | near[1] | near[2] | near[3]) != 0;
     for (; i < n; ++i) {
         const double r = x[2 * i];
         const double m = x[2 * i + 1];
         re[i] = r;
         im[i] = m;
         power[i] = r * r + m * m;
-        any = any || (std::fabs(r) <= tiny && std::fabs(m) <= tiny);
+        if (std::fabs(r) <= tiny && std::fabs(m) <= tiny)
+            nearZero[count++] = static_cast<std::uint16_t>(i);
     }
-    return any;
+    return count;
 }
 
 ORVANA_VECTOR_CLONES

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <complex>
+#include <cstddef>
+#include <cstdint>
 #include <span>
 
 // dB[i] = 10·log10(power[i]) for squared magnitudes; dB.size() = power.size().
@@ -12,10 +14,10 @@ void decibelsOfPower(std::span<const double> power, std::span<double> dB);
 // out[i] = atan(im[i] / re[i]), the one-argument arctangent (−π/2..π/2); all three spans of one size.
 void arctangentOfRatio(std::span<const double> im, std::span<const double> re, std::span<double> out);
 
-// Splits complex bins into re, im and power = re² + im² (all of X.size()); true when some bin has
-// |re| ≤ tiny and |im| ≤ tiny.
-bool splitBins(std::span<const std::complex<double>> X, std::span<double> re, std::span<double> im,
-               std::span<double> power, double tiny);
+// Splits complex bins into re, im and power = re² + im² (all of X.size() ≤ 65536); lists in
+// nearZero (room for X.size()) the bins with |re| ≤ tiny and |im| ≤ tiny, ascending, and returns their count.
+std::size_t splitBins(std::span<const std::complex<double>> X, std::span<double> re, std::span<double> im,
+                      std::span<double> power, double tiny, std::span<std::uint16_t> nearZero);
 
 // Largest and smallest of v (NaN passed over unless v[0] is NaN); both left alone when v is empty.
 void rangeOf(std::span<const double> v, double& largest, double& smallest);

@@ -3,6 +3,7 @@
 // as the falling edge of a low pass.
 #include "dsp/filter_measurements.h"
 
+#include "dsp/fast_elementary.h"
 #include "dsp/fir_synthesis.h"
 #include "dsp/frequency_response.h"
 
@@ -25,11 +26,11 @@ Filt3dBResult calcFilt3dB(int type, std::span<const double> m, double theta0)
     // NaN points are passed over: a comparison with NaN is false.
     double largest = -std::numeric_limits<double>::infinity();
     double smallest = std::numeric_limits<double>::infinity();
-    for (std::size_t i = 0; i < n; ++i) {
-        const double v = work[i];
-        largest = v > largest ? v : largest;
-        smallest = v < smallest ? v : smallest;
-    }
+    std::size_t first = 0;
+    while (first < n && std::isnan(work[first]))
+        ++first;
+    if (first < n)
+        rangeOf(std::span<const double>(work.data() + first, n - first), largest, smallest);
     const bool seen = largest >= smallest; // false only when every point is NaN
     if (seen) {
         r.largest = largest;

@@ -39,22 +39,19 @@ void fftFilterHalf(std::span<const double> c, std::span<double> dB, std::span<do
     fft.execute();
     const auto X = fft.output();
 
-    // One branch-free pass splits the bins and notes whether any is near zero.
+    // One pass splits the bins and lists those near zero.
     std::array<double, half + 1> re, im, power;
-    const bool anyZero =
-        splitBins(X.first(m), std::span(re).first(m), std::span(im).first(m), std::span(power).first(m), kNearZero);
+    std::array<std::uint16_t, half + 1> zeros;
+    const std::size_t zeroCount = splitBins(X.first(m), std::span(re).first(m), std::span(im).first(m),
+                                            std::span(power).first(m), kNearZero, zeros);
     // A bin at (numerically) zero has no usable dB or phase: it borrows its left
-    // neighbour's value, bin 0 its right one, scanning upward. Rare, so done apart.
-    if (anyZero) {
-        // Only a bin of tiny power can be near zero, and that test is cheap.
-        for (std::size_t k = 0; k < m; ++k) {
-            if (power[k] > 4.0 * kNearZero * kNearZero || !nearZero(X[k]))
-                continue;
-            re[k] = k == 0 ? X[1].real() : re[k - 1];
-            im[k] = k == 0 ? X[1].imag() : im[k - 1];
-            // 20·log10|X| from the squared magnitude spares a square root.
-            power[k] = re[k] * re[k] + im[k] * im[k];
-        }
+    // neighbour's value, bin 0 its right one, scanning upward.
+    for (std::size_t z = 0; z < zeroCount; ++z) {
+        const std::size_t k = zeros[z];
+        re[k] = k == 0 ? X[1].real() : re[k - 1];
+        im[k] = k == 0 ? X[1].imag() : im[k - 1];
+        // 20·log10|X| from the squared magnitude spares a square root.
+        power[k] = re[k] * re[k] + im[k] * im[k];
     }
     decibelsOfPower(std::span<const double>(power.data(), m), dB);
     if (wantPhase)
