@@ -204,13 +204,8 @@ void GVRWinFilterDesign::buildControls()
     chartColumn->addWidget(viewFiltDesign_, 1);
     chartColumn->addWidget(viewResult_, 0);
 
-    auto* split = new QSplitter(Qt::Horizontal, this);
+    QSplitter* split = makeFormAndCharts(buildForm(), charts, this);
     split->setObjectName(QStringLiteral("filterSplit"));
-    split->addWidget(buildForm());
-    split->addWidget(charts);
-    split->setStretchFactor(0, 0);
-    split->setStretchFactor(1, 1);
-    split->setChildrenCollapsible(false);
     setCentralWidget(split);
     resize(1080, 700);
 }

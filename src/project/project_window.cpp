@@ -185,12 +185,7 @@ void GVRWinProject::buildControls()
     charts->setStretchFactor(2, 3);
     charts->setChildrenCollapsible(false);
 
-    auto* split = new QSplitter(Qt::Horizontal, this);
-    split->addWidget(buildForm());
-    split->addWidget(charts);
-    split->setStretchFactor(0, 0);
-    split->setStretchFactor(1, 1);
-    split->setChildrenCollapsible(false);
+    QSplitter* split = makeFormAndCharts(buildForm(), charts, this);
     setCentralWidget(split);
     resize(1100, 780);
 }

@@ -6,9 +6,21 @@
 #include <QCoreApplication>
 #include <QKeySequence>
 #include <QLineEdit>
+#include <QSplitter>
 
 #include "filter/design_file_commands.h"
 #include "shell/note_format.h"
+
+QSplitter* makeFormAndCharts(QWidget* form, QWidget* charts, QWidget* parent)
+{
+    auto* split = new QSplitter(Qt::Horizontal, parent);
+    split->addWidget(form);
+    split->addWidget(charts);
+    split->setStretchFactor(0, 0);
+    split->setStretchFactor(1, 1);
+    split->setChildrenCollapsible(false);
+    return split;
+}
 
 QLineEdit* makeNoteLine(QWidget* parent)
 {

@@ -9,7 +9,12 @@ class DesignFileCommands;
 class QAction;
 class QComboBox;
 class QLineEdit;
+class QSplitter;
 class QWidget;
+
+// The form beside the charts: the form keeps its width, the charts take
+// what the window gains, and neither can be dragged shut.
+QSplitter* makeFormAndCharts(QWidget* form, QWidget* charts, QWidget* parent);
 
 // The read-only note line ("noteField") that shows the window's messages.
 QLineEdit* makeNoteLine(QWidget* parent);

@@ -304,13 +304,8 @@ void GVRWinSignalDesign::buildControls()
     charts->setStretchFactor(2, 1);
     charts->setChildrenCollapsible(false);
 
-    auto* split = new QSplitter(Qt::Horizontal, this);
+    QSplitter* split = makeFormAndCharts(buildForm(), charts, this);
     split->setObjectName(QStringLiteral("signalSplit"));
-    split->addWidget(buildForm());
-    split->addWidget(charts);
-    split->setStretchFactor(0, 0);
-    split->setStretchFactor(1, 1);
-    split->setChildrenCollapsible(false);
     setCentralWidget(split);
     resize(1080, 760);
 }
