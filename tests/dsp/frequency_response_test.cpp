@@ -128,3 +128,26 @@ TEST(FrequencyResponse, UnwrapFollowsTheNotchRule)
     unwrapPhase(P, D, U);
     EXPECT_DOUBLE_EQ(U[6], 1.0 - kPi);
 }
+
+TEST(FrequencyResponse, LowerHalfEqualsTheFullResponse)
+{
+    // The designer computes only the bins it reads; they must be the full response's, bit for bit,
+    // near-zero bins included (a zero at DC borrows bin 1, a zero at fs/2 borrows bin 2047).
+    const std::vector<std::vector<double>> filters = {
+        design(255, 0.2, kFilterBandPass, 0.5, kWindowKaiser, 5.0),
+        design(51, 0.5, kFilterBandPass, 0.5, kWindowHann),
+        {1.0, 1.0},
+        {1.0, -1.0},
+    };
+    for (const auto& c : filters) {
+        const Response full = respond(c);
+        std::vector<double> dB(2049), phase(2049), dBOnly(2049);
+        fftFilterHalf(c, dB, phase);
+        fftFilterHalf(c, dBOnly, {});
+        for (std::size_t k = 0; k < dB.size(); ++k) {
+            ASSERT_EQ(dB[k], full.dB[k]) << k;
+            ASSERT_EQ(phase[k], full.phase[k]) << k;
+            ASSERT_EQ(dBOnly[k], full.dB[k]) << k;
+        }
+    }
+}
