@@ -1,8 +1,6 @@
 // Signal inspector table model.
 #include "signal/inspector_sig_table_model.h"
 
-#include <algorithm>
-
 namespace {
 
 // Header titles by column identifier.
@@ -26,18 +24,13 @@ QString titleOf(const QString& key)
     return key;
 }
 
-bool isTextColumn(const QString& key)
-{
-    return key == QLatin1String("filename") || key == QLatin1String("function");
-}
-
 bool isNumber(const QVariant& cell)
 {
     return cell.isValid() && cell.typeId() != QMetaType::QString;
 }
 
 // Empty cells before numbers, numbers by value, text after both.
-int compareCells(const QVariant& a, const QVariant& b)
+int compareValues(const QVariant& a, const QVariant& b)
 {
     const int rankA = !a.isValid() ? 0 : isNumber(a) ? 1 : 2;
     const int rankB = !b.isValid() ? 0 : isNumber(b) ? 1 : 2;
@@ -55,19 +48,7 @@ int compareCells(const QVariant& a, const QVariant& b)
 
 } // namespace
 
-GVRInspectorSigTableModel::GVRInspectorSigTableModel(QObject* parent) : QAbstractTableModel(parent) {}
-
-void GVRInspectorSigTableModel::setRows(QList<GVRInspectSig> rows)
-{
-    beginResetModel();
-    rows_ = std::move(rows);
-    endResetModel();
-}
-
-QString GVRInspectorSigTableModel::columnKey(int column)
-{
-    return GVRInspectSig::keys().value(column);
-}
+GVRInspectorSigTableModel::GVRInspectorSigTableModel(QObject* parent) : InspectorTableModel(parent) {}
 
 QString GVRInspectorSigTableModel::columnTitle(int column)
 {
@@ -83,52 +64,18 @@ QString GVRInspectorSigTableModel::cellText(const QVariant& cell)
     return QString::number(cell.toDouble(), 'g', 10);
 }
 
-int GVRInspectorSigTableModel::rowCount(const QModelIndex& parent) const
+QString GVRInspectorSigTableModel::displayText(const GVRInspectSig& row, const QString& key) const
 {
-    return parent.isValid() ? 0 : int(rows_.size());
+    return cellText(row.value(key));
 }
 
-int GVRInspectorSigTableModel::columnCount(const QModelIndex& parent) const
+int GVRInspectorSigTableModel::compareCells(const GVRInspectSig& a, const GVRInspectSig& b,
+                                            const QString& key) const
 {
-    return parent.isValid() ? 0 : int(GVRInspectSig::keys().size());
+    return compareValues(a.value(key), b.value(key));
 }
 
-QVariant GVRInspectorSigTableModel::data(const QModelIndex& index, int role) const
+bool GVRInspectorSigTableModel::isTextColumn(const QString& key) const
 {
-    if (!index.isValid() || index.row() >= rows_.size() || index.column() >= columnCount())
-        return {};
-    const QString key = columnKey(index.column());
-    switch (role) {
-    case Qt::DisplayRole:
-        return cellText(rows_.at(index.row()).value(key));
-    case Qt::TextAlignmentRole:
-        return int((isTextColumn(key) ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
-    default:
-        return {};
-    }
-}
-
-QVariant GVRInspectorSigTableModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal)
-        return {};
-    if (role == Qt::DisplayRole)
-        return columnTitle(section);
-    if (role == Qt::InitialSortOrderRole)
-        return int(Qt::AscendingOrder);
-    return {};
-}
-
-void GVRInspectorSigTableModel::sort(int column, Qt::SortOrder order)
-{
-    if (column < 0 || column >= columnCount())
-        return;
-    const QString key = columnKey(column);
-    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
-    // Stable, so equal cells keep the folder's order.
-    std::stable_sort(rows_.begin(), rows_.end(), [&](const GVRInspectSig& a, const GVRInspectSig& b) {
-        const int c = compareCells(a.value(key), b.value(key));
-        return order == Qt::AscendingOrder ? c < 0 : c > 0;
-    });
-    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+    return key == QLatin1String("filename") || key == QLatin1String("function");
 }

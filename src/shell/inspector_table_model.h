@@ -1,0 +1,83 @@
+// Table model shared by the two inspectors: a list of row records, one column
+// per column identifier of the row type. A subclass says what a cell shows,
+// how two cells compare, its header titles and which columns hold text.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QList>
+#include <QString>
+
+#include <algorithm>
+
+template <class Row>
+class InspectorTableModel : public QAbstractTableModel {
+public:
+    explicit InspectorTableModel(QObject* parent = nullptr) : QAbstractTableModel(parent) {}
+
+    void setRows(QList<Row> rows)
+    {
+        beginResetModel();
+        rows_ = std::move(rows);
+        endResetModel();
+    }
+    const QList<Row>& rows() const { return rows_; }
+    // Column identifier of a column; empty when out of range.
+    static QString columnKey(int column) { return Row::keys().value(column); }
+
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : int(rows_.size()); }
+    int columnCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : int(Row::keys().size());
+    }
+
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override
+    {
+        if (!index.isValid() || index.row() >= rows_.size() || index.column() >= columnCount())
+            return {};
+        const QString key = columnKey(index.column());
+        switch (role) {
+        case Qt::DisplayRole:
+            return displayText(rows_.at(index.row()), key);
+        case Qt::TextAlignmentRole:
+            return int((isTextColumn(key) ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
+        default:
+            return {};
+        }
+    }
+
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override
+    {
+        if (orientation != Qt::Horizontal)
+            return {};
+        if (role == Qt::DisplayRole)
+            return headerTitle(section);
+        if (role == Qt::InitialSortOrderRole)
+            return int(Qt::AscendingOrder);
+        return {};
+    }
+
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override
+    {
+        if (column < 0 || column >= columnCount())
+            return;
+        const QString key = columnKey(column);
+        emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+        // Stable, so equal cells keep the folder's order.
+        std::stable_sort(rows_.begin(), rows_.end(), [&](const Row& a, const Row& b) {
+            const int c = compareCells(a, b, key);
+            return order == Qt::AscendingOrder ? c < 0 : c > 0;
+        });
+        emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+    }
+
+protected:
+    virtual QString displayText(const Row& row, const QString& key) const = 0;
+    // Negative, zero or positive as a's cell sorts before, with or after b's.
+    virtual int compareCells(const Row& a, const Row& b, const QString& key) const = 0;
+    virtual QString headerTitle(int column) const = 0;
+    // Columns of text rather than numbers, aligned to the left.
+    virtual bool isTextColumn(const QString& key) const = 0;
+
+private:
+    QList<Row> rows_;
+};
