@@ -1,7 +1,6 @@
 // Timings of the signal designer and the two project systems, each beside
 // the same job done with numpy/scipy in the same run (bench/signal_jobs.py).
 #include <cstdio>
-#include <map>
 #include <numeric>
 #include <random>
 #include <vector>
@@ -12,7 +11,7 @@
 #include "dsp/signal_generators.h"
 #include "dsp/signal_spectrum.h"
 #include "dsp/sum_and_filter.h"
-#include "project/design_source.h"
+#include "project/memory_design_source.h"
 #include "project/project_model.h"
 #include "signal/signal_designer_model.h"
 
@@ -20,24 +19,6 @@ namespace {
 
 constexpr std::size_t N = 16384;
 
-class MemoryLibrary : public DesignSource {
-public:
-    std::optional<GVRSignal> signalRecord(const QString& name) const override
-    {
-        const auto it = signalRecords.find(name);
-        return it == signalRecords.end() ? std::nullopt : std::optional(it->second);
-    }
-    std::optional<GVRFilter> filterRecord(const QString& name) const override
-    {
-        const auto it = filterRecords.find(name);
-        return it == filterRecords.end() ? std::nullopt : std::optional(it->second);
-    }
-    QStringList signalNames() const override { return {}; }
-    QStringList filterNames() const override { return {}; }
-
-    std::map<QString, GVRSignal> signalRecords;
-    std::map<QString, GVRFilter> filterRecords;
-};
 
 std::vector<double> uniform(std::size_t n, unsigned seed)
 {
@@ -96,7 +77,7 @@ int main()
     bench::report("  magSpectrum alone", bench::medianMicros([&] { magSpectrum(out, mag); }, repeats), {}, "");
 
     // Projects: two signals summed, then the system, spectra and arrays.
-    MemoryLibrary library;
+    MemoryDesignSource library;
     library.signalRecords["a"] = signalRecord(uniform(N, 1));
     library.signalRecords["b"] = signalRecord(uniform(N, 2));
     GVRFilter filter;

@@ -3,12 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <map>
 #include <numbers>
 #include <random>
 
 #include "dsp/multirate.h"
-#include "project/design_source.h"
+#include "project/memory_design_source.h"
 #include "project/project_keys.h"
 #include "project/project_model.h"
 #include "project/project_view.h"
@@ -21,24 +20,6 @@ const QString kSumError = QStringLiteral("ERROR - Both x₁[n] and x₂[n] must 
 const QString kMultirateError =
     QStringLiteral("ERROR - Both x₁[n] and x₂[n] must have same fs; H[m] requires rate of L*fs");
 
-class MemoryLibrary : public DesignSource {
-public:
-    std::optional<GVRSignal> signalRecord(const QString& name) const override
-    {
-        const auto it = signalRecords.find(name);
-        return it == signalRecords.end() ? std::nullopt : std::optional(it->second);
-    }
-    std::optional<GVRFilter> filterRecord(const QString& name) const override
-    {
-        const auto it = filterRecords.find(name);
-        return it == filterRecords.end() ? std::nullopt : std::optional(it->second);
-    }
-    QStringList signalNames() const override { return {}; }
-    QStringList filterNames() const override { return {}; }
-
-    std::map<QString, GVRSignal> signalRecords;
-    std::map<QString, GVRFilter> filterRecords;
-};
 
 class RecordingView : public ProjectView {
 public:
@@ -134,7 +115,7 @@ protected:
     }
     std::vector<double> output() const { return {model.timeDomainArray().begin() + 16400, model.timeDomainArray().end()}; }
 
-    MemoryLibrary library;
+    MemoryDesignSource library;
     RecordingView view;
     GVRProjectModel model;
 };
