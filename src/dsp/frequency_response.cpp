@@ -4,6 +4,7 @@
 
 #include "dsp/fast_elementary.h"
 #include "dsp/real_fft.h"
+#include "dsp/vector_dispatch.h"
 
 #include <algorithm>
 #include <array>
@@ -55,7 +56,8 @@ void fftFilterHalf(std::span<const double> c, std::span<double> dB, std::span<do
     }
     decibelsOfPower(std::span<const double>(power.data(), m), dB);
     if (wantPhase)
-        arctangentOfRatio(std::span<const double>(im.data(), m), std::span<const double>(re.data(), m), phase);
+        arctangentOfRatio(std::span<const double>(im.data(), m), std::span<const double>(re.data(), m),
+                          phase);
 }
 
 void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double> phase)
@@ -84,49 +86,59 @@ void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double
     }
 }
 
-// Built for AVX2 as well as plain x86-64, the loader picking one: the loops above vectorise.
-#if defined(__x86_64__) && defined(__GNUC__) && defined(__ELF__)
-__attribute__((target_clones("arch=x86-64-v3", "default")))
-#endif
+namespace {
+
+// The loops vectorise at whatever width the dispatcher compiles them for.
+struct Unwrap {
+    template <std::size_t Bytes>
+    [[gnu::always_inline]] static PhaseRange run(std::span<const double> P, std::span<const double> D,
+                                                 std::span<double> U)
+    {
+        const std::size_t n = U.size();
+        PhaseRange range;
+        if (n < 5 || n > kResponsePoints || P.size() < n || D.size() < n)
+            return range;
+
+        // Rises of the magnitude between neighbouring points; falls and NaN count as 0.
+        std::array<double, kResponsePoints + 4> R;
+        R[0] = 0.0;
+        for (std::size_t j = 0; j + 1 < n; ++j) {
+            const double rise = D[j + 1] - D[j];
+            R[j + 1] = rise >= 0.0 ? rise : 0.0;
+        }
+        R[n] = R[n + 1] = R[n + 2] = 0.0;
+        // A notch at i (2 ≤ i < n − 3): the magnitude stops falling, then climbs by at
+        // least 0.5 dB a point, slowing down. Away from a notch every upward step of
+        // the wrapped phase is a wrap by π; across a notch a downward step is the
+        // linear-phase jump of π. Steps are counted in whole turns of π so the running
+        // sum carries no rounding.
+        std::array<int, kResponsePoints> step;
+        for (std::size_t j = 0; j + 1 < n; ++j) {
+            const double up = P[j + 1] > P[j] ? 1.0 : 0.0;
+            const double down = P[j + 1] <= P[j] ? 1.0 : 0.0;
+            const bool notch = (R[j] == 0.0) & (R[j + 1] > 0.0) & (R[j + 2] >= 0.5) & (R[j + 2] > R[j + 3]);
+            step[j] = static_cast<int>(notch ? down : -up);
+        }
+        for (std::size_t j : {std::size_t{0}, std::size_t{1}, n - 3, n - 2})
+            step[j] = P[j + 1] > P[j] ? -1 : 0; // no notch at the ends
+        constexpr double pi = std::numbers::pi;
+        U[0] = P[0];
+        int turns = 0;
+        for (std::size_t j = 0; j + 1 < n; ++j) {
+            turns += step[j];
+            U[j + 1] = P[j + 1] + static_cast<double>(turns) * pi;
+        }
+        double largest = U[0], smallest = U[0];
+        rangeOf(U.first(n), largest, smallest);
+        range.largest = largest;
+        range.smallest = smallest;
+        return range;
+    }
+};
+
+} // namespace
+
 PhaseRange unwrapPhase(std::span<const double> P, std::span<const double> D, std::span<double> U)
 {
-    const std::size_t n = U.size();
-    PhaseRange range;
-    if (n < 5 || n > kResponsePoints || P.size() < n || D.size() < n)
-        return range;
-
-    // Rises of the magnitude between neighbouring points; falls and NaN count as 0.
-    std::array<double, kResponsePoints + 4> R;
-    R[0] = 0.0;
-    for (std::size_t j = 0; j + 1 < n; ++j) {
-        const double rise = D[j + 1] - D[j];
-        R[j + 1] = rise >= 0.0 ? rise : 0.0;
-    }
-    R[n] = R[n + 1] = R[n + 2] = 0.0;
-    // A notch at i (2 ≤ i < n − 3): the magnitude stops falling, then climbs by at
-    // least 0.5 dB a point, slowing down. Away from a notch every upward step of
-    // the wrapped phase is a wrap by π; across a notch a downward step is the
-    // linear-phase jump of π. Steps are counted in whole turns of π so the running
-    // sum carries no rounding.
-    std::array<int, kResponsePoints> step;
-    for (std::size_t j = 0; j + 1 < n; ++j) {
-        const double up = P[j + 1] > P[j] ? 1.0 : 0.0;
-        const double down = P[j + 1] <= P[j] ? 1.0 : 0.0;
-        const bool notch = (R[j] == 0.0) & (R[j + 1] > 0.0) & (R[j + 2] >= 0.5) & (R[j + 2] > R[j + 3]);
-        step[j] = static_cast<int>(notch ? down : -up);
-    }
-    for (std::size_t j : {std::size_t{0}, std::size_t{1}, n - 3, n - 2})
-        step[j] = P[j + 1] > P[j] ? -1 : 0; // no notch at the ends
-    constexpr double pi = std::numbers::pi;
-    U[0] = P[0];
-    int turns = 0;
-    for (std::size_t j = 0; j + 1 < n; ++j) {
-        turns += step[j];
-        U[j + 1] = P[j + 1] + static_cast<double>(turns) * pi;
-    }
-    double largest = U[0], smallest = U[0];
-    rangeOf(U.first(n), largest, smallest);
-    range.largest = largest;
-    range.smallest = smallest;
-    return range;
+    return vector_dispatch::run<Unwrap>(P, D, U);
 }

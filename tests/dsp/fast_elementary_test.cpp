@@ -1,16 +1,39 @@
 // The vectorised logarithm and arctangent against the C library over wide
-// ranges, odd lengths (the scalar tail) and special values.
+// ranges, odd lengths (the scalar tail) and special values, at every vector
+// width the machine runs (each width is separately compiled code).
 #include "dsp/fast_elementary.h"
+
+#include "dsp/vector_dispatch.h"
 
 #include <gtest/gtest.h>
 
 #include <cfloat>
 #include <cmath>
+#include <complex>
+#include <cstdint>
 #include <limits>
 #include <random>
+#include <string>
 #include <vector>
 
-TEST(FastElementary, DecibelsMatchLog10)
+using vector_dispatch::Width;
+
+class FastElementary : public ::testing::TestWithParam<Width> {
+protected:
+    void SetUp() override
+    {
+        if (vector_dispatch::widest() < GetParam())
+            GTEST_SKIP() << "this processor lacks the registers";
+        vector_dispatch::capWidth(GetParam());
+    }
+    void TearDown() override { vector_dispatch::capWidth(Width::Bytes64); }
+};
+
+INSTANTIATE_TEST_SUITE_P(Widths, FastElementary,
+                         ::testing::Values(Width::Bytes16, Width::Bytes32, Width::Bytes64),
+                         [](const auto& info) { return "Bytes" + std::to_string(16 << static_cast<int>(info.param)); });
+
+TEST_P(FastElementary, DecibelsMatchLog10)
 {
     std::mt19937_64 gen(5);
     std::uniform_real_distribution<double> exponent(-300.0, 300.0);
@@ -43,7 +66,7 @@ TEST(FastElementary, DecibelsMatchLog10)
     }
 }
 
-TEST(FastElementary, ArctangentMatchesAtanOfTheRatio)
+TEST_P(FastElementary, ArctangentMatchesAtanOfTheRatio)
 {
     std::mt19937_64 gen(9);
     std::uniform_real_distribution<double> u(-1.0, 1.0);
@@ -80,4 +103,53 @@ TEST(FastElementary, ArctangentMatchesAtanOfTheRatio)
             ASSERT_EQ(outNeg[i], -out[i]);
         }
     }
+}
+
+TEST_P(FastElementary, SplitBinsListsExactlyTheBinsNearZero)
+{
+    const double tiny = 1e-10;
+    std::vector<std::complex<double>> X(2051);
+    for (std::size_t k = 0; k < X.size(); ++k)
+        X[k] = {std::cos(0.01 * k) + 2.0, std::sin(0.02 * k)};
+    // On the edge, just past it in either part, negative, NaN, and one at the very end (the tail).
+    const std::size_t nearAt[] = {0, 9, 17, 1024, 2050};
+    X[0] = {0.0, 0.0};
+    X[9] = {tiny, -tiny};
+    X[17] = {-1e-300, 0.0};
+    X[1024] = {-tiny, tiny};
+    X[2050] = {1e-11, 0.0};
+    X[10] = {std::nextafter(tiny, 1.0), 0.0};
+    X[11] = {0.0, -std::nextafter(tiny, 1.0)};
+    X[12] = {std::numeric_limits<double>::quiet_NaN(), 0.0};
+    std::vector<double> re(X.size()), im(X.size()), power(X.size());
+    std::vector<std::uint16_t> list(X.size());
+    const std::size_t count = splitBins(X, re, im, power, tiny, list);
+    ASSERT_EQ(count, std::size(nearAt));
+    for (std::size_t i = 0; i < count; ++i)
+        EXPECT_EQ(list[i], nearAt[i]);
+    for (std::size_t k = 0; k < X.size(); ++k) {
+        if (k == 12)
+            continue;
+        ASSERT_EQ(re[k], X[k].real());
+        ASSERT_EQ(im[k], X[k].imag());
+        ASSERT_DOUBLE_EQ(power[k], std::norm(X[k]));
+    }
+}
+
+TEST_P(FastElementary, RangeOfPassesOverNaN)
+{
+    std::vector<double> v(1001);
+    for (std::size_t i = 0; i < v.size(); ++i)
+        v[i] = std::sin(0.37 * i) * 10.0;
+    v[500] = 42.0;
+    v[999] = -42.0;
+    v[3] = std::numeric_limits<double>::quiet_NaN();
+    double largest = 0.0, smallest = 0.0;
+    rangeOf(v, largest, smallest);
+    EXPECT_EQ(largest, 42.0);
+    EXPECT_EQ(smallest, -42.0);
+    v[0] = std::numeric_limits<double>::quiet_NaN();
+    rangeOf(v, largest, smallest);
+    EXPECT_TRUE(std::isnan(largest));
+    EXPECT_TRUE(std::isnan(smallest));
 }
