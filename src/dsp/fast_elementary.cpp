@@ -8,6 +8,7 @@
 #include "dsp/fast_elementary.h"
 
 #include "dsp/vector_dispatch.h"
+#include "dsp/vector_lanes.h"
 
 #include <algorithm>
 #include <cfloat>
@@ -15,9 +16,6 @@
 #include <complex>
 #include <cstdint>
 #include <cstring>
-
-// The helpers pass vectors between always-inlined functions only.
-#pragma GCC diagnostic ignored "-Wpsabi"
 
 namespace {
 
@@ -30,66 +28,14 @@ constexpr double kPiOver2 = 1.57079632679489661923;
 constexpr double kPiOver4 = 0.78539816339744830962;
 constexpr double kMoreBits = 6.123233995736765886130e-17; // π/2 − kPiOver2
 
-// Vectors of Bytes / 8 doubles, and the same lanes as signed and unsigned integers
-// (spelled out per width: GCC drops a vector_size that depends on a template).
-template <std::size_t Bytes> struct VectorTypes;
-
-template <> struct VectorTypes<16> {
-    typedef double V __attribute__((vector_size(16)));
-    typedef std::int64_t VI __attribute__((vector_size(16)));
-    typedef std::uint64_t VU __attribute__((vector_size(16)));
-};
-
-template <> struct VectorTypes<32> {
-    typedef double V __attribute__((vector_size(32)));
-    typedef std::int64_t VI __attribute__((vector_size(32)));
-    typedef std::uint64_t VU __attribute__((vector_size(32)));
-};
-
-template <> struct VectorTypes<64> {
-    typedef double V __attribute__((vector_size(64)));
-    typedef std::int64_t VI __attribute__((vector_size(64)));
-    typedef std::uint64_t VU __attribute__((vector_size(64)));
-};
-
-template <std::size_t Bytes> struct Lanes {
-    using V = typename VectorTypes<Bytes>::V;
-    using VI = typename VectorTypes<Bytes>::VI;
-    using VU = typename VectorTypes<Bytes>::VU;
-    static constexpr std::size_t count = Bytes / sizeof(double);
-
-    // (Not V{} + v: that turns −0.0 into +0.0.)
-    [[gnu::always_inline]] static V splat(double v)
-    {
-        V r;
-        for (std::size_t l = 0; l < count; ++l)
-            r[l] = v;
-        return r;
-    }
-
-    [[gnu::always_inline]] static V load(const double* p)
-    {
-        V v;
-        std::memcpy(&v, p, sizeof v);
-        return v;
-    }
-
-    [[gnu::always_inline]] static void store(double* p, const V& v) { std::memcpy(p, &v, sizeof v); }
-
-    // mask ? a : b, with mask lanes all ones or all zeros.
-    [[gnu::always_inline]] static V select(const VI& mask, const V& a, const V& b)
-    {
-        return (V)(((VI)a & mask) | ((VI)b & ~mask));
-    }
-
-    // Whether any lane has its sign bit set.
-    [[gnu::always_inline]] static bool anySign(const VU& v)
-    {
-        std::uint64_t any = 0;
-        for (std::size_t l = 0; l < count; ++l)
-            any |= v[l];
-        return (any >> 63) != 0;
-    }
+// The two functions, on vectors of Bytes.
+template <std::size_t Bytes> struct Elementary : vector_dispatch::Lanes<Bytes> {
+    using Base = vector_dispatch::Lanes<Bytes>;
+    using Base::select;
+    using Base::splat;
+    using typename Base::V;
+    using typename Base::VI;
+    using typename Base::VU;
 
     // 10·log10 of positive normal doubles.
     [[gnu::always_inline]] static V decibels(const V& p)
@@ -159,7 +105,7 @@ struct Decibels {
     template <std::size_t Bytes>
     [[gnu::always_inline]] static void run(std::span<const double> power, std::span<double> dB)
     {
-        using L = Lanes<Bytes>;
+        using L = Elementary<Bytes>;
         const std::size_t n = std::min(power.size(), dB.size());
         const double* p = power.data();
         double* out = dB.data();
@@ -197,7 +143,7 @@ struct Arctangents {
     [[gnu::always_inline]] static void run(std::span<const double> im, std::span<const double> re,
                                            std::span<double> out)
     {
-        using L = Lanes<Bytes>;
+        using L = Elementary<Bytes>;
         const std::size_t n = std::min({im.size(), re.size(), out.size()});
         std::size_t i = 0;
         for (; i + L::count <= n; i += L::count)
@@ -213,15 +159,17 @@ struct Arctangents {
     }
 };
 
-struct SplitBins {
-    template <std::size_t Bytes>
-    [[gnu::always_inline]] static std::size_t
-    run(std::span<const std::complex<double>> X, std::span<double> re, std::span<double> im,
-        std::span<double> power, double tiny, std::span<std::uint16_t> nearZero)
+// One pass from the complex bins to dB and phase, nothing stored in between.
+struct Bins {
+    template <std::size_t Bytes, bool WithPhase>
+    [[gnu::always_inline]] static std::size_t pass(std::span<const std::complex<double>> X, std::span<double> dB,
+                                                   std::span<double> phase, double tiny,
+                                                   std::span<std::uint16_t> nearZero)
     {
-        using L = Lanes<Bytes>;
+        using L = Elementary<Bytes>;
+        using V = typename L::V;
         using VU = typename L::VU;
-        const std::size_t n = std::min({X.size(), re.size(), im.size(), power.size(), nearZero.size()});
+        const std::size_t n = X.size();
         const double* x = reinterpret_cast<const double*>(X.data());
         // |v| ≤ tiny, for tiny ≥ 0, is bits(|v|) ≤ bits(tiny): the difference keeps its sign bit clear.
         std::uint64_t tinyBits;
@@ -230,36 +178,64 @@ struct SplitBins {
         typename L::VI evens;
         for (std::size_t l = 0; l < L::count; ++l)
             evens[l] = static_cast<std::int64_t>(2 * l);
-        // Lanes near zero are rare: the vector pass only notes whether there are any
-        // (a lane near zero clears its sign bit in `far`), and a scalar pass lists them.
-        VU near = {};
-        std::size_t i = 0;
-        for (; i + L::count <= n; i += L::count) {
-            const typename L::V a = L::load(x + 2 * i);
-            const typename L::V b = L::load(x + 2 * i + L::count);
-            const typename L::V r = __builtin_shuffle(a, b, evens);
-            const typename L::V m = __builtin_shuffle(a, b, evens + 1);
-            L::store(re.data() + i, r);
-            L::store(im.data() + i, m);
-            L::store(power.data() + i, r * r + m * m);
-            near |= ~((tinyBits - ((VU)r & magnitude)) | (tinyBits - ((VU)m & magnitude)));
-        }
-        for (; i < n; ++i) {
-            re[i] = x[2 * i];
-            im[i] = x[2 * i + 1];
-            power[i] = re[i] * re[i] + im[i] * im[i];
-        }
+        // Rare lanes (power outside the normal range, as in Decibels; a bin near zero,
+        // which clears its sign bit in `far`) are only noted, a block of vectors at a
+        // time, and the few blocks that have them are gone over again lane by lane.
+        constexpr std::size_t kBlock = 8 * L::count;
         std::size_t count = 0;
-        const std::size_t tail = n - n % L::count;
-        const auto listNear = [&](std::size_t from, std::size_t to) {
-            for (std::size_t k = from; k < to; ++k)
-                if (std::fabs(re[k]) <= tiny && std::fabs(im[k]) <= tiny)
+        const auto redo = [&](std::size_t from, std::size_t to, bool outside, bool near) {
+            for (std::size_t k = from; k < to; ++k) {
+                const double power = std::norm(X[k]);
+                if (outside && !(power >= DBL_MIN && power <= DBL_MAX))
+                    dB[k] = 10.0 * std::log10(power);
+                if (near && std::fabs(X[k].real()) <= tiny && std::fabs(X[k].imag()) <= tiny)
                     nearZero[count++] = static_cast<std::uint16_t>(k);
+            }
         };
-        if (L::anySign(near))
-            listNear(0, tail);
-        listNear(tail, n);
+        std::size_t i = 0;
+        while (i + L::count <= n) {
+            const std::size_t blockEnd = std::min(n - n % L::count, i + kBlock);
+            const std::size_t blockStart = i;
+            VU outside = {};
+            VU near = {};
+            for (; i < blockEnd; i += L::count) {
+                const V a = L::load(x + 2 * i);
+                const V b = L::load(x + 2 * i + L::count);
+                const V r = __builtin_shuffle(a, b, evens);
+                const V m = __builtin_shuffle(a, b, evens + 1);
+                const V power = r * r + m * m;
+                const VU y = (VU)power - 0x0010000000000000ULL;
+                outside |= y | (y + 0x0020000000000000ULL);
+                near |= ~((tinyBits - ((VU)r & magnitude)) | (tinyBits - ((VU)m & magnitude)));
+                L::store(dB.data() + i, L::decibels(power));
+                if constexpr (WithPhase)
+                    L::store(phase.data() + i, L::arctangent(m, r));
+            }
+            const bool anyOutside = L::anySign(outside);
+            const bool anyNear = L::anySign(near);
+            if (anyOutside || anyNear)
+                redo(blockStart, blockEnd, anyOutside, anyNear);
+        }
+        // The last few bins go through the same arithmetic, one lane used.
+        const std::size_t tail = i;
+        for (; i < n; ++i) {
+            const V r = L::splat(x[2 * i]);
+            const V m = L::splat(x[2 * i + 1]);
+            dB[i] = L::decibels(r * r + m * m)[0];
+            if constexpr (WithPhase)
+                phase[i] = L::arctangent(m, r)[0];
+        }
+        redo(tail, n, true, true);
         return count;
+    }
+
+    template <std::size_t Bytes>
+    [[gnu::always_inline]] static std::size_t run(std::span<const std::complex<double>> X, std::span<double> dB,
+                                                  std::span<double> phase, double tiny,
+                                                  std::span<std::uint16_t> nearZero)
+    {
+        return phase.empty() ? pass<Bytes, false>(X, dB, phase, tiny, nearZero)
+                             : pass<Bytes, true>(X, dB, phase, tiny, nearZero);
     }
 };
 
@@ -267,7 +243,7 @@ struct Range {
     template <std::size_t Bytes>
     [[gnu::always_inline]] static void run(std::span<const double> v, double& largest, double& smallest)
     {
-        using L = Lanes<Bytes>;
+        using L = vector_dispatch::Lanes<Bytes>;
         const std::size_t n = v.size();
         if (n == 0)
             return;
@@ -313,10 +289,13 @@ void arctangentOfRatio(std::span<const double> im, std::span<const double> re, s
     vector_dispatch::run<Arctangents>(im, re, out);
 }
 
-std::size_t splitBins(std::span<const std::complex<double>> X, std::span<double> re, std::span<double> im,
-                      std::span<double> power, double tiny, std::span<std::uint16_t> nearZero)
+std::size_t decibelsAndPhaseOfBins(std::span<const std::complex<double>> X, std::span<double> dB,
+                                   std::span<double> phase, double tiny, std::span<std::uint16_t> nearZero)
 {
-    return vector_dispatch::run<SplitBins>(X, re, im, power, tiny, nearZero);
+    const std::size_t n = X.size();
+    if (dB.size() != n || (!phase.empty() && phase.size() != n) || nearZero.size() < n)
+        return 0;
+    return vector_dispatch::run<Bins>(X, dB, phase, tiny, nearZero);
 }
 
 void rangeOf(std::span<const double> v, double& largest, double& smallest)

@@ -14,10 +14,11 @@ void decibelsOfPower(std::span<const double> power, std::span<double> dB);
 // out[i] = atan(im[i] / re[i]), the one-argument arctangent (−π/2..π/2); all three spans of one size.
 void arctangentOfRatio(std::span<const double> im, std::span<const double> re, std::span<double> out);
 
-// Splits complex bins into re, im and power = re² + im² (all of X.size() ≤ 65536); lists in
-// nearZero (room for X.size()) the bins with |re| ≤ tiny and |im| ≤ tiny, ascending, and returns their count.
-std::size_t splitBins(std::span<const std::complex<double>> X, std::span<double> re, std::span<double> im,
-                      std::span<double> power, double tiny, std::span<std::uint16_t> nearZero);
+// For complex bins X (X.size() ≤ 65536): dB[k] = 10·log10(Re² + Im²) and, unless phase is empty,
+// phase[k] = atan(Im/Re), both of X.size(). Lists in nearZero (room for X.size()) the bins with
+// |Re| ≤ tiny and |Im| ≤ tiny, ascending, and returns their count.
+std::size_t decibelsAndPhaseOfBins(std::span<const std::complex<double>> X, std::span<double> dB,
+                                   std::span<double> phase, double tiny, std::span<std::uint16_t> nearZero);
 
 // Largest and smallest of v (NaN passed over unless v[0] is NaN); both left alone when v is empty.
 void rangeOf(std::span<const double> v, double& largest, double& smallest);

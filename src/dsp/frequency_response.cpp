@@ -5,6 +5,7 @@
 #include "dsp/fast_elementary.h"
 #include "dsp/real_fft.h"
 #include "dsp/vector_dispatch.h"
+#include "dsp/vector_lanes.h"
 
 #include <algorithm>
 #include <array>
@@ -40,24 +41,23 @@ void fftFilterHalf(std::span<const double> c, std::span<double> dB, std::span<do
     fft.execute();
     const auto X = fft.output();
 
-    // One pass splits the bins and lists those near zero.
-    std::array<double, half + 1> re, im, power;
     std::array<std::uint16_t, half + 1> zeros;
-    const std::size_t zeroCount = splitBins(X.first(m), std::span(re).first(m), std::span(im).first(m),
-                                            std::span(power).first(m), kNearZero, zeros);
-    // A bin at (numerically) zero has no usable dB or phase: it borrows its left
-    // neighbour's value, bin 0 its right one, scanning upward.
+    const std::size_t zeroCount = decibelsAndPhaseOfBins(X.first(m), dB, phase, kNearZero, zeros);
+    // A bin at (numerically) zero has no usable dB or phase: it takes its left
+    // neighbour's value, bin 0 its right one, scanning upward (so bin 0 gets bin 1's
+    // own value even when bin 1 is near zero too).
     for (std::size_t z = 0; z < zeroCount; ++z) {
         const std::size_t k = zeros[z];
-        re[k] = k == 0 ? X[1].real() : re[k - 1];
-        im[k] = k == 0 ? X[1].imag() : im[k - 1];
-        // 20·log10|X| from the squared magnitude spares a square root.
-        power[k] = re[k] * re[k] + im[k] * im[k];
+        if (k == 0 && m == 1) {
+            std::uint16_t ignored[1];
+            decibelsAndPhaseOfBins(X.subspan(1, 1), dB, phase, kNearZero, ignored);
+            continue;
+        }
+        const std::size_t from = k == 0 ? 1 : k - 1;
+        dB[k] = dB[from];
+        if (wantPhase)
+            phase[k] = phase[from];
     }
-    decibelsOfPower(std::span<const double>(power.data(), m), dB);
-    if (wantPhase)
-        arctangentOfRatio(std::span<const double>(im.data(), m), std::span<const double>(re.data(), m),
-                          phase);
 }
 
 void fftFilter(std::span<const double> c, std::span<double> dB, std::span<double> phase)
@@ -112,21 +112,31 @@ struct Unwrap {
         // the wrapped phase is a wrap by π; across a notch a downward step is the
         // linear-phase jump of π. Steps are counted in whole turns of π so the running
         // sum carries no rounding.
-        std::array<int, kResponsePoints> step;
+        // Steps are whole numbers held as doubles, so their running sum is exact.
+        std::array<double, kResponsePoints> step;
         for (std::size_t j = 0; j + 1 < n; ++j) {
             const double up = P[j + 1] > P[j] ? 1.0 : 0.0;
             const double down = P[j + 1] <= P[j] ? 1.0 : 0.0;
             const bool notch = (R[j] == 0.0) & (R[j + 1] > 0.0) & (R[j + 2] >= 0.5) & (R[j + 2] > R[j + 3]);
-            step[j] = static_cast<int>(notch ? down : -up);
+            step[j] = notch ? down : -up;
         }
         for (std::size_t j : {std::size_t{0}, std::size_t{1}, n - 3, n - 2})
-            step[j] = P[j + 1] > P[j] ? -1 : 0; // no notch at the ends
+            step[j] = P[j + 1] > P[j] ? -1.0 : 0.0; // no notch at the ends
+        // U[j + 1] = P[j + 1] + π·(step[0] + … + step[j]), a vector of running sums at a time.
+        using L = vector_dispatch::Lanes<Bytes>;
         constexpr double pi = std::numbers::pi;
         U[0] = P[0];
-        int turns = 0;
-        for (std::size_t j = 0; j + 1 < n; ++j) {
-            turns += step[j];
-            U[j + 1] = P[j + 1] + static_cast<double>(turns) * pi;
+        typename L::V turns = L::splat(0.0);
+        std::size_t j = 0;
+        for (; j + L::count < n; j += L::count) {
+            const typename L::V sums = L::runningSum(L::load(step.data() + j));
+            L::store(U.data() + j + 1, L::load(P.data() + j + 1) + (turns + sums) * pi);
+            turns += L::lastLane(sums);
+        }
+        double last = turns[0];
+        for (; j + 1 < n; ++j) {
+            last += step[j];
+            U[j + 1] = P[j + 1] + last * pi;
         }
         double largest = U[0], smallest = U[0];
         rangeOf(U.first(n), largest, smallest);

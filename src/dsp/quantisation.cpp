@@ -3,9 +3,50 @@
 // symmetry of antisymmetric band passes exact.
 #include "dsp/quantisation.h"
 
+#include "dsp/fast_elementary.h"
+#include "dsp/vector_dispatch.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
+
+namespace {
+
+// std::round without the library call, so the loops below vectorise: x − trunc(x) is exact.
+inline double roundHalfAway(double x)
+{
+    const double t = std::trunc(x);
+    return std::fabs(x - t) >= 0.5 ? t + std::copysign(1.0, x) : t;
+}
+
+// q = round(c / cmax · fullScale), saturated, NaN to 0; the loops vectorise at the dispatched width.
+struct Quantise {
+    template <std::size_t Bytes>
+    [[gnu::always_inline]] static void run(std::span<const double> c, double cmax, double fullScale,
+                                           std::span<std::int32_t> q)
+    {
+        constexpr double lo = std::numeric_limits<std::int32_t>::min();
+        constexpr double hi = std::numeric_limits<std::int32_t>::max();
+        for (std::size_t n = 0; n < c.size(); ++n) {
+            const double t = roundHalfAway(c[n] / cmax * fullScale);
+            // Saturate: a coefficient far below −cmax must not overflow the integer.
+            q[n] = t != t ? 0 : static_cast<std::int32_t>(std::clamp(t, lo, hi));
+        }
+    }
+};
+
+// cp = q / qmax · cmax.
+struct Rescale {
+    template <std::size_t Bytes>
+    [[gnu::always_inline]] static void run(std::span<const std::int32_t> q, double qmax, double cmax,
+                                           std::span<double> cp)
+    {
+        for (std::size_t n = 0; n < q.size(); ++n)
+            cp[n] = static_cast<double>(q[n]) / qmax * cmax;
+    }
+};
+
+} // namespace
 
 int widthBits(int widthIndex)
 {
@@ -21,8 +62,8 @@ PrecisionResult bitPrecison(int widthIndex, std::span<const double> c, std::span
         return r;
     std::fill(q.begin(), q.end(), 0);
 
-    const double cmax = *std::max_element(c.begin(), c.end());
-    const double cmin = *std::min_element(c.begin(), c.end());
+    double cmax = c[0], cmin = c[0];
+    rangeOf(c, cmax, cmin);
     r.dynamicRange = std::fabs(cmax / cmin);
 
     const int bits = widthBits(widthIndex);
@@ -33,18 +74,16 @@ PrecisionResult bitPrecison(int widthIndex, std::span<const double> c, std::span
     }
 
     const double fullScale = std::ldexp(1.0, bits - 1) - 1.0;
-    constexpr double lo = std::numeric_limits<std::int32_t>::min();
-    constexpr double hi = std::numeric_limits<std::int32_t>::max();
-    for (std::size_t n = 0; n < N; ++n) {
-        const double t = std::round(c[n] / cmax * fullScale);
-        // Saturate: a coefficient far below −cmax must not overflow the integer.
-        q[n] = std::isnan(t) ? 0 : static_cast<std::int32_t>(std::clamp(t, lo, hi));
+    vector_dispatch::run<Quantise>(c, cmax, fullScale, q);
+    std::int32_t qLargest = q[0], qSmallest = q[0];
+    for (const std::int32_t v : q) {
+        qLargest = std::max(qLargest, v);
+        qSmallest = std::min(qSmallest, v);
     }
-    const double qmax = *std::max_element(q.begin(), q.end());
-    const double qmin = *std::min_element(q.begin(), q.end());
+    const double qmax = qLargest;
+    const double qmin = qSmallest;
     const double dynamicRangeQ = std::fabs(qmax / qmin);
-    for (std::size_t n = 0; n < N; ++n)
-        cp[n] = static_cast<double>(q[n]) / qmax * cmax;
+    vector_dispatch::run<Rescale>(std::span<const std::int32_t>(q), qmax, cmax, cp);
     r.dynamicRangeError = std::fabs((r.dynamicRange - dynamicRangeQ) / r.dynamicRange) * 100.0;
     return r;
 }

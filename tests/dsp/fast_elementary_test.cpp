@@ -105,12 +105,12 @@ TEST_P(FastElementary, ArctangentMatchesAtanOfTheRatio)
     }
 }
 
-TEST_P(FastElementary, SplitBinsListsExactlyTheBinsNearZero)
+TEST_P(FastElementary, BinsGiveDecibelsPhaseAndTheListOfZeros)
 {
     const double tiny = 1e-10;
     std::vector<std::complex<double>> X(2051);
     for (std::size_t k = 0; k < X.size(); ++k)
-        X[k] = {std::cos(0.01 * k) + 2.0, std::sin(0.02 * k)};
+        X[k] = {std::cos(0.01 * k) + 1.5, std::sin(0.02 * k) * std::pow(10.0, k % 7)};
     // On the edge, just past it in either part, negative, NaN, and one at the very end (the tail).
     const std::size_t nearAt[] = {0, 9, 17, 1024, 2050};
     X[0] = {0.0, 0.0};
@@ -121,18 +121,28 @@ TEST_P(FastElementary, SplitBinsListsExactlyTheBinsNearZero)
     X[10] = {std::nextafter(tiny, 1.0), 0.0};
     X[11] = {0.0, -std::nextafter(tiny, 1.0)};
     X[12] = {std::numeric_limits<double>::quiet_NaN(), 0.0};
-    std::vector<double> re(X.size()), im(X.size()), power(X.size());
-    std::vector<std::uint16_t> list(X.size());
-    const std::size_t count = splitBins(X, re, im, power, tiny, list);
-    ASSERT_EQ(count, std::size(nearAt));
-    for (std::size_t i = 0; i < count; ++i)
-        EXPECT_EQ(list[i], nearAt[i]);
-    for (std::size_t k = 0; k < X.size(); ++k) {
-        if (k == 12)
-            continue;
-        ASSERT_EQ(re[k], X[k].real());
-        ASSERT_EQ(im[k], X[k].imag());
-        ASSERT_DOUBLE_EQ(power[k], std::norm(X[k]));
+    X[13] = {1e200, 1e200}; // power overflows
+    for (const bool withPhase : {true, false}) {
+        std::vector<double> dB(X.size()), phase(withPhase ? X.size() : 0);
+        std::vector<std::uint16_t> list(X.size());
+        const std::size_t count = decibelsAndPhaseOfBins(X, dB, phase, tiny, list);
+        ASSERT_EQ(count, std::size(nearAt));
+        for (std::size_t i = 0; i < count; ++i)
+            EXPECT_EQ(list[i], nearAt[i]);
+        for (std::size_t k = 0; k < X.size(); ++k) {
+            const double power = std::norm(X[k]);
+            const double ref = 10.0 * std::log10(power);
+            if (std::isnan(ref))
+                ASSERT_TRUE(std::isnan(dB[k])) << k;
+            else if (std::isinf(ref))
+                ASSERT_EQ(dB[k], ref) << k;
+            else
+                ASSERT_NEAR(dB[k], ref, 1e-15 * std::max(1.0, std::fabs(ref))) << k;
+            if (!withPhase || k == 0 || k == 12)
+                continue;
+            const double atan = std::atan(X[k].imag() / X[k].real());
+            ASSERT_NEAR(phase[k], atan, 4e-16 * std::max(1e-300, std::fabs(atan))) << k;
+        }
     }
 }
 
