@@ -4,6 +4,7 @@
 #include "dsp/window.h"
 
 #include "dsp/fir_synthesis.h"
+#include "dsp/vector_dispatch.h"
 
 #include <algorithm>
 #include <array>
@@ -37,6 +38,53 @@ void scaleToPeak(std::span<double> w)
     for (double& v : w)
         v /= peak;
 }
+
+// Modified Bessel I0 by its power series, the points side by side (at most kFirMaxTaps) so the loops
+// vectorise at the dispatched width: term k is term k−1 times (y/2)²/k².
+struct BesselSeries {
+    template <std::size_t Bytes>
+    [[gnu::always_inline]] static void run(std::span<const double> y, std::span<double> sum)
+    {
+        constexpr std::array<double, 11> kInverseSquares = [] {
+            std::array<double, 11> r{};
+            for (int k = 1; k <= 10; ++k)
+                r[k] = 1.0 / static_cast<double>(k * k);
+            return r;
+        }();
+        const std::size_t m = y.size();
+        Buffer q, term; // every slot read is written first
+        for (std::size_t i = 0; i < m; ++i) {
+            q[i] = (y[i] * 0.5) * (y[i] * 0.5);
+            term[i] = 1.0;
+            sum[i] = 1.0;
+        }
+        for (int k = 1; k <= 10; ++k)
+            for (std::size_t i = 0; i < m; ++i) {
+                term[i] *= q[i] * kInverseSquares[k];
+                sum[i] += term[i];
+            }
+    }
+};
+
+// I0(β·√(1 − (2x − 1)²)) / I0(β).
+struct KaiserWindow {
+    template <std::size_t Bytes>
+    [[gnu::always_inline]] static void run(double beta, std::span<const double> x, std::span<double> w)
+    {
+        const std::size_t N = x.size();
+        Buffer arg; // every slot read is written first
+        for (std::size_t i = 0; i < N; ++i) {
+            const double t = 2.0 * x[i] - 1.0;
+            // The ramp's last point may land a rounding step past 1.
+            arg[i] = std::sqrt(std::max(0.0, -(t * t) + 1.0)) * beta;
+        }
+        BesselSeries::run<Bytes>(std::span<const double>(arg.data(), N), w);
+        double denominator = 0.0;
+        BesselSeries::run<Bytes>(std::span<const double>(&beta, 1), std::span<double>(&denominator, 1));
+        for (std::size_t i = 0; i < N; ++i)
+            w[i] /= denominator;
+    }
+};
 
 } // namespace
 
@@ -74,29 +122,10 @@ void flatTop(std::span<const double> x, std::span<double> w)
 
 void besselTaylor(std::span<const double> y, std::span<double> out)
 {
-    // Term k is term k−1 times (y/2)²/k²; the points go side by side so the loop vectorises.
-    constexpr std::array<double, 11> kInverseSquares = [] {
-        std::array<double, 11> r{};
-        for (int k = 1; k <= 10; ++k)
-            r[k] = 1.0 / static_cast<double>(k * k);
-        return r;
-    }();
     const std::size_t n = std::min(y.size(), out.size());
-    Buffer q, term; // every slot read is written first
     for (std::size_t done = 0; done < n; done += kFirMaxTaps) {
         const std::size_t m = std::min(n - done, kFirMaxTaps);
-        const double* in = y.data() + done;
-        double* sum = out.data() + done;
-        for (std::size_t i = 0; i < m; ++i) {
-            q[i] = (in[i] * 0.5) * (in[i] * 0.5);
-            term[i] = 1.0;
-            sum[i] = 1.0;
-        }
-        for (int k = 1; k <= 10; ++k)
-            for (std::size_t i = 0; i < m; ++i) {
-                term[i] *= q[i] * kInverseSquares[k];
-                sum[i] += term[i];
-            }
+        vector_dispatch::run<BesselSeries>(y.subspan(done, m), out.subspan(done, m));
     }
 }
 
@@ -105,18 +134,7 @@ void kaiser(double beta, std::span<const double> x, std::span<double> w)
     const std::size_t N = x.size();
     if (N == 0 || N > kFirMaxTaps || w.size() != N)
         return;
-    Buffer arg; // every slot read is written first
-    for (std::size_t i = 0; i < N; ++i) {
-        const double t = 2.0 * x[i] - 1.0;
-        // The ramp's last point may land a rounding step past 1.
-        arg[i] = std::sqrt(std::max(0.0, -(t * t) + 1.0)) * beta;
-    }
-    besselTaylor(std::span<const double>(arg.data(), N), w);
-    const double b = beta;
-    double denominator = 0.0;
-    besselTaylor(std::span<const double>(&b, 1), std::span<double>(&denominator, 1));
-    for (double& v : w)
-        v /= denominator;
+    vector_dispatch::run<KaiserWindow>(beta, x, w);
 }
 
 void cheby(double upsilon, std::span<double> w)
