@@ -35,10 +35,7 @@ void fftFilterHalf(std::span<const double> c, std::span<double> dB, std::span<do
         return;
 
     RealFft& fft = RealFft::ofSize(n);
-    auto in = fft.input();
-    std::copy(c.begin(), c.end(), in.begin());
-    std::fill(in.begin() + static_cast<std::ptrdiff_t>(c.size()), in.end(), 0.0);
-    fft.execute();
+    fft.executePadded(c);
     const auto X = fft.output();
 
     std::array<std::uint16_t, half + 1> zeros;

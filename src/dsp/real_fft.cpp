@@ -2,11 +2,12 @@
 
 #include <fftw3.h>
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <stdexcept>
 
-RealFft::RealFft(std::size_t n) : n_(n)
+RealFft::RealFft(std::size_t n) : n_(n), written_(n)
 {
     if (n < 2 || n > (std::size_t{1} << 20) || (n & (n - 1)) != 0)
         throw std::invalid_argument("RealFft: length must be a power of two");
@@ -14,7 +15,7 @@ RealFft::RealFft(std::size_t n) : n_(n)
     out_ = reinterpret_cast<std::complex<double>*>(fftw_alloc_complex(n / 2 + 1));
     // ESTIMATE keeps the first design quick; the plan is reused afterwards.
     plan_ = fftw_plan_dft_r2c_1d(static_cast<int>(n), in_,
-                                 reinterpret_cast<fftw_complex*>(out_), FFTW_ESTIMATE);
+                                 reinterpret_cast<fftw_complex*>(out_), FFTW_ESTIMATE | FFTW_PRESERVE_INPUT);
 }
 
 RealFft::~RealFft()
@@ -26,6 +27,16 @@ RealFft::~RealFft()
 
 void RealFft::execute()
 {
+    fftw_execute(plan_);
+}
+
+void RealFft::executePadded(std::span<const double> x)
+{
+    const std::size_t m = std::min(x.size(), n_);
+    std::copy_n(x.begin(), m, in_);
+    if (written_ > m)
+        std::fill(in_ + m, in_ + written_, 0.0);
+    written_ = m;
     fftw_execute(plan_);
 }
 

@@ -59,11 +59,11 @@ struct GVRFilterDesignerModel::Workspace {
     // Taps: ideal samples, ideal impulse, window, windowed, coefficients, precision coefficients.
     std::vector<double> H, h, w, hw, c, cp;
     std::vector<std::int32_t> q;
-    // Responses: dB of cp; dB and phase of c; unwrapped phase of c.
-    std::vector<double> dBquantised = std::vector<double>(kResponsePoints);
-    std::vector<double> dBdouble = std::vector<double>(kResponsePoints);
-    std::vector<double> phase = std::vector<double>(kResponsePoints);
-    std::vector<double> unwrapped = std::vector<double>(kResponseHalf);
+    // dB and phase of c (the dB is the plotted magnitude too without quantisation).
+    std::vector<double> dBdouble = std::vector<double>(kResponseHalf);
+    std::vector<double> phase = std::vector<double>(kResponseHalf);
+    // The next plot array, filled in place and swapped in only when the design succeeds.
+    std::vector<double> plot;
 
     void clearTaps(std::size_t N)
     {
@@ -211,7 +211,7 @@ void GVRFilterDesignerModel::firFilter()
 
     Workspace& ws = *work_;
     ws.clearTaps(N);
-    auto& [H, h, w, hw, c, cp, q, dBquantised, dBdouble, phase, unwrapped] = ws;
+    auto& [H, h, w, hw, c, cp, q, dBdouble, phase, plot] = ws;
 
     const double theta = d_.thetaCutoffFreqNormalized;
     idealLowPassSamples(passbandCount(N, theta), H);
@@ -225,20 +225,20 @@ void GVRFilterDesignerModel::firFilter()
     d_.dynamicRangeError = precision.dynamicRangeError;
     displayNoticeWithSymmetry(verifySymmetry(d_.filterWidth, c, q));
 
-    // Magnitude of the quantised coefficients; magnitude and phase of the double ones.
+    // The plot array: 8 header numbers, the dB magnitude of the quantised coefficients
+    // and the unwrapped phase of the double ones, lower half of the response only.
     // Without quantisation both are the same coefficients and one transform serves.
-    // Every point read below is written, so the buffers need no clearing.
-    // Only the lower half is measured and drawn, so the mirror above fs/2 is skipped.
-    const auto lower = [](std::vector<double>& v) { return std::span<double>(v.data(), kResponseHalf); };
-    fftFilterHalf(c, lower(dBdouble), lower(phase));
-    const std::vector<double>& dBmagnitude = d_.filterWidth == kWidthDouble ? dBdouble : dBquantised;
-    if (d_.filterWidth != kWidthDouble)
-        fftFilterHalf(cp, lower(dBquantised), {});
-    const PhaseRange phaseRange = unwrapPhase(phase, dBdouble, unwrapped);
+    plot.resize(8 + 2 * kResponseHalf);
+    const std::span<double> dBmagnitude(plot.data() + 8, kResponseHalf);
+    const std::span<double> unwrapped(plot.data() + 8 + kResponseHalf, kResponseHalf);
+    const bool quantised = d_.filterWidth != kWidthDouble;
+    fftFilterHalf(c, quantised ? std::span<double>(dBdouble) : dBmagnitude, phase);
+    if (quantised)
+        fftFilterHalf(cp, dBmagnitude, {});
+    const PhaseRange phaseRange = unwrapPhase(phase, quantised ? std::span<const double>(dBdouble) : dBmagnitude,
+                                              unwrapped);
 
-    const Filt3dBResult m =
-        calcFilt3dB(d_.filterType, std::span<const double>(dBmagnitude.data(), kResponseHalf),
-                    d_.thetaCenterFreqNormalized);
+    const Filt3dBResult m = calcFilt3dB(d_.filterType, dBmagnitude, d_.thetaCenterFreqNormalized);
     d_.gimeldbLow = m.low;
     d_.gimeldbHigh = m.high;
     d_.gimeldbBandwidth = m.bandwidth;
@@ -265,10 +265,8 @@ void GVRFilterDesignerModel::firFilter()
                               phaseRange.smallest,
                               0.0,
                               0.0};
-    dBmagAndPhaseArray_.resize(8 + 2 * kResponseHalf);
-    auto out = std::copy(std::begin(header), std::end(header), dBmagAndPhaseArray_.begin());
-    out = std::copy(dBmagnitude.begin(), dBmagnitude.begin() + kResponseHalf, out);
-    std::copy(unwrapped.begin(), unwrapped.end(), out);
+    std::copy(std::begin(header), std::end(header), plot.begin());
+    dBmagAndPhaseArray_.swap(plot);
     if (winFilterDesign_)
         winFilterDesign_->plotMagnitudeAndPhaseWithArray(dBmagAndPhaseArray_);
 
