@@ -19,18 +19,14 @@ Filt3dBResult calcFilt3dB(int type, std::span<const double> m, double theta0)
     if (n < 2 || n >= kResponsePoints)
         return r;
 
-    // The point after the last reads 0.0 dB, as the interpolation may look there.
-    std::array<double, kResponsePoints> work;
-    std::copy(m.begin(), m.end(), work.begin());
-    work[n] = 0.0;
     // NaN points are passed over: a comparison with NaN is false.
     double largest = -std::numeric_limits<double>::infinity();
     double smallest = std::numeric_limits<double>::infinity();
     std::size_t first = 0;
-    while (first < n && std::isnan(work[first]))
+    while (first < n && std::isnan(m[first]))
         ++first;
     if (first < n)
-        rangeOf(std::span<const double>(work.data() + first, n - first), largest, smallest);
+        rangeOf(m.subspan(first), largest, smallest);
     const bool seen = largest >= smallest; // false only when every point is NaN
     if (seen) {
         r.largest = largest;
@@ -39,34 +35,45 @@ Filt3dBResult calcFilt3dB(int type, std::span<const double> m, double theta0)
     if (!seen || r.largest < -3.0 || r.smallest > -3.0)
         return r;
 
+    // A high pass is read backwards; the point after the last reads 0.0 dB, as the
+    // interpolation may look there.
+    const bool reversed = type == kFilterHighPass;
+    const auto at = [&](std::size_t i) { return i >= n ? 0.0 : m[reversed ? n - 1 - i : i]; };
     std::size_t s = 0;
     if (type == kFilterBandPass) {
         const double start = std::trunc(theta0 * static_cast<double>(n));
         s = start > 0.0 ? std::min(static_cast<std::size_t>(start), n - 1) : 0;
-    } else if (type == kFilterHighPass) {
-        std::reverse(work.begin(), work.begin() + static_cast<std::ptrdiff_t>(n));
     }
 
     std::size_t k = 0;
     for (std::size_t i = n; i-- > s;) {
-        if (work[i] > -3.0) {
+        if (at(i) > -3.0) {
             k = i;
             break;
         }
     }
-    const double f =
-        (static_cast<double>(k) + (work[k] + 3.0) / (work[k] - work[k + 1])) / static_cast<double>(n - 1);
+    const double f = (static_cast<double>(k) + (at(k) + 3.0) / (at(k) - at(k + 1))) / static_cast<double>(n - 1);
 
     std::size_t p = 0;
     for (std::size_t j = k; j > s; --j) {
-        if (work[j] >= 0.0) {
+        if (at(j) >= 0.0) {
             p = j;
             break;
         }
     }
+    // Ripple: the largest |dB| over points s+1..p, from the range of that stretch
+    // (one stretch of m either way round); a stretch starting with NaN goes point by point.
     r.ripple = 0.0;
-    for (std::size_t j = p; j > s; --j)
-        r.ripple = std::max(r.ripple, std::fabs(work[j]));
+    if (p > s) {
+        const std::span<const double> stretch = reversed ? m.subspan(n - 1 - p, p - s) : m.subspan(s + 1, p - s);
+        double high = stretch[0], low = stretch[0];
+        rangeOf(stretch, high, low);
+        if (!std::isnan(high))
+            r.ripple = std::max(0.0, std::max(high, -low));
+        else
+            for (const double v : stretch)
+                r.ripple = std::max(r.ripple, std::fabs(v));
+    }
 
     switch (type) {
     case kFilterBandPass:

@@ -131,9 +131,10 @@ void iDFTforSinc(std::span<const double> H, std::span<double> h)
         return;
     std::array<double, kFirMaxTaps> s;
     inverseDFT(H, std::span<double>(s.data(), N));
+    // h[(k + half) mod N] = s[k]: a rotation.
     const std::size_t half = (N - 1) / 2;
-    for (std::size_t k = 0; k < N; ++k)
-        h[(k + half) % N] = s[k];
+    std::rotate_copy(s.begin(), s.begin() + static_cast<std::ptrdiff_t>(N - half), s.begin() + static_cast<std::ptrdiff_t>(N),
+                     h.begin());
 }
 
 void cosineTerm(double a, double omega, std::span<const double> u, std::span<double> out)
@@ -164,7 +165,7 @@ void winSync(std::span<const double> h, std::span<const double> w, std::span<dou
 void filt(int type, double theta0, std::span<const double> hw, std::span<double> c)
 {
     const std::size_t N = hw.size();
-    if (c.size() != N)
+    if (c.size() != N || N > kFirMaxTaps)
         return;
     std::fill(c.begin(), c.end(), 0.0);
     switch (type) {
@@ -177,16 +178,25 @@ void filt(int type, double theta0, std::span<const double> hw, std::span<double>
         const double phase = std::numbers::pi / 2.0 * r;
         const double step = std::numbers::pi * theta0;
         // The modulation turns by a fixed angle per tap: rotate a phasor and start
-        // it afresh every 32 taps, which keeps it within ~1e-14 of cos().
-        const std::complex<double> turn = std::polar(1.0, step);
-        std::complex<double> z;
-        for (std::size_t n = 0; n < N; ++n) {
-            if (n % 32 == 0)
-                z = std::polar(1.0, step * static_cast<double>(n) - phase);
-            else
-                z *= turn;
-            c[n] = 2.0 * z.real() * hw[n];
+        // it afresh every 32 taps, which keeps it within ~1e-14 of cos(). The blocks
+        // of 32 are independent, so they advance side by side.
+        constexpr std::size_t kBlock = 32;
+        const std::size_t blocks = (N + kBlock - 1) / kBlock;
+        const double turnRe = std::cos(step), turnIm = std::sin(step);
+        std::array<double, kFirMaxTaps / kBlock> re, im;
+        for (std::size_t b = 0; b < blocks; ++b) {
+            re[b] = std::cos(step * static_cast<double>(b * kBlock) - phase);
+            im[b] = std::sin(step * static_cast<double>(b * kBlock) - phase);
         }
+        for (std::size_t o = 0; o < kBlock; ++o)
+            for (std::size_t b = 0; b < blocks; ++b) {
+                const std::size_t n = b * kBlock + o;
+                if (n < N)
+                    c[n] = 2.0 * re[b] * hw[n];
+                const double nextRe = re[b] * turnRe - im[b] * turnIm;
+                im[b] = re[b] * turnIm + im[b] * turnRe;
+                re[b] = nextRe;
+            }
         break;
     }
     case kFilterHighPass:
