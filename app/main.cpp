@@ -1,6 +1,7 @@
 // The desktop program: options, design library, windows.
 #include <QApplication>
 
+#include "shell/fft_tuning.h"
 #include "shell/startup.h"
 
 int main(int argc, char* argv[])
@@ -10,5 +11,6 @@ int main(int argc, char* argv[])
     QApplication::setOrganizationName(QStringLiteral("Orvana"));
     QApplication::setApplicationDisplayName(QStringLiteral("Orvana"));
     QApplication::setApplicationVersion(orvanaVersion());
+    loadBundledFftWisdom();
     return runOrvana(parseStartupOptions(QApplication::arguments()));
 }

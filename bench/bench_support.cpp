@@ -1,5 +1,7 @@
 #include "bench_support.h"
 
+#include "dsp/real_fft.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -37,6 +39,13 @@ std::optional<double> pythonMedianMicros(const std::string& script, const std::s
             last = v;
     }
     return last;
+}
+
+void loadFftWisdom()
+{
+    const bool loaded = RealFft::loadWisdom(ORVANA_FFT_WISDOM_FILE);
+    std::printf("FFT plans: %s\n", loaded ? "measured at build time (" ORVANA_FFT_WISDOM_FILE ")"
+                                          : "estimated (no build-time wisdom found)");
 }
 
 void report(const std::string& label, double micros, std::optional<double> referenceMicros,

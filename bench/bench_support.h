@@ -16,6 +16,10 @@ double medianMicros(const std::function<void()>& job, int repeats);
 // or scipy is missing.
 std::optional<double> pythonMedianMicros(const std::string& script, const std::string& args);
 
+// Loads the FFT wisdom the build measured, as the programs do at start, and says
+// on one line whether the plans are measured or estimated.
+void loadFftWisdom();
+
 // One line of output: "<label>: <median> µs" and, with a reference, its time and the ratio.
 void report(const std::string& label, double micros, std::optional<double> referenceMicros,
             const std::string& referenceLabel);

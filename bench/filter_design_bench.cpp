@@ -30,6 +30,7 @@ public:
 
 int main()
 {
+    bench::loadFftWisdom();
     const QVariantMap parameters{
         {KEYFP_UNITS, 0},         {KEYFP_FILTER_TYPE, 1},   {KEYFP_SAMPLING_FREQ, 0.0},
         {KEYFP_CUTOFF_FREQ, 0.2}, {KEYFP_CENTER_FREQ, 0.5}, {KEYFP_FILTER_LENGTH, 255.0},

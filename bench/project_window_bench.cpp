@@ -34,6 +34,7 @@ void click(QWidget* button)
 
 int main(int argc, char** argv)
 {
+    bench::loadFftWisdom();
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);

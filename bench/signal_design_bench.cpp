@@ -58,6 +58,7 @@ std::vector<double> hannTaps()
 
 int main()
 {
+    bench::loadFftWisdom();
     const int repeats = 200;
     std::printf("Orvana signal and project benchmarks (median of %d runs)\n\n", repeats);
 

@@ -5,6 +5,7 @@
 
 #include "cli/cli_options.h"
 #include "cli/verbs.h"
+#include "shell/fft_tuning.h"
 
 namespace {
 
@@ -51,6 +52,7 @@ int main(int argc, char* argv[])
         if (verb == QLatin1String(v.name)) {
             args.removeAt(1);
             args[0] = QStringLiteral("orvana-cli ") + verb;
+            loadBundledFftWisdom();
             return v.run(args);
         }
     }

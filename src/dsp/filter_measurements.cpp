@@ -52,7 +52,8 @@ Filt3dBResult calcFilt3dB(int type, std::span<const double> m, double theta0)
             break;
         }
     }
-    const double f = (static_cast<double>(k) + (at(k) + 3.0) / (at(k) - at(k + 1))) / static_cast<double>(n - 1);
+    const double f =
+        (static_cast<double>(k) + (at(k) + 3.0) / (at(k) - at(k + 1))) / static_cast<double>(n - 1);
 
     std::size_t p = 0;
     for (std::size_t j = k; j > s; --j) {
@@ -65,7 +66,8 @@ Filt3dBResult calcFilt3dB(int type, std::span<const double> m, double theta0)
     // (one stretch of m either way round); a stretch starting with NaN goes point by point.
     r.ripple = 0.0;
     if (p > s) {
-        const std::span<const double> stretch = reversed ? m.subspan(n - 1 - p, p - s) : m.subspan(s + 1, p - s);
+        const std::span<const double> stretch =
+            reversed ? m.subspan(n - 1 - p, p - s) : m.subspan(s + 1, p - s);
         double high = stretch[0], low = stretch[0];
         rangeOf(stretch, high, low);
         if (!std::isnan(high))

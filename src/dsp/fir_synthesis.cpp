@@ -133,8 +133,8 @@ void iDFTforSinc(std::span<const double> H, std::span<double> h)
     inverseDFT(H, std::span<double>(s.data(), N));
     // h[(k + half) mod N] = s[k]: a rotation.
     const std::size_t half = (N - 1) / 2;
-    std::rotate_copy(s.begin(), s.begin() + static_cast<std::ptrdiff_t>(N - half), s.begin() + static_cast<std::ptrdiff_t>(N),
-                     h.begin());
+    std::rotate_copy(s.begin(), s.begin() + static_cast<std::ptrdiff_t>(N - half),
+                     s.begin() + static_cast<std::ptrdiff_t>(N), h.begin());
 }
 
 void cosineTerm(double a, double omega, std::span<const double> u, std::span<double> out)

@@ -5,6 +5,7 @@
 
 #include "dsp/fast_elementary.h"
 #include "dsp/vector_dispatch.h"
+#include "dsp/vector_lanes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,26 +13,43 @@
 
 namespace {
 
-// std::round without the library call, so the loops below vectorise: x − trunc(x) is exact.
-inline double roundHalfAway(double x)
-{
-    const double t = std::trunc(x);
-    return std::fabs(x - t) >= 0.5 ? t + std::copysign(1.0, x) : t;
-}
-
-// q = round(c / cmax · fullScale), saturated, NaN to 0; the loops vectorise at the dispatched width.
+// q = round(c / cmax · fullScale), half away from zero, saturated to 32 bits, NaN to 0.
 struct Quantise {
+    // Clamped first (a coefficient far below −cmax must not overflow), the value
+    // converts to a 64-bit integer exactly, which truncates; the exact fraction
+    // left over decides the rounding.
+    template <std::size_t Bytes>
+    [[gnu::always_inline]] static typename vector_dispatch::Lanes<Bytes>::VI
+    quantise(typename vector_dispatch::Lanes<Bytes>::V x, double cmax, double fullScale)
+    {
+        using L = vector_dispatch::Lanes<Bytes>;
+        using V = typename L::V;
+        using VI = typename L::VI;
+        constexpr double lo = std::numeric_limits<std::int32_t>::min();
+        constexpr double hi = std::numeric_limits<std::int32_t>::max();
+        x = x / cmax * fullScale;
+        x = x == x ? x : L::splat(0.0);
+        x = x < lo ? L::splat(lo) : x;
+        x = x > hi ? L::splat(hi) : x;
+        const VI whole = __builtin_convertvector(x, VI);
+        const V fraction = x - __builtin_convertvector(whole, V);
+        return whole - (VI)(fraction >= 0.5) + (VI)(fraction <= -0.5); // true lanes are −1
+    }
+
     template <std::size_t Bytes>
     [[gnu::always_inline]] static void run(std::span<const double> c, double cmax, double fullScale,
                                            std::span<std::int32_t> q)
     {
-        constexpr double lo = std::numeric_limits<std::int32_t>::min();
-        constexpr double hi = std::numeric_limits<std::int32_t>::max();
-        for (std::size_t n = 0; n < c.size(); ++n) {
-            const double t = roundHalfAway(c[n] / cmax * fullScale);
-            // Saturate: a coefficient far below −cmax must not overflow the integer.
-            q[n] = t != t ? 0 : static_cast<std::int32_t>(std::clamp(t, lo, hi));
+        using L = vector_dispatch::Lanes<Bytes>;
+        const std::size_t n = c.size();
+        std::size_t i = 0;
+        for (; i + L::count <= n; i += L::count) {
+            const auto r = quantise<Bytes>(L::load(c.data() + i), cmax, fullScale);
+            for (std::size_t l = 0; l < L::count; ++l)
+                q[i + l] = static_cast<std::int32_t>(r[l]);
         }
+        for (; i < n; ++i)
+            q[i] = static_cast<std::int32_t>(quantise<Bytes>(L::splat(c[i]), cmax, fullScale)[0]);
     }
 };
 

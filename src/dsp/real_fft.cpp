@@ -3,6 +3,8 @@
 #include <fftw3.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -13,9 +15,9 @@ RealFft::RealFft(std::size_t n) : n_(n), written_(n)
         throw std::invalid_argument("RealFft: length must be a power of two");
     in_ = fftw_alloc_real(n);
     out_ = reinterpret_cast<std::complex<double>*>(fftw_alloc_complex(n / 2 + 1));
-    // ESTIMATE keeps the first design quick; the plan is reused afterwards.
-    plan_ = fftw_plan_dft_r2c_1d(static_cast<int>(n), in_,
-                                 reinterpret_cast<fftw_complex*>(out_), FFTW_ESTIMATE | FFTW_PRESERVE_INPUT);
+    // ESTIMATE keeps the first design quick (or picks up loaded wisdom); the plan is reused afterwards.
+    plan_ = fftw_plan_dft_r2c_1d(static_cast<int>(n), in_, reinterpret_cast<fftw_complex*>(out_),
+                                 FFTW_ESTIMATE | FFTW_PRESERVE_INPUT);
 }
 
 RealFft::~RealFft()
@@ -47,4 +49,39 @@ RealFft& RealFft::ofSize(std::size_t n)
     if (!slot)
         slot = std::make_unique<RealFft>(n);
     return *slot;
+}
+
+bool RealFft::measureWisdom(std::span<const std::size_t> lengths, const std::string& path)
+{
+    for (const std::size_t n : lengths) {
+        if (n < 2 || n > (std::size_t{1} << 20) || (n & (n - 1)) != 0)
+            return false;
+        double* in = fftw_alloc_real(n);
+        fftw_complex* out = fftw_alloc_complex(n / 2 + 1);
+        // The same flags as the constructor's apart from the rigour, so the wisdom applies to its plans.
+        fftw_plan plan =
+            fftw_plan_dft_r2c_1d(static_cast<int>(n), in, out, FFTW_MEASURE | FFTW_PRESERVE_INPUT);
+        fftw_destroy_plan(plan);
+        fftw_free(in);
+        fftw_free(out);
+    }
+    // Written beside the target and renamed over it, so a reader never sees half a file.
+    const std::string temporary = path + ".part";
+    if (!fftw_export_wisdom_to_filename(temporary.c_str()))
+        return false;
+    std::error_code error;
+    std::filesystem::rename(temporary, path, error);
+    if (error) {
+        std::remove(temporary.c_str());
+        return false;
+    }
+    return true;
+}
+
+bool RealFft::loadWisdom(const std::string& path)
+{
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error))
+        return false;
+    return fftw_import_wisdom_from_filename(path.c_str()) != 0;
 }

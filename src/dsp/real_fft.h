@@ -1,10 +1,13 @@
 // Forward real-to-complex FFT on FFTW, unscaled: X[k] = sum x[n] e^(-2πi kn/N).
 // A plan is made once per length and reused; the program has one thread.
+// Plans are estimated, which is quick, unless wisdom from measured plans of
+// the same length was loaded first: then they come out as the measured ones.
 #pragma once
 
 #include <complex>
 #include <cstddef>
 #include <span>
+#include <string>
 
 struct fftw_plan_s;
 
@@ -32,6 +35,13 @@ public:
 
     // The shared transform of length n, created on first use.
     static RealFft& ofSize(std::size_t n);
+
+    // Measures plans of these lengths (a second or so) and saves FFTW's wisdom for them
+    // at path, replacing it whole; false when it cannot be written.
+    static bool measureWisdom(std::span<const std::size_t> lengths, const std::string& path);
+    // Loads wisdom saved by measureWisdom, for plans made after this call; false when the
+    // file is missing or FFTW does not take it (another FFTW build, say).
+    static bool loadWisdom(const std::string& path);
 
 private:
     std::size_t n_;

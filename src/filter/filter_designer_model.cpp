@@ -235,8 +235,8 @@ void GVRFilterDesignerModel::firFilter()
     fftFilterHalf(c, quantised ? std::span<double>(dBdouble) : dBmagnitude, phase);
     if (quantised)
         fftFilterHalf(cp, dBmagnitude, {});
-    const PhaseRange phaseRange = unwrapPhase(phase, quantised ? std::span<const double>(dBdouble) : dBmagnitude,
-                                              unwrapped);
+    const PhaseRange phaseRange =
+        unwrapPhase(phase, quantised ? std::span<const double>(dBdouble) : dBmagnitude, unwrapped);
 
     const Filt3dBResult m = calcFilt3dB(d_.filterType, dBmagnitude, d_.thetaCenterFreqNormalized);
     d_.gimeldbLow = m.low;

@@ -39,13 +39,19 @@ QString resolveLibraryRoot(const QString& optionValue)
     return defaultLibraryRoot();
 }
 
-QString defaultSampleFolder()
+QString bundledDataPath(const QString& name)
 {
     const QString programFolder = QCoreApplication::applicationDirPath();
-    for (const QString& candidate : {programFolder + QStringLiteral("/samples"),
-                                     programFolder + QStringLiteral("/../share/orvana/samples")}) {
-        if (QFileInfo(candidate).isDir())
+    for (const QString& candidate : {programFolder + QLatin1Char('/') + name,
+                                     programFolder + QStringLiteral("/../share/orvana/") + name}) {
+        if (QFileInfo::exists(candidate))
             return QDir::cleanPath(candidate);
     }
     return {};
+}
+
+QString defaultSampleFolder()
+{
+    const QString folder = bundledDataPath(QStringLiteral("samples"));
+    return QFileInfo(folder).isDir() ? folder : QString();
 }

@@ -18,6 +18,10 @@ QString defaultLibraryRoot();
 // stands for the home folder; the answer is an absolute, cleaned path.
 QString resolveLibraryRoot(const QString& optionValue = {});
 
+// A file or folder shipped with the program: the first of <program folder>/<name>
+// and <program folder>/../share/orvana/<name> that exists, or an empty string.
+QString bundledDataPath(const QString& name);
+
 // Folder of the sample design files (all thirteen side by side): the first of
 // <program folder>/samples and <program folder>/../share/orvana/samples that
 // exists, or an empty string.

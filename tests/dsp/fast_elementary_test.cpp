@@ -31,7 +31,9 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Widths, FastElementary,
                          ::testing::Values(Width::Bytes16, Width::Bytes32, Width::Bytes64),
-                         [](const auto& info) { return "Bytes" + std::to_string(16 << static_cast<int>(info.param)); });
+                         [](const auto& info) {
+                             return "Bytes" + std::to_string(16 << static_cast<int>(info.param));
+                         });
 
 TEST_P(FastElementary, DecibelsMatchLog10)
 {

@@ -26,7 +26,7 @@ double stddev(const std::vector<double>& x)
     return std::sqrt(s / static_cast<double>(x.size() - 1));
 }
 
-}  // namespace
+} // namespace
 
 // Table-and-polynomial log and cosine against log1p/cos in long double,
 // over random draws and the edges of the draw range.
@@ -41,8 +41,10 @@ TEST(GaussianNoise, TransformMatchesLongDoubleReference)
     }
     // Edges: U₁ = 0 and U₁ just below 1, tiny and large U₁, the cosine's table seams.
     const std::uint32_t top = 0x7FFFFFFF;
-    const std::uint32_t edges1[] = {0, 1, 2, top, top - 1, 0x40000000, 0x3FFFFFFF, 0x20000000, 0x60000000, 12345};
-    const std::uint32_t edges2[] = {0, 1 << 21, (1 << 21) - 1, top, 0x40000000, 0x20000000, 0x60000000, 1, 2, 3};
+    const std::uint32_t edges1[] = {0,          1,          2,          top,        top - 1,
+                                    0x40000000, 0x3FFFFFFF, 0x20000000, 0x60000000, 12345};
+    const std::uint32_t edges2[] = {0, 1 << 21, (1 << 21) - 1, top, 0x40000000, 0x20000000, 0x60000000, 1,
+                                    2, 3};
     for (std::size_t i = 0; i < std::size(edges1); ++i) {
         r1[i] = edges1[i];
         r2[i] = edges2[i];
@@ -54,14 +56,15 @@ TEST(GaussianNoise, TransformMatchesLongDoubleReference)
     for (std::size_t k = 0; k < r1.size(); ++k)
         pairs += QByteArray::number(r1[k]) + ' ' + QByteArray::number(r2[k]) + '\n';
     QString error;
-    const auto text = reference::runPython(QStringLiteral("signal_noise.py"), {"1.5", "-0.25"}, pairs, &error);
+    const auto text =
+        reference::runPython(QStringLiteral("signal_noise.py"), {"1.5", "-0.25"}, pairs, &error);
     ASSERT_TRUE(text) << error.toStdString();
     const auto ref = reference::parseNumbers(*text);
     ASSERT_EQ(ref.size(), out.size());
     double worst = 0.0;
     for (std::size_t k = 0; k < out.size(); ++k)
         worst = std::max(worst, std::fabs(out[k] - ref[k]));
-    EXPECT_LE(worst, 1e-14);  // samples reach ±9.8
+    EXPECT_LE(worst, 1e-14); // samples reach ±9.8
     // U₁ = 0 gives exactly μ; U₁ = 1 − 2^-31 gives the largest radius, finite.
     EXPECT_EQ(out[0], -0.25);
     EXPECT_NEAR(out[3], -0.25 + 1.5 * std::sqrt(2 * 31 * std::log(2.0)), 1e-13);

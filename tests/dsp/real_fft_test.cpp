@@ -1,13 +1,19 @@
 // The shared real FFT against a direct DFT, including padded transforms that
-// follow longer ones (their stale inputs must not leak into the result).
+// follow longer ones (their stale inputs must not leak into the result), and
+// the saving and loading of measured plans.
 #include "dsp/real_fft.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <complex>
+#include <filesystem>
+#include <fstream>
 #include <numbers>
+#include <string>
 #include <vector>
+
+#include <unistd.h>
 
 namespace {
 
@@ -39,4 +45,28 @@ TEST(RealFft, PaddedTransformsMatchTheDirectSumWhateverCameBefore)
             ASSERT_NEAR(fft.output()[k].imag(), want.imag(), 1e-12) << k;
         }
     }
+}
+
+TEST(RealFft, WisdomIsSavedWholeAndOnlyFftwsIsTaken)
+{
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::temp_directory_path() / ("orvana-wisdom-" + std::to_string(::getpid()));
+    fs::create_directories(folder);
+    const std::string path = (folder / "fftw-wisdom").string();
+    const std::size_t lengths[] = {32, 128};
+    ASSERT_TRUE(RealFft::measureWisdom(lengths, path));
+    EXPECT_FALSE(fs::exists(path + ".part"));
+    std::ifstream saved(path);
+    std::string first;
+    std::getline(saved, first);
+    EXPECT_NE(first.find("fftw_wisdom"), std::string::npos) << first;
+    EXPECT_TRUE(RealFft::loadWisdom(path));
+
+    EXPECT_FALSE(RealFft::loadWisdom((folder / "missing").string()));
+    EXPECT_FALSE(RealFft::loadWisdom(folder.string())); // a folder, not a file
+    const std::string foreign = (folder / "foreign").string();
+    std::ofstream(foreign) << "(not fftw at all";
+    EXPECT_FALSE(RealFft::loadWisdom(foreign));
+    EXPECT_FALSE(RealFft::measureWisdom(lengths, (folder / "no-such-folder" / "w").string()));
+    fs::remove_all(folder);
 }

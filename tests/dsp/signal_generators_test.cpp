@@ -18,10 +18,10 @@ std::vector<double> generated(const char* mode, const char* kind, double fs, std
                               double b, double c, double d)
 {
     QString error;
-    const QStringList args{QString::fromLatin1(mode),        QString::fromLatin1(kind),
-                           QString::number(fs, 'g', 17),     QString::number(n),
-                           QString::number(a, 'g', 17),      QString::number(b, 'g', 17),
-                           QString::number(c, 'g', 17),      QString::number(d, 'g', 17)};
+    const QStringList args{QString::fromLatin1(mode),    QString::fromLatin1(kind),
+                           QString::number(fs, 'g', 17), QString::number(n),
+                           QString::number(a, 'g', 17),  QString::number(b, 'g', 17),
+                           QString::number(c, 'g', 17),  QString::number(d, 'g', 17)};
     const auto out = reference::runPython(QStringLiteral("signal_generators.py"), args, {}, &error);
     if (!out)
         ADD_FAILURE() << "reference failed: " << error.toStdString();
@@ -40,7 +40,7 @@ double maxAbsDiff(const std::vector<double>& a, const std::vector<double>& b)
 struct Case {
     const char* kind;
     double fs, a, b, c, d;
-    double scale;  // largest possible |sample|
+    double scale; // largest possible |sample|
 };
 
 void fill(const Case& k, std::vector<double>& x)
@@ -62,7 +62,7 @@ void fill(const Case& k, std::vector<double>& x)
         sincSquaredBetaSig(k.a, k.fs, x);
 }
 
-}  // namespace
+} // namespace
 
 // Whole records against the exact formula: high harmonics deep into the
 // record (phases of 8000 cycles), both paths of the sums, large phases.
@@ -74,12 +74,12 @@ TEST(SignalGenerators, MatchExactFormulaThroughoutTheRecord)
         {"sin", 1.0, -3.0, 0.123456789, 1000.0, 0, 3.0},
         {"cossum", 300, 1.0, 10.0, 0.3, 14.9, 14.0},
         {"sinsum", 2.7, 0.5, 0.0123, -2.0, 3.7, 1.5},
-        {"sinsum", 1000, 1.0, 8.1, 0.4, 64.5, 64.0},     // longest table recurrence
-        {"cossum", 300, 1.0, 1.45, 0.2, 100.0, 100.0},   // closed form
-        {"sinsum", 1000, 2.0, 0.49, 1.1, 1000.5, 2000.0},  // closed form
+        {"sinsum", 1000, 1.0, 8.1, 0.4, 64.5, 64.0},      // longest table recurrence
+        {"cossum", 300, 1.0, 1.45, 0.2, 100.0, 100.0},    // closed form
+        {"sinsum", 1000, 2.0, 0.49, 1.1, 1000.5, 2000.0}, // closed form
         {"mixer", 100, 2.0, 25.0, 3.0, 5.0, 6.0},
         {"sinc", 300, 1.0, 0, 0, 0, 1.0},
-        {"sinc", 1e6, 0.37, 0, 0, 0, 1.0},   // arguments below 1 for every sample
+        {"sinc", 1e6, 0.37, 0, 0, 0, 1.0}, // arguments below 1 for every sample
         {"sinc2", 7.0, -2.5, 0, 0, 0, 1.0},
     };
     for (const Case& k : cases) {
@@ -118,7 +118,7 @@ TEST(SignalGenerators, HandCheckedSamples)
 
     sincBetaSig(1.0, 300.0, x);
     EXPECT_EQ(x[0], 1.0);
-    EXPECT_NEAR(x[300], 0.0, 1e-15);  // kT = 1: sin(π)/π
+    EXPECT_NEAR(x[300], 0.0, 1e-15); // kT = 1: sin(π)/π
     EXPECT_NEAR(x[150], 2.0 / std::numbers::pi, 1e-15);
 
     sincSquaredBetaSig(1.0, 300.0, x);
@@ -168,7 +168,7 @@ TEST(SignalGenerators, RectangleEdgeOnTheTimeGrid)
         ASSERT_EQ(x[k], 2.0);
     for (std::size_t k = 10; k < N; ++k)
         ASSERT_EQ(x[k], 0.0);
-    rectSig(1.0, 16384.0, 1.0, x);  // the whole record
+    rectSig(1.0, 16384.0, 1.0, x); // the whole record
     for (double v : x)
         ASSERT_EQ(v, 1.0);
 }

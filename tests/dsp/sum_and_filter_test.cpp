@@ -29,7 +29,7 @@ QByteArray line(const std::vector<double>& v)
     return text + '\n';
 }
 
-}  // namespace
+} // namespace
 
 TEST(SumAndFilter, SignedSums)
 {
@@ -101,7 +101,8 @@ TEST(SumAndFilter, MatchesNumpyConvolution)
         std::vector<double> y(N);
         convolutionSysOut(x, h, y);
         QString error;
-        const auto out = reference::runPython(QStringLiteral("project_systems.py"), {"conv"}, line(h) + line(x), &error);
+        const auto out =
+            reference::runPython(QStringLiteral("project_systems.py"), {"conv"}, line(h) + line(x), &error);
         ASSERT_TRUE(out) << error.toStdString();
         const auto ref = reference::parseNumbers(*out);
         ASSERT_EQ(ref.size(), N);

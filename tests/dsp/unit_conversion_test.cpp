@@ -27,16 +27,16 @@ TEST(UnitConversion, VoltUnits)
 
 TEST(UnitConversion, FreqUnits)
 {
-    auto f = freqUnits(0, 1, 3.0, 35.0, 0, 2);  // only x₁
+    auto f = freqUnits(0, 1, 3.0, 35.0, 0, 2); // only x₁
     EXPECT_EQ(f.code, 0);
     EXPECT_EQ(f.maxFreq, 3.0);
-    f = freqUnits(0, 1, 3.0, 35.0, 2, 1);  // only x₂
+    f = freqUnits(0, 1, 3.0, 35.0, 2, 1); // only x₂
     EXPECT_EQ(f.code, 1);
     EXPECT_EQ(f.maxFreq, 35.0);
     f = freqUnits(1, 1, 3.0, 35.0, 0, 0);
     EXPECT_EQ(f.code, 1);
     EXPECT_EQ(f.maxFreq, 35.0);
-    f = freqUnits(1, 0, 3500.0, 2.0, 0, 1);  // KHz and MHz → MHz
+    f = freqUnits(1, 0, 3500.0, 2.0, 0, 1); // KHz and MHz → MHz
     EXPECT_EQ(f.code, 0);
     EXPECT_EQ(f.maxFreq, 3.5);
     f = freqUnits(0, 1, 3.0, 500.0, 1, 0);
@@ -46,11 +46,11 @@ TEST(UnitConversion, FreqUnits)
 
 TEST(UnitConversion, RescaleToMillivolts)
 {
-    const std::vector<double> y{0.5, -3.0, 0.25};  // largest sample 0.5, magnitude 3
+    const std::vector<double> y{0.5, -3.0, 0.25}; // largest sample 0.5, magnitude 3
     std::vector<double> out(3);
     EXPECT_EQ(rescale(y, 0, out), 1);
     EXPECT_EQ(out, (std::vector<double>{500.0, -3000.0, 250.0}));
-    EXPECT_EQ(rescale(y, 1, out), 1);  // already mV: unchanged
+    EXPECT_EQ(rescale(y, 1, out), 1); // already mV: unchanged
     EXPECT_EQ(out, y);
     const std::vector<double> big{1.0, 0.0};
     EXPECT_EQ(rescale(big, 0, out), 0);
