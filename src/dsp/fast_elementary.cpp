@@ -171,24 +171,29 @@ struct Bins {
         using VU = typename L::VU;
         const std::size_t n = X.size();
         const double* x = reinterpret_cast<const double*>(X.data());
-        // |v| ≤ tiny, for tiny ≥ 0, is bits(|v|) ≤ bits(tiny): the difference keeps its sign bit clear.
-        std::uint64_t tinyBits;
-        std::memcpy(&tinyBits, &tiny, sizeof tinyBits);
-        const VU magnitude = VU{} + 0x7FFFFFFFFFFFFFFFULL;
         typename L::VI evens;
         for (std::size_t l = 0; l < L::count; ++l)
             evens[l] = static_cast<std::int64_t>(2 * l);
-        // Rare lanes (power outside the normal range, as in Decibels; a bin near zero,
-        // which clears its sign bit in `far`) are only noted, a block of vectors at a
-        // time, and the few blocks that have them are gone over again lane by lane.
+        // Rare lanes are only noted, a block of vectors at a time, and the few blocks
+        // that have them are gone over again bin by bin. Rare is a power outside
+        // [max(4·tiny², DBL_MIN), DBL_MAX] or NaN: that takes in every power the
+        // vector logarithm cannot do and every bin near zero (its power is at most
+        // 2·tiny²). In integer terms y = bits(power) − bits(low) is rare when y or
+        // y + 2^63 − span reaches the sign bit, span being the number of doubles in range.
+        const double lowPower = 4.0 * tiny * tiny > DBL_MIN ? 4.0 * tiny * tiny : DBL_MIN;
+        std::uint64_t lowBits, highBits;
+        const double highPower = DBL_MAX;
+        std::memcpy(&lowBits, &lowPower, sizeof lowBits);
+        std::memcpy(&highBits, &highPower, sizeof highBits);
+        const std::uint64_t shift = (std::uint64_t{1} << 63) - (highBits - lowBits + 1);
         constexpr std::size_t kBlock = 8 * L::count;
         std::size_t count = 0;
-        const auto redo = [&](std::size_t from, std::size_t to, bool outside, bool near) {
+        const auto redo = [&](std::size_t from, std::size_t to) {
             for (std::size_t k = from; k < to; ++k) {
                 const double power = std::norm(X[k]);
-                if (outside && !(power >= DBL_MIN && power <= DBL_MAX))
+                if (!(power >= DBL_MIN && power <= DBL_MAX))
                     dB[k] = 10.0 * std::log10(power);
-                if (near && std::fabs(X[k].real()) <= tiny && std::fabs(X[k].imag()) <= tiny)
+                if (std::fabs(X[k].real()) <= tiny && std::fabs(X[k].imag()) <= tiny)
                     nearZero[count++] = static_cast<std::uint16_t>(k);
             }
         };
@@ -196,25 +201,21 @@ struct Bins {
         while (i + L::count <= n) {
             const std::size_t blockEnd = std::min(n - n % L::count, i + kBlock);
             const std::size_t blockStart = i;
-            VU outside = {};
-            VU near = {};
+            VU rare = {};
             for (; i < blockEnd; i += L::count) {
                 const V a = L::load(x + 2 * i);
                 const V b = L::load(x + 2 * i + L::count);
                 const V r = __builtin_shuffle(a, b, evens);
                 const V m = __builtin_shuffle(a, b, evens + 1);
                 const V power = r * r + m * m;
-                const VU y = (VU)power - 0x0010000000000000ULL;
-                outside |= y | (y + 0x0020000000000000ULL);
-                near |= ~((tinyBits - ((VU)r & magnitude)) | (tinyBits - ((VU)m & magnitude)));
+                const VU y = (VU)power - lowBits;
+                rare |= y | (y + shift);
                 L::store(dB.data() + i, L::decibels(power));
                 if constexpr (WithPhase)
                     L::store(phase.data() + i, L::arctangent(m, r));
             }
-            const bool anyOutside = L::anySign(outside);
-            const bool anyNear = L::anySign(near);
-            if (anyOutside || anyNear)
-                redo(blockStart, blockEnd, anyOutside, anyNear);
+            if (L::anySign(rare))
+                redo(blockStart, blockEnd);
         }
         // The last few bins go through the same arithmetic, one lane used.
         const std::size_t tail = i;
@@ -225,7 +226,7 @@ struct Bins {
             if constexpr (WithPhase)
                 phase[i] = L::arctangent(m, r)[0];
         }
-        redo(tail, n, true, true);
+        redo(tail, n);
         return count;
     }
 
