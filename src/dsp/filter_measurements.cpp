@@ -45,12 +45,20 @@ Filt3dBResult calcFilt3dB(int type, std::span<const double> m, double theta0)
         s = start > 0.0 ? std::min(static_cast<std::size_t>(start), n - 1) : 0;
     }
 
+    // k: the last point from s on above −3 dB (a plain loop each way round, as it runs long).
     std::size_t k = 0;
-    for (std::size_t i = n; i-- > s;) {
-        if (at(i) > -3.0) {
-            k = i;
-            break;
-        }
+    if (!reversed) {
+        for (std::size_t i = n; i-- > s;)
+            if (m[i] > -3.0) {
+                k = i;
+                break;
+            }
+    } else {
+        for (std::size_t j = 0; j < n - s; ++j)
+            if (m[j] > -3.0) {
+                k = n - 1 - j;
+                break;
+            }
     }
     const double f =
         (static_cast<double>(k) + (at(k) + 3.0) / (at(k) - at(k + 1))) / static_cast<double>(n - 1);
