@@ -23,6 +23,13 @@ constexpr double kLn2Hi = 6.93147180369123816490e-01; // ln 2, high bits (exact 
 constexpr double kLn2Lo = 1.90821492927058770002e-10; // ln 2 − kLn2Hi
 constexpr double kTenOverLn10 = 4.3429448190325182765;
 constexpr std::uint64_t kSqrtHalfBits = 0x3FE6A09E667F3BCDULL; // √½
+constexpr double kLg1 = 6.666666666666735130e-01; // fdlibm's log polynomial
+constexpr double kLg2 = 3.999999999940941908e-01;
+constexpr double kLg3 = 2.857142874366239149e-01;
+constexpr double kLg4 = 2.222219843214978396e-01;
+constexpr double kLg5 = 1.818357216161805012e-01;
+constexpr double kLg6 = 1.531383769920937332e-01;
+constexpr double kLg7 = 1.479819860511658591e-01;
 constexpr double kTan3PiOver8 = 2.41421356237309504880;
 constexpr double kPiOver2 = 1.57079632679489661923;
 constexpr double kPiOver4 = 0.78539816339744830962;
@@ -48,21 +55,16 @@ template <std::size_t Bytes> struct Elementary : vector_dispatch::Lanes<Bytes> {
         const VU biasedE = shifted >> 52;
         const V m = (V)(bits - (shifted & 0xFFF0000000000000ULL) + (1024ULL << 52));
         const V e = (V)(biasedE + 0x4338000000000000ULL) - splat(6755399441055744.0 + 1024.0);
-        // ln m = 2·atanh(s), s = (m − 1)/(m + 1), |s| ≤ 0.1716: eleven terms reach 1e-17.
+        // ln m = ln(1 + f) = f − f²/2 + s·(f²/2 + R(s²)), s = f/(2 + f), |s| ≤ 0.1716, with
+        // fdlibm's minimax R in even and odd halves (shorter chains than one Horner sum).
         const V f = m - 1.0;
         const V s = f / (2.0 + f);
         const V z = s * s;
-        V poly = splat(1.0 / 21.0);
-        poly = poly * z + 1.0 / 19.0;
-        poly = poly * z + 1.0 / 17.0;
-        poly = poly * z + 1.0 / 15.0;
-        poly = poly * z + 1.0 / 13.0;
-        poly = poly * z + 1.0 / 11.0;
-        poly = poly * z + 1.0 / 9.0;
-        poly = poly * z + 1.0 / 7.0;
-        poly = poly * z + 1.0 / 5.0;
-        poly = poly * z + 1.0 / 3.0;
-        const V lnm = 2.0 * s + 2.0 * s * z * poly;
+        const V w = z * z;
+        const V odd = w * (kLg2 + w * (kLg4 + w * kLg6));
+        const V even = z * (kLg1 + w * (kLg3 + w * (kLg5 + w * kLg7)));
+        const V halfSquare = 0.5 * f * f;
+        const V lnm = f - (halfSquare - s * (halfSquare + (even + odd)));
         return kTenOverLn10 * (e * kLn2Hi + (lnm + e * kLn2Lo));
     }
 
