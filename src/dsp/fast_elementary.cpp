@@ -1,5 +1,5 @@
 // Vectorised log and atan. The logarithm splits off the binary exponent and
-// sums the atanh series of the mantissa; the arctangent is Cephes' reduction
+// sums fdlibm's series for the mantissa; the arctangent is Cephes' reduction
 // to |t| ≤ 0.66 with its rational approximation, the reduction folded into a
 // single division. Both are written once on GCC/Clang vector types of any
 // width and run at the widest the processor has, with masks in place of
