@@ -207,8 +207,8 @@ struct Bins {
             for (; i < blockEnd; i += L::count) {
                 const V a = L::load(x + 2 * i);
                 const V b = L::load(x + 2 * i + L::count);
-                const V r = __builtin_shuffle(a, b, evens);
-                const V m = __builtin_shuffle(a, b, evens + 1);
+                const V r = L::shuffle(a, b, evens);
+                const V m = L::shuffle(a, b, evens + 1);
                 const V power = r * r + m * m;
                 const VU y = (VU)power - lowBits;
                 rare |= y | (y + shift);

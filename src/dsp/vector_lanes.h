@@ -73,6 +73,23 @@ template <std::size_t Bytes> struct Lanes {
         return (any >> 63) != 0;
     }
 
+    // r[l] = lane from[l] of a:b (0..count−1 from a, count..2·count−1 from b); from is constant
+    // where it is used, so GCC emits one shuffle. Clang's builtin wants literal indices instead,
+    // and makes the same shuffle of the lane-by-lane form.
+    [[gnu::always_inline]] static V shuffle(const V& a, const V& b, const VI& from)
+    {
+#if defined(__clang__)
+        V r;
+        for (std::size_t l = 0; l < count; ++l) {
+            const auto i = static_cast<std::size_t>(from[l]);
+            r[l] = i < count ? a[i] : b[i - count];
+        }
+        return r;
+#else
+        return __builtin_shuffle(a, b, from);
+#endif
+    }
+
     // Inclusive running sum across the lanes: r[l] = v[0] + … + v[l].
     [[gnu::always_inline]] static V runningSum(V v)
     {
@@ -80,7 +97,7 @@ template <std::size_t Bytes> struct Lanes {
             VI from;
             for (std::size_t l = 0; l < count; ++l)
                 from[l] = static_cast<std::int64_t>(l >= shift ? l - shift : count); // count: a zero lane
-            v += __builtin_shuffle(v, V{}, from);
+            v += shuffle(v, V{}, from);
         }
         return v;
     }
@@ -91,7 +108,7 @@ template <std::size_t Bytes> struct Lanes {
         VI from;
         for (std::size_t l = 0; l < count; ++l)
             from[l] = static_cast<std::int64_t>(count - 1);
-        return __builtin_shuffle(v, from);
+        return shuffle(v, v, from);
     }
 };
 
