@@ -23,7 +23,7 @@ constexpr double kLn2Hi = 6.93147180369123816490e-01; // ln 2, high bits (exact 
 constexpr double kLn2Lo = 1.90821492927058770002e-10; // ln 2 − kLn2Hi
 constexpr double kTenOverLn10 = 4.3429448190325182765;
 constexpr std::uint64_t kSqrtHalfBits = 0x3FE6A09E667F3BCDULL; // √½
-constexpr double kLg1 = 6.666666666666735130e-01; // fdlibm's log polynomial
+constexpr double kLg1 = 6.666666666666735130e-01;              // fdlibm's log polynomial
 constexpr double kLg2 = 3.999999999940941908e-01;
 constexpr double kLg3 = 2.857142874366239149e-01;
 constexpr double kLg4 = 2.222219843214978396e-01;
@@ -103,69 +103,11 @@ template <std::size_t Bytes> struct Elementary : vector_dispatch::Lanes<Bytes> {
 
 // The kernels, each for vectors of Bytes.
 
-struct Decibels {
-    template <std::size_t Bytes>
-    [[gnu::always_inline]] static void run(std::span<const double> power, std::span<double> dB)
-    {
-        using L = Elementary<Bytes>;
-        const std::size_t n = std::min(power.size(), dB.size());
-        const double* p = power.data();
-        double* out = dB.data();
-        // Lanes outside the normal range (zero, subnormal, infinite, NaN, negative) are
-        // noted and left to the library's log10 afterwards: y = bits − bits(DBL_MIN) of
-        // a positive normal lies below 0x7FE0…, so neither y nor y + 0x0020… reaches the
-        // sign bit.
-        typename L::VU outside = {};
-        std::size_t i = 0;
-        for (; i + L::count <= n; i += L::count) {
-            const typename L::V v = L::load(p + i);
-            const typename L::VU y = (typename L::VU)v - 0x0010000000000000ULL;
-            outside |= y | (y + 0x0020000000000000ULL);
-            L::store(out + i, L::decibels(v));
-        }
-        bool anyOutside = L::anySign(outside);
-        for (; i < n; ++i) {
-            double tail[L::count];
-            std::fill(std::begin(tail), std::end(tail), 1.0);
-            tail[0] = p[i];
-            L::store(tail, L::decibels(L::load(tail)));
-            out[i] = tail[0];
-            anyOutside = anyOutside || !(p[i] >= DBL_MIN && p[i] <= DBL_MAX);
-        }
-        if (!anyOutside)
-            return;
-        for (i = 0; i < n; ++i)
-            if (!(p[i] >= DBL_MIN && p[i] <= DBL_MAX))
-                out[i] = 10.0 * std::log10(p[i]);
-    }
-};
-
-struct Arctangents {
-    template <std::size_t Bytes>
-    [[gnu::always_inline]] static void run(std::span<const double> im, std::span<const double> re,
-                                           std::span<double> out)
-    {
-        using L = Elementary<Bytes>;
-        const std::size_t n = std::min({im.size(), re.size(), out.size()});
-        std::size_t i = 0;
-        for (; i + L::count <= n; i += L::count)
-            L::store(out.data() + i, L::arctangent(L::load(im.data() + i), L::load(re.data() + i)));
-        for (; i < n; ++i) {
-            double y[L::count] = {im[i]};
-            double x[L::count];
-            std::fill(std::begin(x), std::end(x), 1.0);
-            x[0] = re[i];
-            L::store(y, L::arctangent(L::load(y), L::load(x)));
-            out[i] = y[0];
-        }
-    }
-};
-
 // One pass from the complex bins to dB and phase, nothing stored in between.
 struct Bins {
     template <std::size_t Bytes, bool WithPhase>
-    [[gnu::always_inline]] static std::size_t pass(std::span<const std::complex<double>> X, std::span<double> dB,
-                                                   std::span<double> phase, double tiny,
+    [[gnu::always_inline]] static std::size_t pass(std::span<const std::complex<double>> X,
+                                                   std::span<double> dB, std::span<double> phase, double tiny,
                                                    std::span<std::uint16_t> nearZero)
     {
         using L = Elementary<Bytes>;
@@ -233,8 +175,8 @@ struct Bins {
     }
 
     template <std::size_t Bytes>
-    [[gnu::always_inline]] static std::size_t run(std::span<const std::complex<double>> X, std::span<double> dB,
-                                                  std::span<double> phase, double tiny,
+    [[gnu::always_inline]] static std::size_t run(std::span<const std::complex<double>> X,
+                                                  std::span<double> dB, std::span<double> phase, double tiny,
                                                   std::span<std::uint16_t> nearZero)
     {
         return phase.empty() ? pass<Bytes, false>(X, dB, phase, tiny, nearZero)
@@ -281,16 +223,6 @@ struct Range {
 };
 
 } // namespace
-
-void decibelsOfPower(std::span<const double> power, std::span<double> dB)
-{
-    vector_dispatch::run<Decibels>(power, dB);
-}
-
-void arctangentOfRatio(std::span<const double> im, std::span<const double> re, std::span<double> out)
-{
-    vector_dispatch::run<Arctangents>(im, re, out);
-}
 
 std::size_t decibelsAndPhaseOfBins(std::span<const std::complex<double>> X, std::span<double> dB,
                                    std::span<double> phase, double tiny, std::span<std::uint16_t> nearZero)
