@@ -9,15 +9,26 @@
 #include <memory>
 #include <stdexcept>
 
-RealFft::RealFft(std::size_t n) : n_(n), written_(n)
+namespace {
+
+bool isValidLength(std::size_t n)
 {
-    if (n < 2 || n > (std::size_t{1} << 20) || (n & (n - 1)) != 0)
+    return n >= 2 && n <= (std::size_t{1} << 20) && (n & (n - 1)) == 0;
+}
+
+} // namespace
+
+// ESTIMATE keeps the first design quick (or picks up loaded wisdom); the plan is reused afterwards.
+RealFft::RealFft(std::size_t n) : RealFft(n, FFTW_ESTIMATE) {}
+
+RealFft::RealFft(std::size_t n, unsigned rigour) : n_(n), written_(n)
+{
+    if (!isValidLength(n))
         throw std::invalid_argument("RealFft: length must be a power of two");
     in_ = fftw_alloc_real(n);
     out_ = reinterpret_cast<std::complex<double>*>(fftw_alloc_complex(n / 2 + 1));
-    // ESTIMATE keeps the first design quick (or picks up loaded wisdom); the plan is reused afterwards.
     plan_ = fftw_plan_dft_r2c_1d(static_cast<int>(n), in_, reinterpret_cast<fftw_complex*>(out_),
-                                 FFTW_ESTIMATE | FFTW_PRESERVE_INPUT);
+                                 rigour | FFTW_PRESERVE_INPUT);
 }
 
 RealFft::~RealFft()
@@ -25,11 +36,6 @@ RealFft::~RealFft()
     fftw_destroy_plan(plan_);
     fftw_free(in_);
     fftw_free(out_);
-}
-
-void RealFft::execute()
-{
-    fftw_execute(plan_);
 }
 
 void RealFft::executePadded(std::span<const double> x)
@@ -53,17 +59,11 @@ RealFft& RealFft::ofSize(std::size_t n)
 
 bool RealFft::measureWisdom(std::span<const std::size_t> lengths, const std::string& path)
 {
+    // Planning with MEASURE leaves the measured plans in FFTW's wisdom.
     for (const std::size_t n : lengths) {
-        if (n < 2 || n > (std::size_t{1} << 20) || (n & (n - 1)) != 0)
+        if (!isValidLength(n))
             return false;
-        double* in = fftw_alloc_real(n);
-        fftw_complex* out = fftw_alloc_complex(n / 2 + 1);
-        // The same flags as the constructor's apart from the rigour, so the wisdom applies to its plans.
-        fftw_plan plan =
-            fftw_plan_dft_r2c_1d(static_cast<int>(n), in, out, FFTW_MEASURE | FFTW_PRESERVE_INPUT);
-        fftw_destroy_plan(plan);
-        fftw_free(in);
-        fftw_free(out);
+        const RealFft measured(n, FFTW_MEASURE);
     }
     // Written beside the target and renamed over it, so a reader never sees half a file.
     const std::string temporary = path + ".part";

@@ -20,18 +20,11 @@ public:
     RealFft& operator=(const RealFft&) = delete;
 
     std::size_t size() const { return n_; }
-    // n real inputs; fill before execute().
-    std::span<double> input()
-    {
-        written_ = n_;
-        return {in_, n_};
-    }
-    // n/2 + 1 bins; the rest of the spectrum is their complex conjugate mirror.
-    std::span<const std::complex<double>> output() const { return {out_, n_ / 2 + 1}; }
-    void execute();
     // Transform of x (x.size() ≤ n) zero padded to n. The plan leaves its input alone, so only
-    // the slots written since the last padded transform need clearing again.
+    // the slots written by the last transform need clearing again.
     void executePadded(std::span<const double> x);
+    // n/2 + 1 bins of the last transform; the rest of the spectrum is their complex conjugate mirror.
+    std::span<const std::complex<double>> output() const { return {out_, n_ / 2 + 1}; }
 
     // The shared transform of length n, created on first use.
     static RealFft& ofSize(std::size_t n);
@@ -44,6 +37,9 @@ public:
     static bool loadWisdom(const std::string& path);
 
 private:
+    // rigour: FFTW's planning flag (FFTW_ESTIMATE or FFTW_MEASURE).
+    RealFft(std::size_t n, unsigned rigour);
+
     std::size_t n_;
     std::size_t written_; // inputs from here on are known to be zero
     double* in_;
