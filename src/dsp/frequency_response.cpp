@@ -107,9 +107,8 @@ struct Unwrap {
         // A notch at i (2 ≤ i < n − 3): the magnitude stops falling, then climbs by at
         // least 0.5 dB a point, slowing down. Away from a notch every upward step of
         // the wrapped phase is a wrap by π; across a notch a downward step is the
-        // linear-phase jump of π. Steps are counted in whole turns of π so the running
-        // sum carries no rounding.
-        // Steps are whole numbers held as doubles, so their running sum is exact.
+        // linear-phase jump of π. Steps are counted in whole turns of π (whole numbers
+        // held as doubles) so the running sum carries no rounding.
         std::array<double, kResponsePoints> step;
         for (std::size_t j = 0; j + 1 < n; ++j) {
             const double up = P[j + 1] > P[j] ? 1.0 : 0.0;
