@@ -30,31 +30,42 @@ std::optional<double> parseNumber(const QString& text)
     return v;
 }
 
-bool parseOrComplain(QCommandLineParser& parser, const QStringList& args)
+std::optional<int> parseVerbArguments(QCommandLineParser& parser, const QStringList& args,
+                                      Positionals positionals)
 {
-    if (parser.parse(args) && parser.positionalArguments().isEmpty())
-        return true;
-    QString message = parser.errorText();
-    if (message.isEmpty())
-        message = QStringLiteral("Unexpected argument: %1").arg(parser.positionalArguments().join(' '));
-    printErr(message + QLatin1Char('\n') + parser.helpText());
-    return false;
+    const bool parsed = parser.parse(args);
+    if (!parsed || (positionals == Positionals::None && !parser.positionalArguments().isEmpty())) {
+        QString message = parser.errorText();
+        if (parsed)
+            message = QStringLiteral("Unexpected argument: %1").arg(parser.positionalArguments().join(' '));
+        printErr(message + QLatin1Char('\n') + parser.helpText());
+        return Usage;
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        printOut(parser.helpText());
+        return Designed;
+    }
+    return std::nullopt;
 }
 
-bool parseWithPositionalsOrComplain(QCommandLineParser& parser, const QStringList& args)
+QCommandLineOption helpOption()
 {
-    if (parser.parse(args))
-        return true;
-    printErr(parser.errorText() + QLatin1Char('\n') + parser.helpText());
-    return false;
+    return QCommandLineOption({QStringLiteral("h"), QStringLiteral("help")},
+                              QStringLiteral("Show this help."));
+}
+
+QCommandLineOption jsonOption()
+{
+    return QCommandLineOption(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
 }
 
 QCommandLineOption libraryOption()
 {
-    return QCommandLineOption(QStringLiteral("library"),
-                              QStringLiteral("Design library folder (default: $%1, else the per-user folder).")
-                                  .arg(QString::fromLatin1(kLibraryEnvironmentVariable)),
-                              QStringLiteral("dir"));
+    return QCommandLineOption(
+        QStringLiteral("library"),
+        QStringLiteral("Design library folder (default: $%1, else the per-user folder).")
+            .arg(QString::fromLatin1(kLibraryEnvironmentVariable)),
+        QStringLiteral("dir"));
 }
 
 DesignLibrary& prepareCliLibrary(const QString& verb, const QString& optionValue)
@@ -85,4 +96,4 @@ void printErr(const QString& text)
         std::fputc('\n', stderr);
 }
 
-}  // namespace cli
+} // namespace cli

@@ -14,22 +14,28 @@ class QCommandLineParser;
 namespace cli {
 
 enum ExitCode : int {
-    Designed = 0,  // a design was made (or the command did its work)
-    Refused = 1,   // the model refused the input; the message says why
-    Usage = 2,     // the command line itself is wrong
+    Designed = 0, // a design was made (or the command did its work)
+    Refused = 1,  // the model refused the input; the message says why
+    Usage = 2,    // the command line itself is wrong
 };
 
 // A number as typed: plain decimals, exponents, and "nan"/"inf" (which the
 // models then refuse with their own message). Anything else is not a number.
 std::optional<double> parseNumber(const QString& text);
 
-// Parses the verb's arguments; on a usage error prints it with the help
-// text to stderr and returns false. `args` starts with the program name.
-bool parseOrComplain(QCommandLineParser& parser, const QStringList& args);
+// Whether a verb takes positional arguments.
+enum class Positionals { None, Allowed };
 
-// The same for a verb that takes positional arguments.
-bool parseWithPositionalsOrComplain(QCommandLineParser& parser, const QStringList& args);
+// Parses the verb's arguments (`args` starts with the program name). A usage error is
+// printed with the help text to stderr and gives Usage; --help prints the help text and
+// gives Designed; otherwise there is no answer and the verb goes on.
+std::optional<int> parseVerbArguments(QCommandLineParser& parser, const QStringList& args,
+                                      Positionals positionals);
 
+// -h/--help, which every verb takes.
+QCommandLineOption helpOption();
+// --json, for the verbs that can print one JSON object.
+QCommandLineOption jsonOption();
 // The --library DIR option every verb takes.
 QCommandLineOption libraryOption();
 // Points the process's design library at `optionValue` (else ORVANA_LIBRARY,
@@ -41,4 +47,4 @@ void printOut(const QString& text);
 void printOut(const std::string& text);
 void printErr(const QString& text);
 
-}  // namespace cli
+} // namespace cli

@@ -18,20 +18,15 @@ int runExport(const QStringList& args)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Write the integer coefficients of a saved filter design to OUT as comma-separated text."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Show this help."));
+    const QCommandLineOption help = helpOption();
     const QCommandLineOption library = libraryOption();
     parser.addOptions({help, library});
     parser.addPositionalArgument(QStringLiteral("NAME"),
                                  QStringLiteral("Filter design name (\".filt\" optional)."));
     parser.addPositionalArgument(QStringLiteral("OUT"),
                                  QStringLiteral("Text file to write (replaced if present)."));
-    if (!parseWithPositionalsOrComplain(parser, args))
-        return Usage;
-    if (parser.isSet(help)) {
-        printOut(parser.helpText());
-        return Designed;
-    }
+    if (const auto finished = parseVerbArguments(parser, args, Positionals::Allowed))
+        return *finished;
     const QStringList positional = parser.positionalArguments();
     if (positional.size() != 2) {
         printErr(QStringLiteral("orvana-cli export: give a filter design name and an output file.\n") +

@@ -167,8 +167,7 @@ int runFilter(const QStringList& args)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Design a window-method FIR filter."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Show this help."));
+    const QCommandLineOption help = helpOption();
     const QCommandLineOption units(QStringLiteral("units"), QStringLiteral("norm, khz or mhz (default mhz)."),
                                    QStringLiteral("units"), QStringLiteral("mhz"));
     const QCommandLineOption type(QStringLiteral("type"),
@@ -190,17 +189,13 @@ int runFilter(const QStringList& args)
                                    QStringLiteral("number"));
     const QCommandLineOption width(QStringLiteral("width"), QStringLiteral("double, or 20 down to 8 bits."),
                                    QStringLiteral("width"), QStringLiteral("double"));
-    const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
+    const QCommandLineOption json = jsonOption();
     const QCommandLineOption save(QStringLiteral("save"), QStringLiteral("Save the design in the library as NAME."),
                                   QStringLiteral("name"));
     const QCommandLineOption library = libraryOption();
     parser.addOptions({help, units, type, fs, cutoff, center, taps, window, param, width, json, save, library});
-    if (!parseOrComplain(parser, args))
-        return Usage;
-    if (parser.isSet(help)) {
-        printOut(parser.helpText());
-        return Designed;
-    }
+    if (const auto finished = parseVerbArguments(parser, args, Positionals::None))
+        return *finished;
 
     QVariantMap parameters;
     auto pickChoice = [&](const QCommandLineOption& option, const QStringList& names, const QString& key) {

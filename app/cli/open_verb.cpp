@@ -165,25 +165,20 @@ int runOpen(const QStringList& args)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Print the keys and values of a saved design."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Show this help."));
+    const QCommandLineOption help = helpOption();
     const QCommandLineOption diagram(
         QStringLiteral("diagram"),
         QStringLiteral("For a project: the folder of diagram 1 or 2 (default: whichever "
                        "holds NAME)."),
         QStringLiteral("1|2"));
-    const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
+    const QCommandLineOption json = jsonOption();
     const QCommandLineOption library = libraryOption();
     parser.addOptions({help, diagram, json, library});
     parser.addPositionalArgument(QStringLiteral("KIND"), QStringLiteral("filter, signal or project."));
     parser.addPositionalArgument(QStringLiteral("NAME"),
                                  QStringLiteral("Design name in the library, or the path of a design file."));
-    if (!parseWithPositionalsOrComplain(parser, args))
-        return Usage;
-    if (parser.isSet(help)) {
-        printOut(parser.helpText());
-        return Designed;
-    }
+    if (const auto finished = parseVerbArguments(parser, args, Positionals::Allowed))
+        return *finished;
     const QStringList positional = parser.positionalArguments();
     const QString kind = positional.value(0).toLower();
     if (positional.size() != 2 || (kind != QLatin1String("filter") && kind != QLatin1String("signal") &&

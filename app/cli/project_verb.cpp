@@ -78,8 +78,7 @@ int runProject(const QStringList& args)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Run a Sum & Filter (diagram 1) or Multirate (diagram 2) project from saved designs."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Show this help."));
+    const QCommandLineOption help = helpOption();
     const QCommandLineOption diagram(QStringLiteral("diagram"),
                                      QStringLiteral("1 Sum & Filter, 2 Multirate (default 1)."),
                                      QStringLiteral("1|2"), QStringLiteral("1"));
@@ -107,16 +106,12 @@ int runProject(const QStringList& args)
     const QCommandLineOption save(QStringLiteral("save"),
                                   QStringLiteral("Save the project in the library as NAME."),
                                   QStringLiteral("name"));
-    const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
+    const QCommandLineOption json = jsonOption();
     const QCommandLineOption library = libraryOption();
     parser.addOptions(
         {help, diagram, filter, sig1, sig2, sign1, sign2, interp, decim, automatic, save, json, library});
-    if (!parseOrComplain(parser, args))
-        return Usage;
-    if (parser.isSet(help)) {
-        printOut(parser.helpText());
-        return Designed;
-    }
+    if (const auto finished = parseVerbArguments(parser, args, Positionals::None))
+        return *finished;
 
     const auto diagramValue = wholeIn(parser.value(diagram), 1, 2);
     const auto sign1Value = wholeIn(parser.value(sign1), 0, 2);

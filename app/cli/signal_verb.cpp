@@ -112,7 +112,7 @@ int runSignal(const QStringList& args)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Design a 16384-sample test signal."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
+    const QCommandLineOption help = helpOption();
     const QCommandLineOption freqUnits(QStringLiteral("freq-units"), QStringLiteral("mhz or khz (default mhz)."),
                                        QStringLiteral("units"), QStringLiteral("mhz"));
     const QCommandLineOption voltUnits(QStringLiteral("volt-units"), QStringLiteral("v or mv (default v)."),
@@ -131,18 +131,14 @@ int runSignal(const QStringList& args)
                                     QStringLiteral("Parameter %1 (%2).").arg(slot + 1).arg(uses.join(QStringLiteral(", "))),
                                     QStringLiteral("number"));
     }
-    const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
+    const QCommandLineOption json = jsonOption();
     const QCommandLineOption save(QStringLiteral("save"), QStringLiteral("Save the design in the library as NAME."),
                                   QStringLiteral("name"));
     const QCommandLineOption library = libraryOption();
     parser.addOptions({help, freqUnits, voltUnits, fs, function, json, save, library});
     parser.addOptions(parms);
-    if (!parseOrComplain(parser, args))
-        return Usage;
-    if (parser.isSet(help)) {
-        printOut(parser.helpText());
-        return Designed;
-    }
+    if (const auto finished = parseVerbArguments(parser, args, Positionals::None))
+        return *finished;
 
     const QString freqText = parser.value(freqUnits).trimmed().toLower();
     const QString voltText = parser.value(voltUnits).trimmed().toLower();
