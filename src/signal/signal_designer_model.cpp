@@ -119,18 +119,25 @@ bool GVRSignalDesignerModel::checkAllParameters()
     }
 }
 
-bool GVRSignalDesignerModel::checkTrigSingle()
+bool GVRSignalDesignerModel::checkTone(double amplitude, double freq)
 {
-    const double fs = samplingFreq_, A = parms_[0], fa = parms_[1], sigma = parms_[3];
+    const double fs = samplingFreq_;
     if (fs <= 0)
         return refuse(kFsPositive);
-    if (A == 0)
+    if (amplitude == 0)
         return refuse(kAmplitude);
-    if (fa <= 0)
+    if (freq <= 0)
         return refuse(kFreqPositive);
-    if (fa >= 0.5 * fs)
+    if (freq >= 0.5 * fs)
         return refuse(kFreqNyquist, 0.5 * fs);
-    if (sigma < 0)
+    return true;
+}
+
+bool GVRSignalDesignerModel::checkTrigSingle()
+{
+    if (!checkTone(parms_[0], parms_[1]))
+        return false;
+    if (parms_[3] < 0)
         return refuse(kSigmaNonNegative);
     return checkFiniteAndUnits({"A", "fₐ", "ϕ", "σ", "μ"});
 }
@@ -153,15 +160,9 @@ bool GVRSignalDesignerModel::checkTrigDouble()
 
 bool GVRSignalDesignerModel::checkTrigSummation()
 {
-    const double fs = samplingFreq_, A = parms_[0], fa = parms_[1], M = parms_[3];
-    if (fs <= 0)
-        return refuse(kFsPositive);
-    if (A == 0)
-        return refuse(kAmplitude);
-    if (fa <= 0)
-        return refuse(kFreqPositive);
-    if (fa >= 0.5 * fs)
-        return refuse(kFreqNyquist, 0.5 * fs);
+    const double fs = samplingFreq_, fa = parms_[1], M = parms_[3];
+    if (!checkTone(parms_[0], fa))
+        return false;
     if (fa * M >= 0.5 * fs)
         return refuse(kSumNyquist, 0.5 * fs);
     if (parms_[4] < 0)

@@ -77,6 +77,8 @@ public:
     QVariantMap& signalRestorationDictionary() { return signalRestorationDictionary_; }
 
 private:
+    // fs > 0, amplitude ≠ 0, 0 < freq < fs/2, in that order (refusing at the first broken rule).
+    bool checkTone(double amplitude, double freq);
     bool checkTrigSingle();
     bool checkTrigDouble();
     bool checkTrigSummation();
