@@ -8,20 +8,13 @@
 #include <gtest/gtest.h>
 
 #include "chart_arrays.h"
+#include "scene_labels.h"
 #include "charts/chart_colors.h"
 
 namespace {
 
 constexpr float kW = 1200.0f;
 constexpr float kH = 400.0f;
-
-QStringList labelTexts(const ChartScene& scene)
-{
-    QStringList texts;
-    for (const ChartLabel& label : scene.labels)
-        texts << label.text;
-    return texts;
-}
 
 } // namespace
 
