@@ -13,20 +13,12 @@
 
 namespace filterref {
 
-inline QByteArray numbersText(std::span<const double> values)
-{
-    QByteArray text;
-    for (double v : values)
-        text += QByteArray::number(v, 'g', 17) + ' ';
-    return text;
-}
-
 // Numbers printed by the script, or an empty vector after a test failure.
 inline std::vector<double> run(const QStringList& args, std::span<const double> input = {})
 {
     QString error;
     const auto out =
-        reference::runPython(QStringLiteral("filter_reference.py"), args, numbersText(input), &error);
+        reference::runPython(QStringLiteral("filter_reference.py"), args, reference::numbersLine(input), &error);
     EXPECT_TRUE(out) << error.toStdString();
     return out ? reference::parseNumbers(*out) : std::vector<double>{};
 }

@@ -24,14 +24,6 @@ std::vector<double> randomSignal(std::size_t n, unsigned seed)
     return x;
 }
 
-QByteArray line(const std::vector<double>& v)
-{
-    QByteArray text;
-    for (double x : v)
-        text += QByteArray::number(x, 'g', 17) + ' ';
-    return text + '\n';
-}
-
 // The system as its three stages, each over L·n samples.
 std::vector<double> chain(const std::vector<double>& x, const std::vector<double>& h, int L, int M)
 {
@@ -136,7 +128,7 @@ TEST(Multirate, FusedSystemEqualsChainAndUpfirdn)
         QString error;
         const auto out = reference::runPython(QStringLiteral("project_systems.py"),
                                               {"multirate", QString::number(c.L), QString::number(c.M)},
-                                              line(h) + line(x), &error);
+                                              reference::numbersLine(h) + reference::numbersLine(x), &error);
         ASSERT_TRUE(out) << error.toStdString();
         const auto ref = reference::parseNumbers(*out);
         ASSERT_EQ(ref.size(), N);

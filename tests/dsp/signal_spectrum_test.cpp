@@ -58,11 +58,9 @@ TEST(SignalSpectrum, MatchesNumpyFft)
     std::mt19937 gen(7);
     std::uniform_real_distribution<double> u(-3.0, 3.0);
     std::vector<double> x(10000);
-    QByteArray text;
-    for (double& v : x) {
+    for (double& v : x)
         v = u(gen);
-        text += QByteArray::number(v, 'g', 17) + ' ';
-    }
+    const QByteArray text = reference::numbersLine(x);
     std::vector<double> mag(N);
     const SignalExtremes e = magSpectrum(x, mag);
     QString error;

@@ -21,14 +21,6 @@ std::vector<double> randomSignal(std::size_t n, unsigned seed)
     return x;
 }
 
-QByteArray line(const std::vector<double>& v)
-{
-    QByteArray text;
-    for (double x : v)
-        text += QByteArray::number(x, 'g', 17) + ' ';
-    return text + '\n';
-}
-
 } // namespace
 
 TEST(SumAndFilter, SignedSums)
@@ -102,7 +94,7 @@ TEST(SumAndFilter, MatchesNumpyConvolution)
         convolutionSysOut(x, h, y);
         QString error;
         const auto out =
-            reference::runPython(QStringLiteral("project_systems.py"), {"conv"}, line(h) + line(x), &error);
+            reference::runPython(QStringLiteral("project_systems.py"), {"conv"}, reference::numbersLine(h) + reference::numbersLine(x), &error);
         ASSERT_TRUE(out) << error.toStdString();
         const auto ref = reference::parseNumbers(*out);
         ASSERT_EQ(ref.size(), N);

@@ -252,12 +252,7 @@ TEST_F(ProjectModel, MultirateOutput)
     ASSERT_TRUE(model.validResultsFlag());
     std::vector<double> h(kAutoFilterTaps);
     autoGenLPF(10, 3, h);
-    QByteArray text;
-    for (double v : h)
-        text += QByteArray::number(v, 'g', 17) + ' ';
-    text += '\n';
-    for (double v : input())
-        text += QByteArray::number(v, 'g', 17) + ' ';
+    const QByteArray text = reference::numbersLine(h) + reference::numbersLine(input());
     QString error;
     const auto out = reference::runPython(QStringLiteral("project_systems.py"), {"multirate", "10", "3"}, text, &error);
     ASSERT_TRUE(out) << error.toStdString();

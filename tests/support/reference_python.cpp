@@ -30,6 +30,14 @@ std::optional<QByteArray> runPython(const QString& script, const QStringList& ar
     return p.readAllStandardOutput();
 }
 
+QByteArray numbersLine(std::span<const double> values)
+{
+    QByteArray text;
+    for (const double v : values)
+        text += QByteArray::number(v, 'g', 17) + ' ';
+    return text + '\n';
+}
+
 std::vector<double> parseNumbers(const QByteArray& text)
 {
     std::vector<double> values;

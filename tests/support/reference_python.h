@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,10 @@ QString scriptPath(const QString& name);
 // script fails (the failure text goes to `error`).
 std::optional<QByteArray> runPython(const QString& script, const QStringList& args,
                                     const QByteArray& input = {}, QString* error = nullptr);
+
+// The values as a reference script reads them: full precision, one space after each,
+// and a newline at the end (scripts read one array a line).
+QByteArray numbersLine(std::span<const double> values);
 
 // Whitespace-separated numbers of a reference's output.
 std::vector<double> parseNumbers(const QByteArray& text);
