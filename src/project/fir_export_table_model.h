@@ -4,30 +4,24 @@
 // shown in it.
 #pragma once
 
-#include <QAbstractTableModel>
 #include <QList>
 
 #include "filter/inspect_filt.h"
+#include "shell/row_table_model.h"
 
-class FirExportTableModel : public QAbstractTableModel {
+class FirExportTableModel : public RowTableModel<GVRInspectFilt> {
     Q_OBJECT
 public:
     enum Column { FilenameColumn = 0, FilterColumn = 1, LengthColumn = 2, WidthColumn = 3 };
 
     explicit FirExportTableModel(QObject* parent = nullptr);
 
-    void setRows(QList<GVRInspectFilt> rows);
-    const QList<GVRInspectFilt>& rows() const { return rows_; }
     // Identifier of a column's field: "filename", "filter", "length", "width".
     static QString columnKey(int column);
 
-    int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     // Compares the shown texts, digits as numbers ("25" before "101").
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
-
-private:
-    QList<GVRInspectFilt> rows_;
 };

@@ -3,28 +3,18 @@
 // how two cells compare, its header titles and which columns hold text.
 #pragma once
 
-#include <QAbstractTableModel>
-#include <QList>
 #include <QString>
 
-#include <algorithm>
+#include "shell/row_table_model.h"
 
-template <class Row>
-class InspectorTableModel : public QAbstractTableModel {
+template <class Row> class InspectorTableModel : public RowTableModel<Row> {
 public:
-    explicit InspectorTableModel(QObject* parent = nullptr) : QAbstractTableModel(parent) {}
+    using RowTableModel<Row>::rows;
 
-    void setRows(QList<Row> rows)
-    {
-        beginResetModel();
-        rows_ = std::move(rows);
-        endResetModel();
-    }
-    const QList<Row>& rows() const { return rows_; }
+    explicit InspectorTableModel(QObject* parent = nullptr) : RowTableModel<Row>(parent) {}
     // Column identifier of a column; empty when out of range.
     static QString columnKey(int column) { return Row::keys().value(column); }
 
-    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : int(rows_.size()); }
     int columnCount(const QModelIndex& parent = {}) const override
     {
         return parent.isValid() ? 0 : int(Row::keys().size());
@@ -32,12 +22,12 @@ public:
 
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override
     {
-        if (!index.isValid() || index.row() >= rows_.size() || index.column() >= columnCount())
+        if (!index.isValid() || index.row() >= rows().size() || index.column() >= columnCount())
             return {};
         const QString key = columnKey(index.column());
         switch (role) {
         case Qt::DisplayRole:
-            return displayText(rows_.at(index.row()), key);
+            return displayText(rows().at(index.row()), key);
         case Qt::TextAlignmentRole:
             return int((isTextColumn(key) ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
         default:
@@ -61,13 +51,7 @@ public:
         if (column < 0 || column >= columnCount())
             return;
         const QString key = columnKey(column);
-        emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
-        // Stable, so equal cells keep the folder's order.
-        std::stable_sort(rows_.begin(), rows_.end(), [&](const Row& a, const Row& b) {
-            const int c = compareCells(a, b, key);
-            return order == Qt::AscendingOrder ? c < 0 : c > 0;
-        });
-        emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+        this->sortRows(order, [&](const Row& a, const Row& b) { return compareCells(a, b, key); });
     }
 
 protected:
@@ -77,7 +61,4 @@ protected:
     virtual QString headerTitle(int column) const = 0;
     // Columns of text rather than numbers, aligned to the left.
     virtual bool isTextColumn(const QString& key) const = 0;
-
-private:
-    QList<Row> rows_;
 };
