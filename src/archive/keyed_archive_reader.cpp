@@ -52,6 +52,9 @@ private:
     bool resolve(std::uint64_t uidObject, Ref& out);
     bool classOf(std::uint64_t dict, std::string& name);
     bool checkDict(std::uint64_t dict);
+    // An archived object: a checked dictionary (notAnObject when it is none), put on the
+    // decoding path, and its allowed class name.
+    bool enterObject(std::uint64_t dict, const QString& notAnObject, std::string& className);
     bool arrayElements(std::uint64_t dict, std::uint64_t maxCount, const QString& what,
                        std::vector<std::uint64_t>& elements);
     bool decodeRecord(std::uint64_t dict, const ArchiveSchema& schema, ArchiveRecord& out);
@@ -156,16 +159,21 @@ bool Decoder::checkDict(std::uint64_t dict)
     return true;
 }
 
-bool Decoder::arrayElements(std::uint64_t dict, std::uint64_t maxCount, const QString& what,
-                            std::vector<std::uint64_t>& elements)
+bool Decoder::enterObject(std::uint64_t dict, const QString& notAnObject, std::string& className)
 {
     if (plist_.type(dict) != Type::Dict)
-        return fail(QStringLiteral("%1 is not an array").arg(what));
+        return fail(notAnObject);
     if (!checkDict(dict))
         return false;
     path_.push_back(dict);
+    return classOf(dict, className);
+}
+
+bool Decoder::arrayElements(std::uint64_t dict, std::uint64_t maxCount, const QString& what,
+                            std::vector<std::uint64_t>& elements)
+{
     std::string name;
-    if (!classOf(dict, name))
+    if (!enterObject(dict, QStringLiteral("%1 is not an array").arg(what), name))
         return false;
     if (std::find(kArrayClasses.begin(), kArrayClasses.end(), name) == kArrayClasses.end())
         return fail(QStringLiteral("%1 is a %2, not an array").arg(what, quoted(name)));
@@ -241,13 +249,8 @@ bool Decoder::decodeValue(std::uint64_t object, const ArchiveField& field, Archi
 
 bool Decoder::decodeRecord(std::uint64_t dict, const ArchiveSchema& schema, ArchiveRecord& out)
 {
-    if (plist_.type(dict) != Type::Dict)
-        return fail(QStringLiteral("its root array holds something other than a design"));
-    if (!checkDict(dict))
-        return false;
-    path_.push_back(dict);
     std::string name;
-    if (!classOf(dict, name))
+    if (!enterObject(dict, QStringLiteral("its root array holds something other than a design"), name))
         return false;
     if (name != schema.className)
         return fail(QStringLiteral("it holds a %1 record where a %2 belongs").arg(quoted(name), quoted(schema.className)));
