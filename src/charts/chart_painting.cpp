@@ -45,13 +45,18 @@ void drawTextAt(QPainter& painter, QPointF at, const QString& text, const QFont&
     painter.restore();
 }
 
-void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, const QFont& labelFont)
+void beginFramedView(QPainter& painter, QSizeF size, qreal lineWidth)
 {
-    painter.save();
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.setRenderHint(QPainter::TextAntialiasing, true);
     useLowerLeftOrigin(painter, size);
-    drawFrame(painter, size, kChartLineWidth);
+    drawFrame(painter, size, lineWidth);
+}
+
+void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, const QFont& labelFont)
+{
+    painter.save();
+    beginFramedView(painter, size, kChartLineWidth);
     if (!scene.hasData) {
         painter.restore();
         return;

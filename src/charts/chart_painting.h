@@ -27,6 +27,10 @@ void useLowerLeftOrigin(QPainter& painter, QSizeF size);
 // Fills the bounds white and strokes them black at `lineWidth`.
 void drawFrame(QPainter& painter, QSizeF size, qreal lineWidth);
 
+// How every chart and panel starts: antialiased lines and text, the origin at the
+// lower-left corner, and the frame at `lineWidth`.
+void beginFramedView(QPainter& painter, QSizeF size, qreal lineWidth);
+
 // Draws `text` upright in black with the lower-left corner of its text box at
 // `at` (lower-left coordinates): the baseline sits one descent above it.
 void drawTextAt(QPainter& painter, QPointF at, const QString& text, const QFont& font);

@@ -36,10 +36,7 @@ void GVRViewBlockDiagram::paintEvent(QPaintEvent*)
     };
 
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setRenderHint(QPainter::TextAntialiasing, true);
-    chartpaint::useLowerLeftOrigin(painter, size);
-    chartpaint::drawFrame(painter, size, chartpaint::kDiagramLineWidth);
+    chartpaint::beginFramedView(painter, size, chartpaint::kDiagramLineWidth);
     const QPen outline(chartcolors::outline(), chartpaint::kDiagramLineWidth, Qt::SolidLine, Qt::FlatCap,
                        Qt::MiterJoin);
     painter.setPen(outline);

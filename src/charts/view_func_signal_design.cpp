@@ -38,10 +38,7 @@ void GVRViewFuncSignalDesign::paintEvent(QPaintEvent*)
 {
     const QSizeF size = this->size();
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setRenderHint(QPainter::TextAntialiasing, true);
-    chartpaint::useLowerLeftOrigin(painter, size);
-    chartpaint::drawFrame(painter, size, chartpaint::kChartLineWidth);
+    chartpaint::beginFramedView(painter, size, chartpaint::kChartLineWidth);
     const QStringList lines = shownLines();
     for (int j = 0; j < lines.size() && j < 3; ++j)
         chartpaint::drawTextAt(painter, QPointF(20.0, 55.0 - 25.0 * j), lines[j], textFont_);

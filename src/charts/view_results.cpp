@@ -63,10 +63,7 @@ void GVRViewResults::paintEvent(QPaintEvent*)
 {
     const QSizeF size = this->size();
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setRenderHint(QPainter::TextAntialiasing, true);
-    chartpaint::useLowerLeftOrigin(painter, size);
-    chartpaint::drawFrame(painter, size, chartpaint::kChartLineWidth);
+    chartpaint::beginFramedView(painter, size, chartpaint::kChartLineWidth);
     if (!validResultsFlag_)
         return;
     for (const ResultsPanelRow& row : rows()) {
