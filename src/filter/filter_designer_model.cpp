@@ -23,6 +23,8 @@ constexpr double kMaxTaps = 255.0;
 // Past these the windows still compute but mean nothing (β = 14 already gives ~140 dB).
 constexpr double kMaxBeta = 100.0;
 constexpr double kMaxUpsilon = 20.0;
+// Numbers ahead of the dB magnitudes in the plot array.
+constexpr std::size_t kPlotHeader = 8;
 
 // A dictionary entry as a number; a missing or empty entry reads as 0, as an empty field
 // would, and anything that is not a number reads as NaN so the checks catch it.
@@ -228,9 +230,9 @@ void GVRFilterDesignerModel::firFilter()
     // The plot array: 8 header numbers, the dB magnitude of the quantised coefficients
     // and the unwrapped phase of the double ones, lower half of the response only.
     // Without quantisation both are the same coefficients and one transform serves.
-    plot.resize(8 + 2 * kResponseHalf);
-    const std::span<double> dBmagnitude(plot.data() + 8, kResponseHalf);
-    const std::span<double> unwrapped(plot.data() + 8 + kResponseHalf, kResponseHalf);
+    plot.resize(kPlotHeader + 2 * kResponseHalf);
+    const std::span<double> dBmagnitude(plot.data() + kPlotHeader, kResponseHalf);
+    const std::span<double> unwrapped(plot.data() + kPlotHeader + kResponseHalf, kResponseHalf);
     const bool quantised = d_.filterWidth != kWidthDouble;
     fftFilterHalf(c, quantised ? std::span<double>(dBdouble) : dBmagnitude, phase);
     if (quantised)
@@ -257,7 +259,7 @@ void GVRFilterDesignerModel::firFilter()
     displayFilterDesignResults();
 
     const double axisScale = d_.unitsType == 0 ? 1.0 : 0.5 * d_.thetaSamplingFreq;
-    const double header[8] = {static_cast<double>(kResponseHalf),
+    const double header[kPlotHeader] = {static_cast<double>(kResponseHalf),
                               m.largest,
                               m.smallest,
                               axisScale,
