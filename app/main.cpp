@@ -1,7 +1,7 @@
 // The desktop program: options, design library, windows.
 #include <QApplication>
 
-#include "shell/fft_tuning.h"
+#include "library/fft_tuning.h"
 #include "shell/startup.h"
 
 int main(int argc, char* argv[])

@@ -12,7 +12,7 @@
 #include "charts/view_proj_freq.h"
 #include "charts/view_proj_time.h"
 #include "project/project_window.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 #include "shell/sample_designs.h"
 
 namespace {

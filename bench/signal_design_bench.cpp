@@ -11,7 +11,7 @@
 #include "dsp/signal_generators.h"
 #include "dsp/signal_spectrum.h"
 #include "dsp/sum_and_filter.h"
-#include "project/memory_design_source.h"
+#include "library/memory_design_source.h"
 #include "project/project_model.h"
 #include "signal/signal_designer_model.h"
 

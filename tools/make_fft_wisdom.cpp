@@ -1,7 +1,7 @@
 // Build step: measures the FFT plans the models use on this machine and saves
 // FFTW's wisdom, which the programs load at start.
 #include "dsp/real_fft.h"
-#include "shell/fft_tuning.h"
+#include "library/fft_tuning.h"
 
 #include <cstdio>
 

@@ -1,8 +1,8 @@
 // Option parsing, output and library set-up shared by the verbs of orvana-cli.
 #include "cli/cli_options.h"
 
-#include "shell/design_library.h"
-#include "shell/library_location.h"
+#include "library/design_library.h"
+#include "library/library_location.h"
 #include "shell/sample_designs.h"
 
 #include <QCommandLineParser>

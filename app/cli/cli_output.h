@@ -2,7 +2,7 @@
 // what a model shows, its JSON form and the report of a --save.
 #pragma once
 
-#include "shell/note_format.h"
+#include "library/note_format.h"
 
 #include <QString>
 

@@ -5,8 +5,8 @@
 
 #include "archive/filter_archive.h"
 #include "project/fir_export_model.h"
-#include "shell/design_library.h"
-#include "shell/library_design_source.h"
+#include "library/design_library.h"
+#include "library/library_design_source.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>

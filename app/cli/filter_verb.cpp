@@ -9,8 +9,8 @@
 #include "filter/filter_design_view.h"
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
-#include "shell/design_library.h"
-#include "shell/note_format.h"
+#include "library/design_library.h"
+#include "library/note_format.h"
 
 #include <QCommandLineParser>
 

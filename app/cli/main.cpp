@@ -5,7 +5,7 @@
 
 #include "cli/cli_options.h"
 #include "cli/verbs.h"
-#include "shell/fft_tuning.h"
+#include "library/fft_tuning.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include "archive/filter_archive.h"
 #include "archive/project_archive.h"
 #include "archive/signal_archive.h"
-#include "shell/design_library.h"
-#include "shell/library_design_source.h"
+#include "library/design_library.h"
+#include "library/library_design_source.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>

@@ -6,8 +6,8 @@
 
 #include "project/project_model.h"
 #include "project/project_view.h"
-#include "shell/design_library.h"
-#include "shell/library_design_source.h"
+#include "library/design_library.h"
+#include "library/library_design_source.h"
 
 #include <QCommandLineParser>
 

@@ -6,7 +6,7 @@
 #include "cli/verbs.h"
 
 #include "dsp/signal_spectrum.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 #include "signal/signal_design_view.h"
 #include "signal/signal_designer_model.h"
 

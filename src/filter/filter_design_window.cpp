@@ -18,12 +18,12 @@
 
 #include "charts/view_filt_design.h"
 #include "charts/view_results.h"
-#include "filter/design_file_commands.h"
-#include "filter/design_file_kind.h"
+#include "widgets/design_file_commands.h"
+#include "widgets/design_file_kind.h"
 #include "filter/filter_keys.h"
-#include "filter/number_field.h"
-#include "shell/design_library.h"
-#include "shell/window_parts.h"
+#include "widgets/number_field.h"
+#include "library/design_library.h"
+#include "widgets/window_parts.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include "archive/filter_archive.h"
 #include "filter/filter_design_view.h"
 #include "filter/filter_keys.h"
-#include "shell/design_file_io.h"
-#include "shell/design_library.h"
+#include "library/design_file_io.h"
+#include "library/design_library.h"
 
 bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
 {

@@ -5,8 +5,8 @@
 #include <QTableView>
 
 #include "filter/inspector_filt_table_model.h"
-#include "shell/design_library.h"
-#include "shell/inspector_table.h"
+#include "library/design_library.h"
+#include "widgets/inspector_table.h"
 
 GVRWinFiltInspector::GVRWinFiltInspector(DesignLibrary& library, QWidget* parent)
     : QMainWindow(parent), inspectorFiltModel_(library), tableModel_(new GVRInspectorFiltTableModel(this)),

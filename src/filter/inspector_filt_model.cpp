@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "archive/filter_archive.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 
 namespace {
 

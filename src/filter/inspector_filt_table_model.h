@@ -3,7 +3,7 @@
 #pragma once
 
 #include "filter/inspect_filt.h"
-#include "shell/inspector_table_model.h"
+#include "widgets/inspector_table_model.h"
 
 class GVRInspectorFiltTableModel : public InspectorTableModel<GVRInspectFilt> {
     Q_OBJECT

@@ -4,8 +4,8 @@
 #include "archive/atomic_write.h"
 #include "archive/filter_archive.h"
 #include "filter/inspector_filt_model.h"
-#include "shell/design_library.h"
-#include "shell/library_design_source.h"
+#include "library/design_library.h"
+#include "library/library_design_source.h"
 
 GVRFirExportModel::GVRFirExportModel(const DesignLibrary& library) : library_(library) {}
 

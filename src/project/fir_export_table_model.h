@@ -7,7 +7,7 @@
 #include <QList>
 
 #include "filter/inspect_filt.h"
-#include "shell/row_table_model.h"
+#include "widgets/row_table_model.h"
 
 class FirExportTableModel : public RowTableModel<GVRInspectFilt> {
     Q_OBJECT

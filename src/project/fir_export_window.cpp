@@ -15,7 +15,7 @@
 #include <QVBoxLayout>
 
 #include "project/fir_export_table_model.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 
 const QStringList& GVRWinFirExport::bitWidthTitle()
 {

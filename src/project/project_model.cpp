@@ -10,7 +10,7 @@
 #include "dsp/signal_spectrum.h"
 #include "dsp/sum_and_filter.h"
 #include "dsp/unit_conversion.h"
-#include "project/design_source.h"
+#include "library/design_source.h"
 #include "project/project_keys.h"
 #include "project/project_view.h"
 

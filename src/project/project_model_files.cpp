@@ -4,9 +4,9 @@
 #include "archive/project_archive.h"
 #include "project/project_keys.h"
 #include "project/project_view.h"
-#include "shell/design_file_io.h"
-#include "shell/design_library.h"
-#include "shell/library_design_source.h"
+#include "library/design_file_io.h"
+#include "library/design_library.h"
+#include "library/library_design_source.h"
 
 GVRProjectModel::GVRProjectModel(const DesignSource* library) : library_(library) {}
 

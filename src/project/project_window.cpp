@@ -18,11 +18,11 @@
 #include "charts/view_block_diagram.h"
 #include "charts/view_proj_freq.h"
 #include "charts/view_proj_time.h"
-#include "filter/design_file_commands.h"
-#include "filter/design_file_kind.h"
+#include "widgets/design_file_commands.h"
+#include "widgets/design_file_kind.h"
 #include "project/project_keys.h"
-#include "shell/design_library.h"
-#include "shell/window_parts.h"
+#include "library/design_library.h"
+#include "widgets/window_parts.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <QList>
 #include <QString>
 
-#include "shell/design_library.h"
-#include "shell/library_location.h"
+#include "library/design_library.h"
+#include "library/library_location.h"
 
 // Makes sure the library folders exist and copies the 13 samples in (never
 // overwriting); returns the problems to show. A missing sample folder is a problem.

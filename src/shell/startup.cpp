@@ -3,16 +3,14 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QElapsedTimer>
 #include <QMainWindow>
 #include <QMessageBox>
 
 #include "filter/filter_design_window.h"
-#include "shell/design_library.h"
-#include "shell/library_location.h"
+#include "library/design_library.h"
+#include "library/library_location.h"
 #include "shell/orvana_shell.h"
 #include "shell/sample_designs.h"
-#include "shell/self_test.h"
 
 QString orvanaVersion()
 {
@@ -35,23 +33,9 @@ StartupOptions parseStartupOptions(const QStringList& arguments)
         QStringLiteral("DIR"));
     parser.addOption(library);
 
-    // Options for automated runs; not shown by --help.
-    QCommandLineOption firstPaint(QStringLiteral("quit-after-first-paint"));
-    firstPaint.setFlags(QCommandLineOption::HiddenFromHelp);
-    QCommandLineOption screenshot(QStringLiteral("self-test-screenshot"), QString(), QStringLiteral("PNG"));
-    screenshot.setFlags(QCommandLineOption::HiddenFromHelp);
-    QCommandLineOption tour(QStringLiteral("self-test-tour"), QString(), QStringLiteral("DIR"));
-    tour.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOption(firstPaint);
-    parser.addOption(screenshot);
-    parser.addOption(tour);
-
     parser.process(arguments);
     StartupOptions options;
     options.library = parser.value(library);
-    options.quitAfterFirstPaint = parser.isSet(firstPaint);
-    options.screenshotPath = parser.value(screenshot);
-    options.tourFolder = parser.value(tour);
     return options;
 }
 
@@ -74,18 +58,15 @@ QMessageBox* reportLibraryProblems(const QList<LibraryProblem>& problems, QWidge
     return box;
 }
 
-int runOrvana(const StartupOptions& options)
+int runOrvana(const StartupOptions& options, const StartupHooks& hooks)
 {
-    QElapsedTimer sinceStart;
-    sinceStart.start();
-
     DesignLibrary& library = DesignLibrary::shared();
     library.setRoot(resolveLibraryRoot(options.library));
     const QList<LibraryProblem> problems = prepareLibrary(library);
 
     OrvanaShell shell(library);
-    if (options.quitAfterFirstPaint)
-        SelfTest::quitAfterFirstPaint(sinceStart);
+    if (hooks.beforeWindows)
+        hooks.beforeWindows();
     shell.showLaunchWindows();
     // With every preference off there would be no window to reach the
     // menus from, and nothing to quit: the filter designer stands in.
@@ -97,12 +78,9 @@ int runOrvana(const StartupOptions& options)
         shell.filterDesign()->showGVRWinFilterDesign();
         front = shell.filterDesign();
     }
-    if (!options.quitAfterFirstPaint)
+    if (hooks.reportLibraryProblems)
         reportLibraryProblems(problems, front);
-
-    if (!options.screenshotPath.isEmpty())
-        SelfTest::runScreenshotScript(shell, options.screenshotPath);
-    if (!options.tourFolder.isEmpty())
-        SelfTest::runWindowTour(shell, options.tourFolder);
+    if (hooks.afterLaunch)
+        hooks.afterLaunch(shell);
     return QApplication::exec();
 }

@@ -2,20 +2,28 @@
 // (folders made, samples copied in), the controllers and the launch windows.
 #pragma once
 
+#include <functional>
+
 #include <QList>
 #include <QString>
 #include <QStringList>
 
-#include "shell/design_library.h"
+#include "library/design_library.h"
 
+class OrvanaShell;
 class QMessageBox;
 class QWidget;
 
 struct StartupOptions {
-    QString library;                  // --library DIR; empty: ORVANA_LIBRARY, then the default folder
-    bool quitAfterFirstPaint = false; // hidden: print the time to the first paint and quit
-    QString screenshotPath;           // hidden: design a filter, save a picture of the screen, quit
-    QString tourFolder;               // hidden: design in every window and save a picture of each, quit
+    QString library; // --library DIR; empty: ORVANA_LIBRARY, then the default folder
+};
+
+// Seams for programs built around the same start-up (the window tour of the
+// tests, the first-paint benchmark); the shipped program passes none.
+struct StartupHooks {
+    std::function<void()> beforeWindows;           // the shell exists, no window is shown yet
+    std::function<void(OrvanaShell&)> afterLaunch; // the launch windows are up
+    bool reportLibraryProblems = true;
 };
 
 // "0.1.0".
@@ -30,4 +38,4 @@ StartupOptions parseStartupOptions(const QStringList& arguments);
 QMessageBox* reportLibraryProblems(const QList<LibraryProblem>& problems, QWidget* parent = nullptr);
 
 // Runs the program in the QApplication that exists; returns its exit code.
-int runOrvana(const StartupOptions& options);
+int runOrvana(const StartupOptions& options, const StartupHooks& hooks = {});

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "archive/signal_archive.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 // sort by value, empty cells first; the name and function sort as text.
 #pragma once
 
-#include "shell/inspector_table_model.h"
+#include "widgets/inspector_table_model.h"
 #include "signal/inspect_sig.h"
 
 class GVRInspectorSigTableModel : public InspectorTableModel<GVRInspectSig> {

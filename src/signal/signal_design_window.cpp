@@ -18,11 +18,11 @@
 #include "charts/view_freq_signal_design.h"
 #include "charts/view_func_signal_design.h"
 #include "charts/view_time_signal_design.h"
-#include "filter/design_file_commands.h"
-#include "filter/design_file_kind.h"
-#include "filter/number_field.h"
-#include "shell/design_library.h"
-#include "shell/window_parts.h"
+#include "widgets/design_file_commands.h"
+#include "widgets/design_file_kind.h"
+#include "widgets/number_field.h"
+#include "library/design_library.h"
+#include "widgets/window_parts.h"
 #include "signal/signal_keys.h"
 
 namespace {

@@ -2,8 +2,8 @@
 #include "signal/signal_designer_model.h"
 
 #include "archive/signal_archive.h"
-#include "shell/design_file_io.h"
-#include "shell/design_library.h"
+#include "library/design_file_io.h"
+#include "library/design_library.h"
 #include "signal/signal_design_view.h"
 #include "signal/signal_keys.h"
 

@@ -4,8 +4,8 @@
 #include <QHeaderView>
 #include <QTableView>
 
-#include "shell/design_library.h"
-#include "shell/inspector_table.h"
+#include "library/design_library.h"
+#include "widgets/inspector_table.h"
 #include "signal/inspector_sig_table_model.h"
 
 GVRWinSigInspector::GVRWinSigInspector(DesignLibrary& library, QWidget* parent)

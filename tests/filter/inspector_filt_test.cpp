@@ -9,7 +9,7 @@
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
 #include "filter/inspector_filt_model.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 #include "support/temp_library.h"
 
 namespace {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "filter/filter_design_view.h"
-#include "shell/note_format.h"
+#include "library/note_format.h"
 
 #include <QString>
 #include <QStringList>

@@ -14,9 +14,9 @@
 
 #include <gtest/gtest.h>
 
-#include "filter/design_file_commands.h"
-#include "filter/open_sheet.h"
-#include "filter/save_sheet.h"
+#include "widgets/design_file_commands.h"
+#include "widgets/open_sheet.h"
+#include "widgets/save_sheet.h"
 #include "support/temp_library.h"
 
 // Readable failure messages.

@@ -18,8 +18,8 @@
 
 #include <gtest/gtest.h>
 
-#include "filter/open_sheet.h"
-#include "filter/save_sheet.h"
+#include "widgets/open_sheet.h"
+#include "widgets/save_sheet.h"
 
 namespace designer_test {
 

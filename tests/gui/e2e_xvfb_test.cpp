@@ -50,8 +50,8 @@ TEST(EndToEndXvfb, FilterDesignedOnARealScreen)
     QProcess program;
     program.setProcessEnvironment(env);
     program.setProcessChannelMode(QProcess::MergedChannels);
-    program.start(xvfbRun, {"-a", "-s", "-screen 0 1600x1000x24", ORVANA_GUI_PATH, "--library", library,
-                            "--self-test-screenshot", png});
+    program.start(xvfbRun, {"-a", "-s", "-screen 0 1600x1000x24", ORVANA_SELFTEST_PATH, "--screenshot", png, "--library",
+                            library});
     ASSERT_TRUE(program.waitForStarted(10000));
     const bool finished = program.waitForFinished(120000);
     const QString output = QString::fromLocal8Bit(program.readAll());

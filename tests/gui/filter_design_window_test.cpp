@@ -16,9 +16,9 @@
 #include "charts/view_results.h"
 #include "filter/filter_design_window.h"
 #include "filter/filter_keys.h"
-#include "filter/number_field.h"
+#include "widgets/number_field.h"
 #include "gui/designer_test_support.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 #include "support/temp_library.h"
 
 static void PrintTo(const QString& text, std::ostream* out)

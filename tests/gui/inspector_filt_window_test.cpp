@@ -14,9 +14,9 @@
 #include "filter/filter_design_window.h"
 #include "filter/filter_inspector_window.h"
 #include "filter/inspector_filt_table_model.h"
-#include "filter/number_field.h"
+#include "widgets/number_field.h"
 #include "gui/designer_test_support.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 #include "shell/sample_designs.h"
 #include "support/temp_library.h"
 

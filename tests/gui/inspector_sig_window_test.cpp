@@ -10,9 +10,9 @@
 
 #include <gtest/gtest.h>
 
-#include "filter/number_field.h"
+#include "widgets/number_field.h"
 #include "gui/designer_test_support.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 #include "shell/sample_designs.h"
 #include "signal/inspector_sig_table_model.h"
 #include "signal/signal_design_window.h"

@@ -15,12 +15,12 @@
 
 #include <gtest/gtest.h>
 
-#include "filter/design_file_commands.h"
+#include "widgets/design_file_commands.h"
 #include "filter/filter_design_window.h"
 #include "filter/filter_inspector_window.h"
-#include "filter/number_field.h"
-#include "filter/open_sheet.h"
-#include "filter/save_sheet.h"
+#include "widgets/number_field.h"
+#include "widgets/open_sheet.h"
+#include "widgets/save_sheet.h"
 #include "project/fir_export_window.h"
 #include "project/project_window.h"
 #include "seeded_library.h"

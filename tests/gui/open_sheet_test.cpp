@@ -11,8 +11,8 @@
 
 #include <gtest/gtest.h>
 
-#include "filter/design_file_listing.h"
-#include "filter/open_sheet.h"
+#include "widgets/design_file_listing.h"
+#include "widgets/open_sheet.h"
 #include "support/temp_library.h"
 
 // Readable failure messages.

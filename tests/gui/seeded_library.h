@@ -6,7 +6,7 @@
 #include <QImage>
 #include <QWidget>
 
-#include "shell/design_library.h"
+#include "library/design_library.h"
 #include "shell/sample_designs.h"
 #include "support/temp_library.h"
 

@@ -11,7 +11,7 @@
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
 #include "project/fir_export_model.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 #include "support/temp_library.h"
 
 namespace {

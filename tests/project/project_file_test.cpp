@@ -10,7 +10,7 @@
 #include "project/project_keys.h"
 #include "project/project_model.h"
 #include "project/project_view.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 #include "shell/sample_designs.h"
 #include "support/temp_library.h"
 

@@ -7,7 +7,7 @@
 #include <random>
 
 #include "dsp/multirate.h"
-#include "project/memory_design_source.h"
+#include "library/memory_design_source.h"
 #include "project/project_keys.h"
 #include "project/project_model.h"
 #include "project/project_view.h"

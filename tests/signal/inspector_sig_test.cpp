@@ -6,7 +6,7 @@
 
 #include "archive/atomic_write.h"
 #include "archive/signal_archive.h"
-#include "shell/design_library.h"
+#include "library/design_library.h"
 #include "signal/inspector_sig_model.h"
 #include "signal/signal_designer_model.h"
 #include "support/temp_library.h"

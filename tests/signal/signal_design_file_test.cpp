@@ -8,8 +8,8 @@
 
 #include "archive/atomic_write.h"
 #include "archive/signal_archive.h"
-#include "shell/design_library.h"
-#include "shell/note_format.h"
+#include "library/design_library.h"
+#include "library/note_format.h"
 #include "signal/signal_design_view.h"
 #include "signal/signal_designer_model.h"
 #include "signal/signal_keys.h"

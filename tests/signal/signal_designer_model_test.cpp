@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "dsp/signal_generators.h"
-#include "shell/note_format.h"
+#include "library/note_format.h"
 #include "signal/signal_design_view.h"
 #include "signal/signal_designer_model.h"
 #include "signal/signal_keys.h"

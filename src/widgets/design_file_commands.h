@@ -1,0 +1,93 @@
+// New, Open, Save and Save As of a designer window: the open and save
+// sheets, the alerts, the current design name and the window title. One
+// instance per designer, configured with its folder, extension and texts
+// and with hooks into its model.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include "widgets/design_file_alerts.h"
+#include "widgets/design_file_kind.h"
+#include "widgets/gvr_file.h"
+
+class GVROpenSheet;
+class GVRSaveSheet;
+class QMessageBox;
+class QWidget;
+
+// What the commands ask of the designer. Names are bare ("lp300fc25");
+// DesignFileCommands::pathForName gives the file for designers that want it.
+struct DesignFileHooks {
+    std::function<void()> bringToFront;                  // show and raise the window
+    std::function<void()> clearForNew;                   // empty the form, note line and charts
+    std::function<bool(const QString& name)> openDesign; // model reads the file; false when refused
+    std::function<bool(const QString& name)> saveDesign; // model writes the file; false when not
+    std::function<void()> redesign;                      // design afresh from the form
+};
+
+class DesignFileCommands : public QObject {
+    Q_OBJECT
+public:
+    // `designerWindow` carries the sheets and alerts and shows the title.
+    DesignFileCommands(QWidget* designerWindow, DesignFileKind kind, DesignFileHooks hooks,
+                       QObject* parent = nullptr);
+    ~DesignFileCommands() override;
+
+    // Menu commands.
+    void newMenuItem();
+    void openMenuItem();
+    void saveMenuItem() { saveToFileWithNewFileFlag(false); }
+    void saveAsMenuItem() { saveToFileWithNewFileFlag(true); }
+    void saveToFileWithNewFileFlag(bool newFile);
+
+    // Sheet buttons (also reached through the sheets' own buttons).
+    void openSheetOpen();
+    void openSheetCancel();
+    void saveSheetSave();
+    void saveSheetCancel();
+
+    // Name of the current design, none while untitled.
+    const std::optional<QString>& currentName() const { return name_; }
+    // Makes the design untitled: no name, title "(Untitled)".
+    void forgetName();
+    // Folder + name + extension.
+    QString pathForName(const QString& name) const;
+    const DesignFileKind& kind() const { return kind_; }
+    static QString untitledTitle();
+
+    // Rows the open sheet shows, in their current order.
+    QList<GVRFile> openSheetFileArray() const;
+    // The sheets, made on first use (null before).
+    GVROpenSheet* openSheet() const;
+    GVRSaveSheet* saveSheet() const;
+    // The alert last opened, while it is up.
+    QMessageBox* currentAlert() const;
+
+signals:
+    // After every change of name or title.
+    void nameChanged(const std::optional<QString>& name);
+
+private:
+    void ensureOpenSheet();
+    void ensureSaveSheet();
+    void bringToFront();
+    void setName(const std::optional<QString>& name, bool setTitle);
+    // The completion of Replace and Overwrite, and the plain save.
+    void saveUnderName(const QString& name);
+    void showAlert(QMessageBox* box);
+
+    QPointer<QWidget> window_;
+    DesignFileKind kind_;
+    DesignFileHooks hooks_;
+    DesignFileAlerts alerts_;
+    std::optional<QString> name_;
+    QPointer<GVROpenSheet> openSheet_;
+    QPointer<GVRSaveSheet> saveSheet_;
+    QPointer<QMessageBox> alert_;
+};
