@@ -1,6 +1,6 @@
-// Whole-array dB, arctangent and range for the frequency response: branch-free
-// vector loops, accurate to a few units in the last place (the response needs
-// thousands of them per design).
+// Whole-array dB, arctangent and range for the frequency response, on
+// Highway's vector logarithm and arctangent (a few units in the last place;
+// the response needs thousands of them per design).
 #pragma once
 
 #include <complex>

@@ -3,68 +3,13 @@
 // symmetry of antisymmetric band passes exact.
 #include "dsp/quantisation.h"
 
+#include "dsp/contract.h"
 #include "dsp/fast_elementary.h"
-#include "dsp/vector_dispatch.h"
-#include "dsp/vector_lanes.h"
+#include "dsp/vector_kernels.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-
-namespace {
-
-// q = round(c / cmax · fullScale), half away from zero, saturated to 32 bits, NaN to 0.
-struct Quantise {
-    // Clamped first (a coefficient far below −cmax must not overflow), the value
-    // converts to a 64-bit integer exactly, which truncates; the exact fraction
-    // left over decides the rounding.
-    template <std::size_t Bytes>
-    [[gnu::always_inline]] static typename vector_dispatch::Lanes<Bytes>::VI
-    quantise(typename vector_dispatch::Lanes<Bytes>::V x, double cmax, double fullScale)
-    {
-        using L = vector_dispatch::Lanes<Bytes>;
-        using V = typename L::V;
-        using VI = typename L::VI;
-        constexpr double lo = std::numeric_limits<std::int32_t>::min();
-        constexpr double hi = std::numeric_limits<std::int32_t>::max();
-        x = x / cmax * fullScale;
-        x = x == x ? x : L::splat(0.0);
-        x = x < lo ? L::splat(lo) : x;
-        x = x > hi ? L::splat(hi) : x;
-        const VI whole = __builtin_convertvector(x, VI);
-        const V fraction = x - __builtin_convertvector(whole, V);
-        return whole - (VI)(fraction >= 0.5) + (VI)(fraction <= -0.5); // true lanes are −1
-    }
-
-    template <std::size_t Bytes>
-    [[gnu::always_inline]] static void run(std::span<const double> c, double cmax, double fullScale,
-                                           std::span<std::int32_t> q)
-    {
-        using L = vector_dispatch::Lanes<Bytes>;
-        const std::size_t n = c.size();
-        std::size_t i = 0;
-        for (; i + L::count <= n; i += L::count) {
-            const auto r = quantise<Bytes>(L::load(c.data() + i), cmax, fullScale);
-            for (std::size_t l = 0; l < L::count; ++l)
-                q[i + l] = static_cast<std::int32_t>(r[l]);
-        }
-        for (; i < n; ++i)
-            q[i] = static_cast<std::int32_t>(quantise<Bytes>(L::splat(c[i]), cmax, fullScale)[0]);
-    }
-};
-
-// cp = q / qmax · cmax.
-struct Rescale {
-    template <std::size_t Bytes>
-    [[gnu::always_inline]] static void run(std::span<const std::int32_t> q, double qmax, double cmax,
-                                           std::span<double> cp)
-    {
-        for (std::size_t n = 0; n < q.size(); ++n)
-            cp[n] = static_cast<double>(q[n]) / qmax * cmax;
-    }
-};
-
-} // namespace
 
 int widthBits(int widthIndex)
 {
@@ -76,7 +21,7 @@ PrecisionResult bitPrecison(int widthIndex, std::span<const double> c, std::span
 {
     PrecisionResult r;
     const std::size_t N = c.size();
-    if (N == 0 || q.size() != N || cp.size() != N)
+    if (!DSP_EXPECTS(N > 0 && q.size() == N && cp.size() == N))
         return r;
     std::fill(q.begin(), q.end(), 0);
 
@@ -92,7 +37,7 @@ PrecisionResult bitPrecison(int widthIndex, std::span<const double> c, std::span
     }
 
     const double fullScale = std::ldexp(1.0, bits - 1) - 1.0;
-    vector_dispatch::run<Quantise>(c, cmax, fullScale, q);
+    vector_kernels::quantise(c, cmax, fullScale, q);
     std::int32_t qLargest = q[0], qSmallest = q[0];
     for (const std::int32_t v : q) {
         qLargest = std::max(qLargest, v);
@@ -101,7 +46,7 @@ PrecisionResult bitPrecison(int widthIndex, std::span<const double> c, std::span
     const double qmax = qLargest;
     const double qmin = qSmallest;
     const double dynamicRangeQ = std::fabs(qmax / qmin);
-    vector_dispatch::run<Rescale>(std::span<const std::int32_t>(q), qmax, cmax, cp);
+    vector_kernels::rescale(q, qmax, cmax, cp);
     r.dynamicRangeError = std::fabs((r.dynamicRange - dynamicRangeQ) / r.dynamicRange) * 100.0;
     return r;
 }
@@ -109,7 +54,7 @@ PrecisionResult bitPrecison(int widthIndex, std::span<const double> c, std::span
 int verifySymmetry(int widthIndex, std::span<const double> c, std::span<const std::int32_t> q)
 {
     const std::size_t N = c.size();
-    if (N == 0 || q.size() != N)
+    if (!DSP_EXPECTS(N % 2 == 1 && q.size() == N))
         return kSymmetryNone;
     const bool onDoubles = widthIndex == kWidthDouble;
     std::size_t positive = 0;

@@ -4,7 +4,8 @@
 #include "dsp/window.h"
 
 #include "dsp/fir_synthesis.h"
-#include "dsp/vector_dispatch.h"
+#include "dsp/contract.h"
+#include "dsp/vector_kernels.h"
 
 #include <algorithm>
 #include <array>
@@ -39,66 +40,23 @@ void scaleToPeak(std::span<double> w)
         v /= peak;
 }
 
-// Modified Bessel I0 by its power series, the points side by side (at most kFirMaxTaps) so the loops
-// vectorise at the dispatched width: term k is term k−1 times (y/2)²/k².
-struct BesselSeries {
-    template <std::size_t Bytes>
-    [[gnu::always_inline]] static void run(std::span<const double> y, std::span<double> sum)
-    {
-        constexpr std::array<double, 11> kInverseSquares = [] {
-            std::array<double, 11> r{};
-            for (int k = 1; k <= 10; ++k)
-                r[k] = 1.0 / static_cast<double>(k * k);
-            return r;
-        }();
-        const std::size_t m = y.size();
-        Buffer q, term; // every slot read is written first
-        for (std::size_t i = 0; i < m; ++i) {
-            q[i] = (y[i] * 0.5) * (y[i] * 0.5);
-            term[i] = 1.0;
-            sum[i] = 1.0;
-        }
-        for (int k = 1; k <= 10; ++k)
-            for (std::size_t i = 0; i < m; ++i) {
-                term[i] *= q[i] * kInverseSquares[k];
-                sum[i] += term[i];
-            }
-    }
-};
-
-// I0(β·√(1 − (2x − 1)²)) / I0(β).
-struct KaiserWindow {
-    template <std::size_t Bytes>
-    [[gnu::always_inline]] static void run(double beta, std::span<const double> x, std::span<double> w)
-    {
-        const std::size_t N = x.size();
-        Buffer arg; // every slot read is written first
-        for (std::size_t i = 0; i < N; ++i) {
-            const double t = 2.0 * x[i] - 1.0;
-            // The ramp's last point may land a rounding step past 1.
-            arg[i] = std::sqrt(std::max(0.0, -(t * t) + 1.0)) * beta;
-        }
-        BesselSeries::run<Bytes>(std::span<const double>(arg.data(), N), w);
-        double denominator = 0.0;
-        BesselSeries::run<Bytes>(std::span<const double>(&beta, 1), std::span<double>(&denominator, 1));
-        for (std::size_t i = 0; i < N; ++i)
-            w[i] /= denominator;
-    }
-};
-
 } // namespace
 
 void vectAdd3s(std::span<const double> A, std::span<const double> B, std::span<const double> C, double s,
                std::span<double> out)
 {
-    const std::size_t n = std::min({A.size(), B.size(), C.size(), out.size()});
+    const std::size_t n = out.size();
+    if (!DSP_EXPECTS(A.size() == n && B.size() == n && C.size() == n))
+        return;
     for (std::size_t i = 0; i < n; ++i)
         out[i] = A[i] + B[i] + C[i] + s;
 }
 
 void cosineWinFunc(std::span<const double> x, std::span<double> w)
 {
-    const std::size_t n = std::min(x.size(), w.size());
+    const std::size_t n = w.size();
+    if (!DSP_EXPECTS(x.size() == n))
+        return;
     for (std::size_t i = 0; i < n; ++i)
         w[i] = std::cos(kPi * x[i] - kPi / 2.0);
 }
@@ -106,7 +64,7 @@ void cosineWinFunc(std::span<const double> x, std::span<double> w)
 void flatTop(std::span<const double> x, std::span<double> w)
 {
     const std::size_t N = x.size();
-    if (N == 0 || N > kFirMaxTaps || w.size() != N)
+    if (!DSP_EXPECTS(N > 0 && N <= kFirMaxTaps && w.size() == N))
         return;
     Buffer t1{}, t2{}, t3{}, t4{};
     std::span<double> s1(t1.data(), N), s2(t2.data(), N), s3(t3.data(), N), s4(t4.data(), N);
@@ -122,25 +80,21 @@ void flatTop(std::span<const double> x, std::span<double> w)
 
 void besselTaylor(std::span<const double> y, std::span<double> out)
 {
-    const std::size_t n = std::min(y.size(), out.size());
-    for (std::size_t done = 0; done < n; done += kFirMaxTaps) {
-        const std::size_t m = std::min(n - done, kFirMaxTaps);
-        vector_dispatch::run<BesselSeries>(y.subspan(done, m), out.subspan(done, m));
-    }
+    if (DSP_EXPECTS(y.size() == out.size()))
+        vector_kernels::besselSeries(y, out);
 }
 
 void kaiser(double beta, std::span<const double> x, std::span<double> w)
 {
     const std::size_t N = x.size();
-    if (N == 0 || N > kFirMaxTaps || w.size() != N)
-        return;
-    vector_dispatch::run<KaiserWindow>(beta, x, w);
+    if (DSP_EXPECTS(N > 0 && N <= kFirMaxTaps && w.size() == N))
+        vector_kernels::kaiserWindow(beta, x, w);
 }
 
 void cheby(double upsilon, std::span<double> w)
 {
     const std::size_t N = w.size();
-    if (N < 3 || N % 2 == 0 || N > kFirMaxTaps)
+    if (!DSP_EXPECTS(N >= 3 && N % 2 == 1 && N <= kFirMaxTaps))
         return;
     const std::size_t L = N - 1;
     const double l = static_cast<double>(L);
@@ -166,7 +120,7 @@ void cheby(double upsilon, std::span<double> w)
 void winfun(int index, double parameter, std::span<double> w)
 {
     const std::size_t N = w.size();
-    if (index < 0 || index >= kWindowCount || N < 2 || N > kFirMaxTaps)
+    if (!DSP_EXPECTS(N >= 2 && N <= kFirMaxTaps) || index < 0 || index >= kWindowCount)
         return;
     Buffer ramp{};
     const double step = 1.0 / static_cast<double>(N - 1);

@@ -1,9 +1,9 @@
 // The vectorised logarithm and arctangent against the C library over wide
-// ranges, odd lengths (the scalar tail) and special values, at every vector
-// width the machine runs (each width is separately compiled code).
+// ranges, odd lengths (the one-lane tail) and special values, on every vector
+// target the machine runs (each target is separately compiled code).
 #include "dsp/fast_elementary.h"
 
-#include "dsp/vector_dispatch.h"
+#include <hwy/targets.h>
 
 #include <gtest/gtest.h>
 
@@ -16,28 +16,18 @@
 #include <string>
 #include <vector>
 
-using vector_dispatch::Width;
-
-class FastElementary : public ::testing::TestWithParam<Width> {
+class FastElementary : public ::testing::TestWithParam<std::int64_t> {
 protected:
-    void SetUp() override
-    {
-        if (vector_dispatch::widest() < GetParam())
-            GTEST_SKIP() << "this processor lacks the registers";
-        vector_dispatch::capWidth(GetParam());
-    }
-    void TearDown() override { vector_dispatch::capWidth(Width::Bytes64); }
+    void SetUp() override { hwy::SetSupportedTargetsForTest(GetParam()); }
+    void TearDown() override { hwy::SetSupportedTargetsForTest(0); }
 };
 
-INSTANTIATE_TEST_SUITE_P(Widths, FastElementary,
-                         ::testing::Values(Width::Bytes16, Width::Bytes32, Width::Bytes64),
-                         [](const auto& info) {
-                             return "Bytes" + std::to_string(16 << static_cast<int>(info.param));
-                         });
+INSTANTIATE_TEST_SUITE_P(Targets, FastElementary, ::testing::ValuesIn(hwy::SupportedAndGeneratedTargets()),
+                         [](const auto& info) { return std::string(hwy::TargetName(info.param)); });
 
 namespace {
 
-// dB and phase of the bins X at the width under test; the list of zeros is not looked at here.
+// dB and phase of the bins X on the target under test; the list of zeros is not looked at here.
 void decibelsAndPhase(const std::vector<std::complex<double>>& X, std::vector<double>& dB,
                       std::vector<double>& phase)
 {
