@@ -3,6 +3,7 @@
 // as the falling edge of a low pass.
 #include "dsp/filter_measurements.h"
 
+#include "dsp/contract.h"
 #include "dsp/fast_elementary.h"
 #include "dsp/fir_synthesis.h"
 #include "dsp/frequency_response.h"
@@ -16,7 +17,7 @@ Filt3dBResult calcFilt3dB(int type, std::span<const double> m, double theta0)
 {
     Filt3dBResult r;
     const std::size_t n = m.size();
-    if (n < 2 || n >= kResponsePoints)
+    if (!DSP_EXPECTS(n >= 2 && n < kResponsePoints))
         return r;
 
     // NaN points are passed over: a comparison with NaN is false.

@@ -3,6 +3,8 @@
 // of real spectra (X[i] and X[N−i] share a cosine) so a design stays cheap.
 #include "dsp/fir_synthesis.h"
 
+#include "dsp/contract.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -54,9 +56,9 @@ std::size_t passbandCount(std::size_t N, double theta)
 void idealLowPassSamples(std::size_t M, std::span<double> H)
 {
     const std::size_t N = H.size();
-    std::fill(H.begin(), H.end(), 0.0);
-    if (N == 0)
+    if (!DSP_EXPECTS(N > 0 && N <= kFirMaxTaps))
         return;
+    std::fill(H.begin(), H.end(), 0.0);
     M = std::min(M, (N - 1) / 2);
     for (std::size_t k = 0; k <= M; ++k)
         H[k] = 1.0;
@@ -67,7 +69,7 @@ void idealLowPassSamples(std::size_t M, std::span<double> H)
 void inverseDFT(std::span<const double> X, std::span<double> x)
 {
     const std::size_t N = X.size();
-    if (N == 0 || N > kFirMaxTaps || x.size() != N)
+    if (!DSP_EXPECTS(N > 0 && N <= kFirMaxTaps && x.size() == N))
         return;
 
     const Tables& t = tablesFor(N);
@@ -127,7 +129,7 @@ void inverseDFT(std::span<const double> X, std::span<double> x)
 void iDFTforSinc(std::span<const double> H, std::span<double> h)
 {
     const std::size_t N = H.size();
-    if (N == 0 || N % 2 == 0 || N > kFirMaxTaps || h.size() != N)
+    if (!DSP_EXPECTS(N % 2 == 1 && N <= kFirMaxTaps && h.size() == N))
         return;
     std::array<double, kFirMaxTaps> s;
     inverseDFT(H, std::span<double>(s.data(), N));
@@ -139,7 +141,9 @@ void iDFTforSinc(std::span<const double> H, std::span<double> h)
 
 void cosineTerm(double a, double omega, std::span<const double> u, std::span<double> out)
 {
-    const std::size_t n = std::min(u.size(), out.size());
+    const std::size_t n = out.size();
+    if (!DSP_EXPECTS(u.size() == n))
+        return;
     for (std::size_t i = 0; i < n; ++i)
         out[i] = a * std::cos(omega * u[i]);
 }
@@ -147,7 +151,7 @@ void cosineTerm(double a, double omega, std::span<const double> u, std::span<dou
 void winSync(std::span<const double> h, std::span<const double> w, std::span<double> hw)
 {
     const std::size_t N = h.size();
-    if (N == 0 || w.size() != N || hw.size() != N)
+    if (!DSP_EXPECTS(N > 0 && N <= kFirMaxTaps && w.size() == N && hw.size() == N))
         return;
     double maxH = h[0];
     double maxP = w[0] * h[0];
@@ -165,7 +169,7 @@ void winSync(std::span<const double> h, std::span<const double> w, std::span<dou
 void filt(int type, double theta0, std::span<const double> hw, std::span<double> c)
 {
     const std::size_t N = hw.size();
-    if (c.size() != N || N > kFirMaxTaps)
+    if (!DSP_EXPECTS(c.size() == N && N % 2 == 1 && N <= kFirMaxTaps))
         return;
     std::fill(c.begin(), c.end(), 0.0);
     switch (type) {

@@ -4,6 +4,8 @@
 // record well inside the designer's time budget. Accuracy is a few ulp.
 #include "dsp/gaussian_noise.h"
 
+#include "dsp/contract.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -189,7 +191,9 @@ void boxMullerSig(std::span<const std::uint32_t> r1, std::span<const std::uint32
 {
     const LogTable& lt = logTable();
     const TurnTable& tt = turnTable();
-    const std::size_t n = std::min({out.size(), r1.size(), r2.size()});
+    const std::size_t n = out.size();
+    if (!DSP_EXPECTS(r1.size() == n && r2.size() == n))
+        return;
     // Table look-ups first, then the polynomials over whole blocks: the
     // second loops have no look-ups and no dependencies between samples.
     constexpr std::size_t kChunk = 256;
@@ -253,5 +257,6 @@ void gaussianSig(double sigma, double mu, std::span<double> out)
 
 void addGaussianNoiseSig(std::span<const double> in, double sigma, double mu, std::span<double> out)
 {
-    noiseInto(in, sigma, mu, out.first(std::min(in.size(), out.size())));
+    if (DSP_EXPECTS(in.size() == out.size()))
+        noiseInto(in, sigma, mu, out);
 }

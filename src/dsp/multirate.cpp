@@ -2,6 +2,8 @@
 // fused rate changer that skips the inserted zeros and the dropped outputs.
 #include "dsp/multirate.h"
 
+#include "dsp/contract.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -112,7 +114,7 @@ std::size_t autoFilterPassBins(int L, int M)
 
 bool autoGenLPF(int L, int M, std::span<double> h)
 {
-    if (L < 1 || M < 1 || h.size() != kAutoFilterTaps)
+    if (!DSP_EXPECTS(h.size() == kAutoFilterTaps) || L < 1 || M < 1)
         return false;
     constexpr std::size_t N = kAutoFilterTaps;
     const std::size_t k = autoFilterPassBins(L, M);

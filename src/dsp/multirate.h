@@ -18,7 +18,7 @@ bool decimateSignal(std::span<const double> v, int M, std::span<double> y);
 
 // L, M ≥ 1; h: exactly 255 taps, a Chebyshev-windowed (ϒ = 3.5) low pass
 // whose band edge is near half the lower of the input and output rates.
-// Returns false (h untouched) for bad arguments.
+// Returns false (h untouched) for L or M below 1.
 bool autoGenLPF(int L, int M, std::span<double> h);
 
 // The pass-band bin count k = ⌊(255 / max(L, M) + 1) · 0.5⌋ of autoGenLPF.

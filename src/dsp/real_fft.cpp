@@ -1,5 +1,7 @@
 #include "dsp/real_fft.h"
 
+#include "dsp/contract.h"
+
 #include <fftw3.h>
 
 #include <algorithm>
@@ -40,7 +42,9 @@ RealFft::~RealFft()
 
 void RealFft::executePadded(std::span<const double> x)
 {
-    const std::size_t m = std::min(x.size(), n_);
+    if (!DSP_EXPECTS(x.size() <= n_))
+        return;
+    const std::size_t m = x.size();
     std::copy_n(x.begin(), m, in_);
     if (written_ > m)
         std::fill(in_ + m, in_ + written_, 0.0);

@@ -2,6 +2,8 @@
 // 16384-point FFTW plan.
 #include "dsp/signal_spectrum.h"
 
+#include "dsp/contract.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -22,7 +24,9 @@ SignalExtremes magSpectrum(std::span<const double> x, std::span<double> mag)
     RealFft& fft = RealFft::ofSize(kSpectrumLength);
     fft.executePadded(x.first(std::min(x.size(), kSpectrumLength)));
     const auto bins = fft.output();
-    const std::size_t n = std::min(mag.size(), kSpectrumLength);
+    const std::size_t n = mag.size();
+    if (!DSP_EXPECTS(n <= kSpectrumLength))
+        return {};
     for (std::size_t k = 0; k < n; ++k) {
         // Bins above N/2 mirror those below (the input is real).
         const std::size_t b = k <= kSpectrumLength / 2 ? k : kSpectrumLength - k;

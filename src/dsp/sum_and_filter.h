@@ -12,9 +12,9 @@ double signMultiplier(int signCode);
 void sumTwoSignals(std::span<const double> x1, std::span<const double> x2, int sign1, int sign2,
                    std::span<double> x);
 
-// h: N_H = h.size() ≥ 1 taps; input: n = y.size() samples (only
-// input[0 .. n−1] is read). The linear convolution read N_H − 1 samples
-// ahead: y[i] = Σ_{p=0}^{N_H−1} input[i+p] · h[N_H−1−p] for i < R = n − 4⌈N_H/4⌉,
+// h: N_H = h.size() ≥ 1 taps; input: n = y.size() samples (only input[0 .. n−1]
+// is read; a shorter input reads as zeros past its end). The linear convolution
+// read N_H − 1 samples ahead: y[i] = Σ_{p=0}^{N_H−1} input[i+p] · h[N_H−1−p] for i < R = n − 4⌈N_H/4⌉,
 // summed in that order, and y[i] = 0 from R on. y may share input's memory.
 void convolutionSysOut(std::span<const double> input, std::span<const double> h, std::span<double> y);
 

@@ -1,13 +1,17 @@
 // Unit handling of the project model.
 #include "dsp/unit_conversion.h"
 
+#include "dsp/contract.h"
+
 #include <algorithm>
 
 namespace {
 
 void copyScaled(std::span<const double> in, double divisor, std::span<double> out)
 {
-    const std::size_t n = std::min(in.size(), out.size());
+    const std::size_t n = out.size();
+    if (!DSP_EXPECTS(in.size() == n))
+        return;
     for (std::size_t i = 0; i < n; ++i)
         out[i] = in[i] / divisor;
 }
@@ -46,7 +50,9 @@ FreqUnitsChoice freqUnits(int code1, int code2, double maxFreq1, double maxFreq2
 
 int rescale(std::span<const double> y, int commonCode, std::span<double> yOut)
 {
-    const std::size_t n = std::min(y.size(), yOut.size());
+    const std::size_t n = yOut.size();
+    if (!DSP_EXPECTS(y.size() == n))
+        return commonCode;
     const double largest = n == 0 ? 0.0 : *std::max_element(y.begin(), y.begin() + static_cast<std::ptrdiff_t>(n));
     if (commonCode == 0 && largest < 1.0) {
         for (std::size_t i = 0; i < n; ++i)

@@ -7,7 +7,7 @@
 // Voltage codes: 0 = V, 1 = mV. Frequency codes: 0 = MHz, 1 = KHz.
 // Sign codes: 2 means the signal takes no part.
 
-// x1, x2, x1Out, x2Out of one length n (outputs may alias inputs). Equal
+// x1Out as long as x1, x2Out as long as x2 (outputs may alias inputs). Equal
 // codes: copies, common code that code. Different codes: the mV signal is
 // divided by 1000 and the common code is 0 (V). Returns the common code.
 int voltUnits(std::span<const double> x1, std::span<const double> x2, int code1, int code2,

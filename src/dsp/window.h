@@ -21,8 +21,8 @@ enum WindowIndex : int {
     kWindowCount
 };
 
-// Window `index` 0..10 into w (N = w.size(), odd, 25..511); parameter is β (Kaiser, > 0) or ϒ
-// (Chebyshev, > 0), unused otherwise. An index outside 0..10 leaves w untouched.
+// Window `index` 0..10 into w (N = w.size(), 2..512; odd, 3..511, for Chebyshev); parameter is
+// β (Kaiser, > 0) or ϒ (Chebyshev, > 0), unused otherwise. An index outside 0..10 leaves w untouched.
 void winfun(int index, double parameter, std::span<double> w);
 
 // out = A + B + C + s element by element; all four spans of the same size.
@@ -41,5 +41,5 @@ void besselTaylor(std::span<const double> y, std::span<double> out);
 // Kaiser window I0(β·√(1 − (2x − 1)²)) / I0(β) over the ramp x; β > 0; w.size() = x.size() ≤ 512.
 void kaiser(double beta, std::span<const double> x, std::span<double> w);
 
-// Dolph–Chebyshev window, side-lobe level upsilon in decades of amplitude (> 0); N = w.size(), odd, 25..511.
+// Dolph–Chebyshev window, side-lobe level upsilon in decades of amplitude (> 0); N = w.size(), odd, 3..511.
 void cheby(double upsilon, std::span<double> w);

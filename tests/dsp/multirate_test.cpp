@@ -96,8 +96,6 @@ TEST(Multirate, AutoFilterMatchesScipyDesign)
         ASSERT_NEAR(h[i], h[kAutoFilterTaps - 1 - i], 1e-15);
     EXPECT_EQ(std::max_element(h.begin(), h.end()) - h.begin(), 127);
     EXPECT_NEAR(h[127], 87.0 / 255.0, 1e-12); // (2k + 1)/N with k = 43, window peak 1
-    std::vector<double> wrong(254);
-    EXPECT_FALSE(autoGenLPF(2, 3, wrong));
     std::vector<double> right(255);
     EXPECT_FALSE(autoGenLPF(0, 3, right));
 }

@@ -53,6 +53,7 @@ TEST(UnitConversion, RescaleToMillivolts)
     EXPECT_EQ(rescale(y, 1, out), 1); // already mV: unchanged
     EXPECT_EQ(out, y);
     const std::vector<double> big{1.0, 0.0};
+    out.resize(big.size());
     EXPECT_EQ(rescale(big, 0, out), 0);
     EXPECT_EQ(out[0], 1.0);
 }
