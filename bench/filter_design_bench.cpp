@@ -12,6 +12,8 @@
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
 
+#include <hwy/targets.h>
+
 #include <cstdio>
 #include <vector>
 
@@ -31,6 +33,9 @@ public:
 int main()
 {
     bench::loadFftWisdom();
+    // The vector kernels run on the best Highway target built that this processor has.
+    const std::int64_t targets = hwy::SupportedTargets() & HWY_TARGETS;
+    std::printf("vector kernels: Highway %s\n", hwy::TargetName(targets & -targets));
     const QVariantMap parameters{
         {KEYFP_UNITS, 0},         {KEYFP_FILTER_TYPE, 1},   {KEYFP_SAMPLING_FREQ, 0.0},
         {KEYFP_CUTOFF_FREQ, 0.2}, {KEYFP_CENTER_FREQ, 0.5}, {KEYFP_FILTER_LENGTH, 255.0},
