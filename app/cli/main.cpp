@@ -21,6 +21,8 @@ constexpr Verb kVerbs[] = {
     {"project", cli::runProject, "run a Sum & Filter or Multirate project from saved designs"},
     {"export", cli::runExport, "write a saved filter's integer coefficients as CSV"},
     {"open", cli::runOpen, "print a saved design's keys and values"},
+    {"window", cli::runWindow, "print a window's values and its properties"},
+    {"sweep", cli::runSweep, "measure a filter design at every width from 8 to 20 bits"},
 };
 
 void printUsage()
