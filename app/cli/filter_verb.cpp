@@ -190,10 +190,12 @@ int runFilter(const QStringList& args)
     const QCommandLineOption width(QStringLiteral("width"), QStringLiteral("double, or 20 down to 8 bits."),
                                    QStringLiteral("width"), QStringLiteral("double"));
     const QCommandLineOption json = jsonOption();
-    const QCommandLineOption save(QStringLiteral("save"), QStringLiteral("Save the design in the library as NAME."),
+    const QCommandLineOption save(QStringLiteral("save"),
+                                  QStringLiteral("Save the design in the library as NAME."),
                                   QStringLiteral("name"));
     const QCommandLineOption library = libraryOption();
-    parser.addOptions({help, units, type, fs, cutoff, center, taps, window, param, width, json, save, library});
+    parser.addOptions(
+        {help, units, type, fs, cutoff, center, taps, window, param, width, json, save, library});
     if (const auto finished = parseVerbArguments(parser, args, Positionals::None))
         return *finished;
 
@@ -206,7 +208,7 @@ int runFilter(const QStringList& args)
     };
     if (!pickChoice(units, kUnits, KEYFP_UNITS) || !pickChoice(type, kTypes, KEYFP_FILTER_TYPE) ||
         !pickChoice(window, kWindows, KEYFP_WINDOW_TYPE)) {
-        printErr(QStringLiteral("orvana-cli filter: unknown units, type or window.\n") + parser.helpText());
+        printErr(QStringLiteral("orvana-cli filter: unknown units, type or window.\n") + helpText(parser));
         return Usage;
     }
     const auto widthIndex = widthChoice(parser.value(width));

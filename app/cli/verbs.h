@@ -11,5 +11,6 @@ int runSignal(const QStringList& args);
 int runProject(const QStringList& args);
 int runExport(const QStringList& args);
 int runOpen(const QStringList& args);
+int runTuneFft(const QStringList& args);
 
-}  // namespace cli
+} // namespace cli
