@@ -70,6 +70,17 @@ done
 bash -n "$share/bash-completion/completions/orvana-cli" || fail "bash completion syntax"
 check_programs "$stage" stage
 
+# The first start of the installed program measures the FFT plans in the
+# background and keeps them in the user's cache folder.
+wisdom="$XDG_CACHE_HOME/orvana/fftw-wisdom"
+rm -f "$wisdom"
+QT_QPA_PLATFORM=offscreen "$stage/usr/bin/orvana" --library "$scratch/library-gui" > "$scratch/gui.log" 2>&1 &
+gui=$!
+for _ in $(seq 1 60); do [ -s "$wisdom" ] && break; sleep 0.5; done
+kill "$gui" 2>/dev/null || true
+wait "$gui" 2>/dev/null || true
+head -c 10 "$wisdom" 2>/dev/null | grep -q "(fftw-3" || fail "no FFT wisdom in the cache after the first start"
+
 # --- the Debian package -------------------------------------------------------
 (cd "$scratch" && cpack -G DEB --config "$build/CPackConfig.cmake" -B "$scratch/package" > "$scratch/cpack.log") \
     || { cat "$scratch/cpack.log" >&2; fail "cpack -G DEB"; }
