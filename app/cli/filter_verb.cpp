@@ -217,7 +217,8 @@ int runFilterDesign(const QStringList& args, bool sweep)
     const QCommandLineOption width(QStringLiteral("width"), QStringLiteral("double, or 20 down to 8 bits."),
                                    QStringLiteral("width"), QStringLiteral("double"));
     const QCommandLineOption json = jsonOption();
-    const QCommandLineOption save(QStringLiteral("save"), QStringLiteral("Save the design in the library as NAME."),
+    const QCommandLineOption save(QStringLiteral("save"),
+                                  QStringLiteral("Save the design in the library as NAME."),
                                   QStringLiteral("name"));
     const QCommandLineOption library = libraryOption();
     const QCommandLineOption method(QStringLiteral("method"),
@@ -247,7 +248,7 @@ int runFilterDesign(const QStringList& args, bool sweep)
     };
     if (!pickChoice(units, kUnits, KEYFP_UNITS) || !pickChoice(type, kTypes, KEYFP_FILTER_TYPE) ||
         !pickChoice(window, kWindows, KEYFP_WINDOW_TYPE)) {
-        printErr(QStringLiteral("orvana-cli filter: unknown units, type or window.\n") + parser.helpText());
+        printErr(QStringLiteral("orvana-cli filter: unknown units, type or window.\n") + helpText(parser));
         return Usage;
     }
     const auto widthIndex = widthChoice(parser.value(width));

@@ -13,5 +13,6 @@ int runExport(const QStringList& args);
 int runOpen(const QStringList& args);
 int runWindow(const QStringList& args);
 int runSweep(const QStringList& args);
+int runTuneFft(const QStringList& args);
 
-}  // namespace cli
+} // namespace cli
