@@ -23,5 +23,6 @@ namespace dsp_contract {
 #ifdef NDEBUG
 #define DSP_EXPECTS(cond) static_cast<bool>(cond)
 #else
-#define DSP_EXPECTS(cond) (static_cast<bool>(cond) || (::dsp_contract::broken(#cond, __FILE__, __LINE__), false))
+#define DSP_EXPECTS(cond)                                                                                    \
+    (static_cast<bool>(cond) || (::dsp_contract::broken(#cond, __FILE__, __LINE__), false))
 #endif

@@ -31,7 +31,8 @@ void fftFilterHalf(std::span<const double> c, std::span<double> dB, std::span<do
     constexpr std::size_t half = n / 2;
     const std::size_t m = dB.size();
     const bool wantPhase = !phase.empty();
-    if (!DSP_EXPECTS(!c.empty() && c.size() <= n && m > 0 && m <= half + 1 && (!wantPhase || phase.size() == m)))
+    if (!DSP_EXPECTS(!c.empty() && c.size() <= n && m > 0 && m <= half + 1 &&
+                     (!wantPhase || phase.size() == m)))
         return;
 
     RealFft& fft = RealFft::ofSize(n);

@@ -35,7 +35,7 @@ constexpr std::size_t kMaxPoints = 4096; // of an unwrapped phase
 // The power |X|² of bins i.. (Lanes(d) of them) and its dB and phase, stored at i.
 template <class D, bool kPhase>
 HWY_INLINE hn::Vec<hn::RebindToUnsigned<D>> bins(D d, const double* x, std::size_t i, double* dB,
-                                                  double* phase)
+                                                 double* phase)
 {
     hn::Vec<D> re, im;
     hn::LoadInterleaved2(d, x + 2 * i, re, im);
@@ -202,7 +202,8 @@ HWY_INLINE void turnsAt(D d, const std::int32_t* turns, const double* P, std::si
 {
     const hn::Rebind<std::int32_t, D> di32;
     const auto t = hn::PromoteTo(d, hn::LoadU(di32, turns + j));
-    hn::StoreU(hn::Add(hn::LoadU(d, P + j + 1), hn::Mul(t, hn::Set(d, 3.14159265358979323846))), d, U + j + 1);
+    hn::StoreU(hn::Add(hn::LoadU(d, P + j + 1), hn::Mul(t, hn::Set(d, 3.14159265358979323846))), d,
+               U + j + 1);
 }
 
 void Unwrap(std::span<const double> P, std::span<const double> D, std::span<double> U)

@@ -3,8 +3,8 @@
 // to peak at 1.
 #include "dsp/window.h"
 
-#include "dsp/fir_synthesis.h"
 #include "dsp/contract.h"
+#include "dsp/fir_synthesis.h"
 #include "dsp/vector_kernels.h"
 
 #include <algorithm>
