@@ -273,12 +273,12 @@ int runFilterDesign(const QStringList& args, bool sweep)
     }
 
     // The library is touched only when the design is to be saved there.
-    DesignLibrary* designLibrary =
-        parser.isSet(save) ? &prepareCliLibrary(QStringLiteral("filter"), parser.value(library)) : nullptr;
+    DesignLibrary designLibrary(cliLibraryRoot(parser.value(library)));
+    if (parser.isSet(save))
+        prepareCliLibrary(designLibrary, QStringLiteral("filter"));
     CollectingView view;
-    GVRFilterDesignerModel model;
+    GVRFilterDesignerModel model(designLibrary);
     model.setWindow(&view);
-    model.setLibrary(designLibrary);
     const bool toMask = !sweep && parser.isSet(method);
     if (toMask) {
         const QString name = parser.value(method).trimmed().toLower();
@@ -329,7 +329,7 @@ int runFilterDesign(const QStringList& args, bool sweep)
         const QString name = parser.value(save);
         const bool saved = model.saveFilterDesignWithFileName(name);
         if (!reportSave(QStringLiteral("filter"), QStringLiteral("design"), saved, model.lastFileError(),
-                        designLibrary->filterPath(name), parser.isSet(json)))
+                        designLibrary.filterPath(name), parser.isSet(json)))
             return Refused;
     }
     if (refused)

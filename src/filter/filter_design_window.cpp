@@ -136,11 +136,11 @@ const QStringList& GVRWinFilterDesign::chartTypeTitle()
     return titles;
 }
 
-GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent) : QMainWindow(parent)
+GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent)
+    : QMainWindow(parent), filterDesignModel_(library)
 {
     setObjectName(QStringLiteral("GVRWinFilterDesign"));
     filterDesignModel_.setWindow(this);
-    filterDesignModel_.setLibrary(&library);
 
     buildControls();
 

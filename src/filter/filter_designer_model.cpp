@@ -75,7 +75,10 @@ struct GVRFilterDesignerModel::Workspace {
     }
 };
 
-GVRFilterDesignerModel::GVRFilterDesignerModel() : work_(std::make_unique<Workspace>()) {}
+GVRFilterDesignerModel::GVRFilterDesignerModel(DesignLibrary& library)
+    : work_(std::make_unique<Workspace>()), library_(library)
+{
+}
 
 GVRFilterDesignerModel::~GVRFilterDesignerModel() = default;
 

@@ -48,10 +48,9 @@ bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
     lastFileError_ = designSaveNameProblem(QStringLiteral("filter"), name);
     if (!lastFileError_.isEmpty())
         return false;
-    DesignLibrary& library = libraryOr(library_);
-    if (!writeFilterFile(library.filterPath(name), record, &lastFileError_))
+    if (!writeFilterFile(library_.filterPath(name), record, &lastFileError_))
         return false;
-    library.announceNewFilterFile();
+    library_.announceNewFilterFile();
     return true;
 }
 
@@ -62,7 +61,7 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
     if (!lastFileError_.isEmpty())
         return false;
     const std::optional<GVRFilter> record =
-        readFilterFile(libraryOr(library_).filterPath(name), &lastFileError_);
+        readFilterFile(library_.filterPath(name), &lastFileError_);
     if (!record)
         return false;
 

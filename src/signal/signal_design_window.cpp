@@ -229,11 +229,11 @@ QString GVRWinSignalDesign::parmTitle(int slot, int function)
     return parmTitles()[std::size_t(slot)].value(function);
 }
 
-GVRWinSignalDesign::GVRWinSignalDesign(DesignLibrary& library, QWidget* parent) : QMainWindow(parent)
+GVRWinSignalDesign::GVRWinSignalDesign(DesignLibrary& library, QWidget* parent)
+    : QMainWindow(parent), signalDesignerModel_(library)
 {
     setObjectName(QStringLiteral("GVRWinSignalDesign"));
     signalDesignerModel_.setWinSignalDesign(this);
-    signalDesignerModel_.setLibrary(&library);
 
     buildControls();
 
