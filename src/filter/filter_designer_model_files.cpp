@@ -2,6 +2,7 @@
 #include "filter/filter_designer_model.h"
 
 #include "archive/filter_archive.h"
+#include "dsp/fir_synthesis.h"
 #include "filter/filter_design_view.h"
 #include "filter/filter_keys.h"
 #include "library/design_file_io.h"
@@ -82,7 +83,7 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
     if (record->dfThetaCutoffFreqNormalized && record->dfThetaCenterFreqNormalized) {
         double cutoff = *record->dfThetaCutoffFreqNormalized;
         double center = *record->dfThetaCenterFreqNormalized;
-        if (record->filterType == 2)
+        if (record->filterType == kFilterHighPass)
             cutoff = 1.0 - cutoff;
         if (record->unitsType.value_or(0) != 0) {
             const double half = record->dfThetaSamplingFreq.value_or(0.0) * 0.5;
