@@ -38,7 +38,8 @@ struct LogTable {
             if (i == 63 || i == 64)
                 r = 1.0;
             recip[static_cast<std::size_t>(i)] = r;
-            minusLnRecip[static_cast<std::size_t>(i)] = static_cast<double>(-std::log(static_cast<long double>(r)));
+            minusLnRecip[static_cast<std::size_t>(i)] =
+                static_cast<double>(-std::log(static_cast<long double>(r)));
         }
     }
 };
@@ -95,7 +96,9 @@ LogParts logPartsOfDraw(std::uint32_t q, const LogTable& t)
 
 double log1pSmall(double x)
 {
-    return x * (1.0 + x * (-0.5 + x * (1.0 / 3 + x * (-0.25 + x * (0.2 + x * (-1.0 / 6 + x * (1.0 / 7 - x * 0.125)))))));
+    return x *
+           (1.0 + x * (-0.5 +
+                       x * (1.0 / 3 + x * (-0.25 + x * (0.2 + x * (-1.0 / 6 + x * (1.0 / 7 - x * 0.125)))))));
 }
 
 // cos(2π r · 2^-31) for r < 2^31 is c + (c·(cos a − 1) − s·sin a) with a table
@@ -168,16 +171,16 @@ std::array<std::uint64_t, 4> entropySeed()
         // No entropy source: fall back to the clock and a call counter,
         // still different on every call.
         static std::uint64_t counter = 0;
-        std::uint64_t x = static_cast<std::uint64_t>(
-                              std::chrono::high_resolution_clock::now().time_since_epoch().count()) ^
-                          (++counter << 40);
+        std::uint64_t x =
+            static_cast<std::uint64_t>(std::chrono::high_resolution_clock::now().time_since_epoch().count()) ^
+            (++counter << 40);
         for (auto& word : seed)
             word = splitmix(x);
     }
     return seed;
 }
 
-}  // namespace
+} // namespace
 
 void uniformDraws(std::span<std::uint32_t> out)
 {
@@ -239,7 +242,8 @@ void noiseInto(std::span<const double> in, double sigma, double mu, std::span<do
             r1[k] = static_cast<std::uint32_t>(first.next() >> 33);
         for (std::size_t k = 0; k < len; ++k)
             r2[k] = static_cast<std::uint32_t>(second.next() >> 33);
-        boxMullerSig(std::span(r1).first(len), std::span(r2).first(len), sigma, mu, std::span(noise).first(len));
+        boxMullerSig(std::span(r1).first(len), std::span(r2).first(len), sigma, mu,
+                     std::span(noise).first(len));
         if (in.empty())
             std::copy_n(noise.begin(), len, out.begin() + static_cast<std::ptrdiff_t>(k0));
         else
@@ -248,7 +252,7 @@ void noiseInto(std::span<const double> in, double sigma, double mu, std::span<do
     }
 }
 
-}  // namespace
+} // namespace
 
 void gaussianSig(double sigma, double mu, std::span<double> out)
 {

@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int kMaxFactor = 16;
-constexpr double kAutoFilterUpsilon = 3.5;  // 70 dB side-lobe ratio
+constexpr double kAutoFilterUpsilon = 3.5; // 70 dB side-lobe ratio
 
 double at(std::span<const double> x, std::size_t i)
 {
@@ -72,7 +72,7 @@ void dot4(const double* h, std::size_t taps, const double* x0, std::size_t strid
     out[3 * outStride] = s3;
 }
 
-}  // namespace
+} // namespace
 
 bool interpolateSignal(std::span<const double> x, int L, std::span<double> u)
 {
@@ -132,8 +132,7 @@ bool autoGenLPF(int L, int M, std::span<double> h)
     return true;
 }
 
-bool multirateSysOut(std::span<const double> x, std::span<const double> h, int L, int M,
-                     std::span<double> y)
+bool multirateSysOut(std::span<const double> x, std::span<const double> h, int L, int M, std::span<double> y)
 {
     std::vector<double> copy;
     if (x.data() < y.data() + y.size() && y.data() < x.data() + x.size()) {
@@ -170,9 +169,9 @@ bool multirateSysOut(std::span<const double> x, std::span<const double> h, int L
     std::vector<double> phaseTaps((taps + up - 1) / up);
     for (std::size_t r = 0; r < phases && r < outputs; ++r) {
         const std::size_t i = down * r;
-        const std::size_t first = (up - i % up) % up;  // first tap on an input sample
+        const std::size_t first = (up - i % up) % up; // first tap on an input sample
         if (first >= taps)
-            continue;  // no tap lands on an input: these outputs are zero
+            continue; // no tap lands on an input: these outputs are zero
         std::size_t count = 0;
         for (std::size_t p = first; p < taps; p += up)
             phaseTaps[count++] = reversed[p];

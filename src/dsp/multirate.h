@@ -30,5 +30,4 @@ std::size_t autoFilterPassBins(int L, int M);
 // but only forms the products that meet an input sample and only the
 // outputs kept. L = M = 1 copies x unfiltered. y may share x's memory.
 // Returns false (y all zero) for L or M outside 1 .. 16.
-bool multirateSysOut(std::span<const double> x, std::span<const double> h, int L, int M,
-                     std::span<double> y);
+bool multirateSysOut(std::span<const double> x, std::span<const double> h, int L, int M, std::span<double> y);

@@ -19,9 +19,9 @@
 namespace {
 
 constexpr double kTwoPi = 2.0 * std::numbers::pi;
-constexpr std::size_t kBlock = 128;  // samples per anchor
-constexpr std::uint32_t kDirectHarmonics = 64;  // above this the sums use their closed form
-constexpr std::uint32_t kExactEvery = 8;        // harmonics between exactly computed tables
+constexpr std::size_t kBlock = 128;            // samples per anchor
+constexpr std::uint32_t kDirectHarmonics = 64; // above this the sums use their closed form
+constexpr std::uint32_t kExactEvery = 8;       // harmonics between exactly computed tables
 
 // A value carried as hi + lo, |lo| ≤ ulp(hi)/2.
 struct Wide {
@@ -51,7 +51,7 @@ Wide timesWide(double m, Wide x)
 Wide reduceCycles(Wide x)
 {
     const double whole = std::nearbyint(x.hi);
-    const double hi = x.hi - whole;  // exact: both share x.hi's ulp
+    const double hi = x.hi - whole; // exact: both share x.hi's ulp
     const double s = hi + x.lo;
     return {s, x.lo - (s - hi)};
 }
@@ -159,8 +159,7 @@ void sinusoid(bool cosine, double A, double fa, double phi, double fs, std::span
         addPhasors(c, phi, A, {}, out);
 }
 
-void twoSinusoids(bool cosine, double A1, double fa1, double A2, double fa2, double fs,
-                  std::span<double> out)
+void twoSinusoids(bool cosine, double A1, double fa1, double A2, double fa2, double fs, std::span<double> out)
 {
     // (0 + x₁) + x₂ per sample: the same sum as adding two finished records.
     std::fill(out.begin(), out.end(), 0.0);
@@ -252,7 +251,7 @@ void sinc(double beta, double fs, std::span<double> out)
     out[0] = 1.0;
 }
 
-}  // namespace
+} // namespace
 
 std::uint32_t harmonicCount(double M)
 {

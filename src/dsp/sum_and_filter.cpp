@@ -22,7 +22,7 @@ void storePair(double* p, Pair v)
     std::memcpy(p, &v, sizeof v);
 }
 
-}  // namespace
+} // namespace
 
 double signMultiplier(int signCode)
 {

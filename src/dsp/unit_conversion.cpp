@@ -16,7 +16,7 @@ void copyScaled(std::span<const double> in, double divisor, std::span<double> ou
         out[i] = in[i] / divisor;
 }
 
-}  // namespace
+} // namespace
 
 int voltUnits(std::span<const double> x1, std::span<const double> x2, int code1, int code2,
               std::span<double> x1Out, std::span<double> x2Out)
@@ -53,7 +53,8 @@ int rescale(std::span<const double> y, int commonCode, std::span<double> yOut)
     const std::size_t n = yOut.size();
     if (!DSP_EXPECTS(y.size() == n))
         return commonCode;
-    const double largest = n == 0 ? 0.0 : *std::max_element(y.begin(), y.begin() + static_cast<std::ptrdiff_t>(n));
+    const double largest =
+        n == 0 ? 0.0 : *std::max_element(y.begin(), y.begin() + static_cast<std::ptrdiff_t>(n));
     if (commonCode == 0 && largest < 1.0) {
         for (std::size_t i = 0; i < n; ++i)
             yOut[i] = y[i] * 1000.0;
