@@ -197,6 +197,12 @@ CoefficientFormat coefficientFormatForPath(const QString& path)
     return CoefficientFormat::Csv;
 }
 
+bool coefficientFormatTakesDoubles(CoefficientFormat format)
+{
+    return format == CoefficientFormat::C || format == CoefficientFormat::Matlab ||
+           format == CoefficientFormat::Python || format == CoefficientFormat::Json;
+}
+
 QString coefficientIdentifier(const QString& designName)
 {
     QString id;

@@ -30,6 +30,9 @@ std::optional<CoefficientFormat> coefficientFormatNamed(const QString& name);
 // the plain C header (CMSIS is chosen by name only).
 CoefficientFormat coefficientFormatForPath(const QString& path);
 
+// c, matlab, python and json also write the doubles of a Double design.
+bool coefficientFormatTakesDoubles(CoefficientFormat format);
+
 // Choices that only some formats use.
 struct CoefficientExportOptions {
     // CMSIS: the block size the state-buffer comment is worked out for.
