@@ -10,6 +10,7 @@ packages=(
   libgtest-dev
   python3 python3-numpy python3-scipy
   xvfb xauth fonts-urw-base35
+  iverilog ghdl
 )
 
 missing=()
