@@ -58,7 +58,7 @@ int runExport(const QStringList& args)
     const QStringList positional = parser.positionalArguments();
     if (positional.size() != 2) {
         printErr(QStringLiteral("orvana-cli export: give a filter design name and an output file.\n") +
-                 parser.helpText());
+                 helpText(parser));
         return Usage;
     }
     QString name = positional.at(0);
@@ -93,7 +93,8 @@ int runExport(const QStringList& args)
         }
     }
 
-    DesignLibrary& designLibrary = prepareCliLibrary(QStringLiteral("export"), parser.value(library));
+    DesignLibrary designLibrary(cliLibraryRoot(parser.value(library)));
+    prepareCliLibrary(designLibrary, QStringLiteral("export"));
     const QString path = designLibrary.filterPath(name);
     if (!QFileInfo(path).isFile()) {
         printErr(QStringLiteral("orvana-cli export: there is no filter design \"%1\" in the library (%2).")

@@ -185,7 +185,7 @@ int runOpen(const QStringList& args)
                                    kind != QLatin1String("project"))) {
         printErr(
             QStringLiteral("orvana-cli open: give a kind (filter, signal or project) and a design name.\n") +
-            parser.helpText());
+            helpText(parser));
         return Usage;
     }
     QString name = positional.at(1);
@@ -199,7 +199,8 @@ int runOpen(const QStringList& args)
         diagramNumber = d.toInt();
     }
 
-    DesignLibrary& designLibrary = prepareCliLibrary(QStringLiteral("open"), parser.value(library));
+    DesignLibrary designLibrary(cliLibraryRoot(parser.value(library)));
+    prepareCliLibrary(designLibrary, QStringLiteral("open"));
     const bool isPath = name.contains(QLatin1Char('/'));
     const bool asJson = parser.isSet(json);
     QString path;

@@ -18,23 +18,27 @@
 
 #include "charts/view_filt_design.h"
 #include "charts/view_results.h"
+#include "archive/design_titles.h"
+#include "dsp/fir_synthesis.h"
+#include "dsp/window.h"
 #include "widgets/design_file_commands.h"
 #include "widgets/design_file_kind.h"
 #include "filter/filter_keys.h"
+#include "filter/mask_section.h"
 #include "widgets/number_field.h"
 #include "library/design_library.h"
 #include "widgets/window_parts.h"
 
 namespace {
 
-constexpr int kLengthMin = 25;
-constexpr int kLengthMax = 255;
+constexpr int kLengthMin = kDesignMinTaps;
+constexpr int kLengthMax = kDesignMaxTaps;
 constexpr int kLengthStep = 2;
 constexpr int kUnitsNorm = 0;
 constexpr int kUnitsDefault = 2; // "MHz"
-constexpr int kBandPass = 1;
-constexpr int kKaiser = 9;
-constexpr int kChebyshev = 10;
+constexpr int kBandPass = kFilterBandPass;
+constexpr int kKaiser = kWindowKaiser;
+constexpr int kChebyshev = kWindowChebyshev;
 
 // The length field and its stepper in one: whole odd numbers from 25 to 255.
 // An even number typed is taken as the odd number above it.
@@ -99,8 +103,7 @@ void selectIndex(QComboBox* popUp, const QVariant& value)
 
 const QStringList& GVRWinFilterDesign::unitsFieldTitle()
 {
-    static const QStringList titles = splitTitles("Norm,KHz,MHz");
-    return titles;
+    return titles::filterUnits();
 }
 
 const QStringList& GVRWinFilterDesign::unitsFieldSampFreqTitle()
@@ -111,22 +114,17 @@ const QStringList& GVRWinFilterDesign::unitsFieldSampFreqTitle()
 
 const QStringList& GVRWinFilterDesign::filterTypeTitle()
 {
-    static const QStringList titles = splitTitles("Low Pass,Band Pass,High Pass");
-    return titles;
+    return titles::filterTypes();
 }
 
 const QStringList& GVRWinFilterDesign::bitWidthTitle()
 {
-    static const QStringList titles = splitTitles(
-        "Double,20-bit,19-bit,18-bit,17-bit,16-bit,15-bit,14-bit,13-bit,12-bit,11-bit,10-bit,9-bit,8-bit");
-    return titles;
+    return titles::bitWidths();
 }
 
 const QStringList& GVRWinFilterDesign::windowTypeTitle()
 {
-    static const QStringList titles = splitTitles("Rectangular,Blackman,Hamming,Hann,Blackman-Harris,Cosine,"
-                                                  "Nutall,Blackman-Nutall,Flat Top,Kaiser,Chebyshev");
-    return titles;
+    return titles::windowTypes();
 }
 
 const QStringList& GVRWinFilterDesign::chartTypeTitle()
@@ -135,11 +133,11 @@ const QStringList& GVRWinFilterDesign::chartTypeTitle()
     return titles;
 }
 
-GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent) : QMainWindow(parent)
+GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent)
+    : QMainWindow(parent), filterDesignModel_(library)
 {
     setObjectName(QStringLiteral("GVRWinFilterDesign"));
     filterDesignModel_.setWindow(this);
-    filterDesignModel_.setLibrary(&library);
 
     buildControls();
 
@@ -162,7 +160,7 @@ GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent) 
             displayNoteField(filterDesignModel_.lastFileError(), 0.0, false);
         return saved;
     };
-    hooks.redesign = [this] { pressDesignFilterBut(); };
+    hooks.redesign = [this] { redesignAfterOpen(); };
     DesignLibrary* lib = &library;
     fileCommands_ = new DesignFileCommands(
         this, DesignFileKind::filter([lib] { return lib->filterFolder(); }), std::move(hooks), this);
@@ -201,8 +199,7 @@ void GVRWinFilterDesign::buildControls()
     auto* chartColumn = new QVBoxLayout(charts);
     chartColumn->setContentsMargins(0, 0, 0, 0);
     chartColumn->setSpacing(6);
-    chartColumn->addWidget(viewFiltDesign_, 1);
-    chartColumn->addWidget(viewResult_, 0);
+    buildAnalysisControls(chartColumn);
 
     QSplitter* split = makeFormAndCharts(buildForm(), charts, this);
     split->setObjectName(QStringLiteral("filterSplit"));
@@ -285,6 +282,8 @@ QWidget* GVRWinFilterDesign::buildForm()
     displayGrid->addWidget(chartTypePopUp_, 0, 1);
     displayGrid->setColumnStretch(1, 1);
     column->addWidget(display);
+
+    column->addWidget(buildMaskSection());
 
     auto* buttons = new QHBoxLayout;
     designFilterBut_ = new QPushButton(tr("Design"), form);
@@ -378,6 +377,7 @@ void GVRWinFilterDesign::initializeWithMandatoryFlag(bool mandatory)
     fill(bitWidthPopUp_, bitWidthTitle(), 0);
     fill(windowTypePopUp_, windowTypeTitle(), 0);
     fill(chartTypePopUp_, chartTypeTitle(), 0);
+    chartTypePopUp_->addItem(tr("Word Length"));
 
     filterLengthStepper_->setRange(kLengthMin, kLengthMax);
     filterLengthStepper_->setSingleStep(kLengthStep);
@@ -415,6 +415,7 @@ void GVRWinFilterDesign::updateUnitsAndHiddenFields()
 
     viewResult_->setFreqUnits(units);
     viewResult_->setFilterType(type);
+    maskSection_->setFilterType(type);
 }
 
 void GVRWinFilterDesign::selectUnitsPopUpBut(int now)
@@ -458,6 +459,8 @@ void GVRWinFilterDesign::selectUnitsPopUpBut(int now)
 
 void GVRWinFilterDesign::selectChartTypePopUpBut()
 {
+    if (showWordLengthChart())
+        return;
     viewFiltDesign_->newChartOfType(chartTypePopUp_->currentIndex(),
                                     unitsFieldTitle().value(unitsPopUp_->currentIndex()));
 }
@@ -512,12 +515,14 @@ void GVRWinFilterDesign::displayFilterDesignResults(const QVariantMap& results)
 void GVRWinFilterDesign::clearFilterDesignResults()
 {
     viewResult_->clearDisplay();
+    refreshAnalysis();
 }
 
 void GVRWinFilterDesign::plotMagnitudeAndPhaseWithArray(const std::vector<double>& array)
 {
     dBmagAndPhaseArray_ = array;
     selectChartTypePopUpBut();
+    refreshAnalysis();
 }
 
 void GVRWinFilterDesign::clearFilterDesignParameters()

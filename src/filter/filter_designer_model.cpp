@@ -18,8 +18,8 @@ namespace {
 
 constexpr double kLowBound = 0.01;
 constexpr double kHighBound = 0.99;
-constexpr double kMinTaps = 25.0;
-constexpr double kMaxTaps = 255.0;
+constexpr double kMinTaps = kDesignMinTaps;
+constexpr double kMaxTaps = kDesignMaxTaps;
 // Past these the windows still compute but mean nothing (β = 14 already gives ~140 dB).
 constexpr double kMaxBeta = 100.0;
 constexpr double kMaxUpsilon = 20.0;
@@ -75,7 +75,10 @@ struct GVRFilterDesignerModel::Workspace {
     }
 };
 
-GVRFilterDesignerModel::GVRFilterDesignerModel() : work_(std::make_unique<Workspace>()) {}
+GVRFilterDesignerModel::GVRFilterDesignerModel(DesignLibrary& library)
+    : work_(std::make_unique<Workspace>()), library_(library)
+{
+}
 
 GVRFilterDesignerModel::~GVRFilterDesignerModel() = default;
 
@@ -99,6 +102,10 @@ void GVRFilterDesignerModel::designFilterWithParameters(const QVariantMap& param
 
     if (!checkParametersWithCutoffFreq(cutoff, center))
         return;
+    if (!maskDesignRunning_) {
+        d_.designMethod = 0;
+        d_.mask.reset();
+    }
     firFilter();
 }
 
@@ -221,6 +228,8 @@ void GVRFilterDesignerModel::firFilter()
     winfun(d_.windowType, d_.betaUpsilon, w);
     winSync(h, w, hw);
     filt(d_.filterType, d_.thetaCenterFreqNormalized, hw, c);
+    if (presetCoefficients_ && presetCoefficients_->size() == N)
+        std::copy(presetCoefficients_->begin(), presetCoefficients_->end(), c.begin());
 
     const PrecisionResult precision = bitPrecison(d_.filterWidth, c, q, cp);
     d_.dynamicRange = precision.dynamicRange;

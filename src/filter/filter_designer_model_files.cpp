@@ -2,6 +2,7 @@
 #include "filter/filter_designer_model.h"
 
 #include "archive/filter_archive.h"
+#include "dsp/fir_synthesis.h"
 #include "filter/filter_design_view.h"
 #include "filter/filter_keys.h"
 #include "library/design_file_io.h"
@@ -35,14 +36,22 @@ bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
     record.integerCoefficients = d_.integerCoefficients;
     record.filterCoefficients = d_.filterCoefficients;
     record.filterPrecisionCoefficients = d_.filterPrecisionCoefficients;
+    if (d_.mask) {
+        record.designMethod = d_.designMethod;
+        record.dfMaskPassbandEdge = d_.mask->passband[0];
+        record.dfMaskPassbandEdge2 = d_.mask->passband[1];
+        record.dfMaskStopbandEdge = d_.mask->stopband[0];
+        record.dfMaskStopbandEdge2 = d_.mask->stopband[1];
+        record.dfMaskRipple = d_.mask->rippleDb;
+        record.dfMaskAttenuation = d_.mask->attenuationDb;
+    }
 
     lastFileError_ = designSaveNameProblem(QStringLiteral("filter"), name);
     if (!lastFileError_.isEmpty())
         return false;
-    DesignLibrary& library = libraryOr(library_);
-    if (!writeFilterFile(library.filterPath(name), record, &lastFileError_))
+    if (!writeFilterFile(library_.filterPath(name), record, &lastFileError_))
         return false;
-    library.announceNewFilterFile();
+    library_.announceNewFilterFile();
     return true;
 }
 
@@ -53,7 +62,7 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
     if (!lastFileError_.isEmpty())
         return false;
     const std::optional<GVRFilter> record =
-        readFilterFile(libraryOr(library_).filterPath(name), &lastFileError_);
+        readFilterFile(library_.filterPath(name), &lastFileError_);
     if (!record)
         return false;
 
@@ -74,7 +83,7 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
     if (record->dfThetaCutoffFreqNormalized && record->dfThetaCenterFreqNormalized) {
         double cutoff = *record->dfThetaCutoffFreqNormalized;
         double center = *record->dfThetaCenterFreqNormalized;
-        if (record->filterType == 2)
+        if (record->filterType == kFilterHighPass)
             cutoff = 1.0 - cutoff;
         if (record->unitsType.value_or(0) != 0) {
             const double half = record->dfThetaSamplingFreq.value_or(0.0) * 0.5;
@@ -89,6 +98,19 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
         return false;
     }
     filterRestorationDictionary_ = restored;
+    restoredMask_.reset();
+    if (record->dfMaskPassbandEdge && record->dfMaskStopbandEdge && record->dfMaskRipple &&
+        record->dfMaskAttenuation) {
+        ToleranceMask mask;
+        mask.type = static_cast<int>(record->filterType.value_or(0));
+        mask.passband[0] = *record->dfMaskPassbandEdge;
+        mask.passband[1] = record->dfMaskPassbandEdge2.value_or(0.0);
+        mask.stopband[0] = *record->dfMaskStopbandEdge;
+        mask.stopband[1] = record->dfMaskStopbandEdge2.value_or(0.0);
+        mask.rippleDb = *record->dfMaskRipple;
+        mask.attenuationDb = *record->dfMaskAttenuation;
+        restoredMask_.emplace(record->designMethod.value_or(0) == 1 ? 1 : 0, mask);
+    }
     if (winFilterDesign_)
         winFilterDesign_->restoreFilterParameters(filterRestorationDictionary_);
     return true;

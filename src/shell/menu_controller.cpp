@@ -2,8 +2,10 @@
 #include "shell/menu_controller.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -13,20 +15,34 @@
 #include "filter/filter_inspector_window.h"
 #include "project/fir_export_window.h"
 #include "project/project_window.h"
+#include "shell/about_box.h"
 #include "shell/pref_controller.h"
+#include "shell/recent_files.h"
 #include "shell/user_manual.h"
 #include "signal/signal_design_window.h"
 #include "signal/signal_inspector_window.h"
 
-QUrl GVRMenuController::orvanaWebsite()
-{
-    return QUrl(QStringLiteral("https://orvana.example.org"));
-}
+namespace {
 
-QUrl GVRMenuController::developerWebsite()
-{
-    return QUrl(QStringLiteral("https://orvana.example.org/developers"));
-}
+// The menus by action object name, in order; "" is a separator and the list
+// ends at the first null. Naming the items keeps each menu whole whatever
+// order the actions are made in.
+constexpr const char* kRecentMenu = "openRecentMenu";
+struct MenuLayout {
+    const char* title;
+    const char* items[12];
+};
+const MenuLayout kMenus[] = {
+    {QT_TR_NOOP("&File"),
+     {"newAction", "openAction", kRecentMenu, "saveAction", "saveAsAction", "", "exportAction", "",
+      "preferencesAction", "", "quitAction"}},
+    {QT_TR_NOOP("&Window"),
+     {"filterDesignerAction", "signalDesignerAction", "", "sumAndFilterAction", "multirateAction", "",
+      "filterInspectorAction", "signalInspectorAction", "firExportAction"}},
+    {QT_TR_NOOP("&Help"), {"manualAction", "aboutAction"}},
+};
+
+} // namespace
 
 GVRMenuController::GVRMenuController(Targets targets, QObject* parent)
     : QObject(parent), targets_(targets),
@@ -57,7 +73,7 @@ void GVRMenuController::createActions()
     saveAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
     QAction* saveAsAction = addAction("saveAsAction", tr("Save &As…"), [this] { saveAsMenuItem(); });
     saveAsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    QAction* exportAction = addAction("exportAction", tr("&Export Coefficients…"), [t] {
+    addAction("exportAction", tr("&Export Coefficients…"), [t] {
         if (t.firExport)
             t.firExport->showGVRWinFirExport();
     });
@@ -70,52 +86,38 @@ void GVRMenuController::createActions()
     QAction* quitAction = addAction("quitAction", tr("&Quit"), [] { QCoreApplication::quit(); });
     quitAction->setMenuRole(QAction::QuitRole);
     quitAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    fileActions_ = {newAction, openAction, saveAction, saveAsAction, exportAction, prefAction, quitAction};
 
-    windowActions_ = {
-        addAction("filterDesignerAction", tr("Filter Designer"),
-                  [t] {
-                      if (t.filterDesign)
-                          t.filterDesign->showGVRWinFilterDesign();
-                  }),
-        addAction("signalDesignerAction", tr("Signal Designer"),
-                  [t] {
-                      if (t.signalDesign)
-                          t.signalDesign->showGVRWinSignalDesign();
-                  }),
-        addAction("sumAndFilterAction", tr("Sum && Filter Model"),
-                  [t] {
-                      if (t.project)
-                          t.project->showGVRWinProjectOne();
-                  }),
-        addAction("multirateAction", tr("Multirate Model"),
-                  [t] {
-                      if (t.project)
-                          t.project->showGVRWinProjectTwo();
-                  }),
-        addAction("filterInspectorAction", tr("Filter Inspector"),
-                  [t] {
-                      if (t.filtInspector)
-                          t.filtInspector->showGVRWinFiltInspector();
-                  }),
-        addAction("signalInspectorAction", tr("Signal Inspector"),
-                  [t] {
-                      if (t.sigInspector)
-                          t.sigInspector->showGVRWinSigInspector();
-                  }),
-        addAction("firExportAction", tr("FIR Coefficient Export"),
-                  [t] {
-                      if (t.firExport)
-                          t.firExport->showGVRWinFirExport();
-                  }),
-    };
-
-    helpActions_ = {
-        addAction("manualAction", tr("Orvana User Manual"), [this] { viewManual(); }),
-        addAction("orvanaWebsiteAction", tr("Orvana Web Site"), [this] { viewOrvanaWebsite(); }),
-        addAction("developerWebsiteAction", tr("Developer Web Site"), [this] { viewDunmereWebsite(); }),
-    };
-    helpActions_.first()->setShortcut(QKeySequence::HelpContents);
+    addAction("filterDesignerAction", tr("Filter Designer"), [t] {
+        if (t.filterDesign)
+            t.filterDesign->showGVRWinFilterDesign();
+    });
+    addAction("signalDesignerAction", tr("Signal Designer"), [t] {
+        if (t.signalDesign)
+            t.signalDesign->showGVRWinSignalDesign();
+    });
+    addAction("sumAndFilterAction", tr("Sum && Filter Model"), [t] {
+        if (t.project)
+            t.project->showGVRWinProjectOne();
+    });
+    addAction("multirateAction", tr("Multirate Model"), [t] {
+        if (t.project)
+            t.project->showGVRWinProjectTwo();
+    });
+    addAction("filterInspectorAction", tr("Filter Inspector"), [t] {
+        if (t.filtInspector)
+            t.filtInspector->showGVRWinFiltInspector();
+    });
+    addAction("signalInspectorAction", tr("Signal Inspector"), [t] {
+        if (t.sigInspector)
+            t.sigInspector->showGVRWinSigInspector();
+    });
+    addAction("firExportAction", tr("FIR Coefficient Export"), [t] {
+        if (t.firExport)
+            t.firExport->showGVRWinFirExport();
+    });
+    addAction("manualAction", tr("Orvana User Manual"), [this] { viewManual(); })
+        ->setShortcut(QKeySequence::HelpContents);
+    addAction("aboutAction", tr("&About Orvana"), [this] { showAbout(); })->setMenuRole(QAction::AboutRole);
 }
 
 QAction* GVRMenuController::action(const QString& name) const
@@ -130,7 +132,7 @@ void GVRMenuController::installMenus(QMainWindow* window)
     // Window-level shortcuts the window set up for itself would make the
     // keys ambiguous; the menu's commands reach the same window.
     QList<QKeySequence> taken;
-    for (QAction* a : fileActions_ + windowActions_ + helpActions_)
+    for (const QAction* a : findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly))
         taken += a->shortcuts();
     const QList<QAction*> own = window->actions();
     for (QAction* a : own) {
@@ -146,22 +148,26 @@ void GVRMenuController::installMenus(QMainWindow* window)
 
     auto* bar = new QMenuBar(window);
     bar->setObjectName(QStringLiteral("orvanaMenuBar"));
-    QMenu* file = bar->addMenu(tr("&File"));
-    file->addActions(fileActions_.mid(0, 4));
-    file->addSeparator();
-    file->addAction(fileActions_.at(4));
-    file->addSeparator();
-    file->addAction(fileActions_.at(5));
-    file->addSeparator();
-    file->addAction(fileActions_.at(6));
-    QMenu* windows = bar->addMenu(tr("&Window"));
-    windows->addActions(windowActions_.mid(0, 2));
-    windows->addSeparator();
-    windows->addActions(windowActions_.mid(2, 2));
-    windows->addSeparator();
-    windows->addActions(windowActions_.mid(4));
-    QMenu* help = bar->addMenu(tr("&Help"));
-    help->addActions(helpActions_);
+    for (const MenuLayout& layout : kMenus) {
+        QMenu* menu = bar->addMenu(tr(layout.title));
+        for (const char* item : layout.items) {
+            if (!item)
+                break;
+            if (!*item) {
+                menu->addSeparator();
+            } else if (qstrcmp(item, kRecentMenu) == 0) {
+                QMenu* recent = menu->addMenu(tr("Open &Recent"));
+                recent->setObjectName(QLatin1String(kRecentMenu));
+                fillRecentMenu(recent);
+                connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(recent); });
+            } else {
+                QAction* shared = action(QLatin1String(item));
+                Q_ASSERT(shared);  // every name in the layout is made by createActions()
+                if (shared)
+                    menu->addAction(shared);
+            }
+        }
+    }
     window->setMenuBar(bar);
 }
 
@@ -216,12 +222,34 @@ void GVRMenuController::viewManual()
     openUrl(QUrl::fromLocalFile(page));
 }
 
-void GVRMenuController::viewOrvanaWebsite()
+void GVRMenuController::showAbout()
 {
-    openUrl(orvanaWebsite());
+    showAboutBox(QApplication::activeWindow());
 }
 
-void GVRMenuController::viewDunmereWebsite()
+void GVRMenuController::fillRecentMenu(QMenu* menu)
 {
-    openUrl(developerWebsite());
+    menu->clear();
+    const QStringList paths = targets_.recentFiles ? targets_.recentFiles->paths() : QStringList();
+    for (const QString& path : paths) {
+        // A file gone since stays listed, greyed, until the list moves on.
+        const QFileInfo info(path);
+        QAction* item = menu->addAction(info.fileName());
+        item->setToolTip(path);
+        item->setData(path);
+        item->setEnabled(info.isFile());
+        connect(item, &QAction::triggered, this, [this, path] {
+            if (targets_.openPath)
+                targets_.openPath(path);
+        });
+    }
+    if (!paths.isEmpty())
+        menu->addSeparator();
+    QAction* clear = menu->addAction(tr("Clear Menu"));
+    clear->setObjectName(QStringLiteral("clearRecentAction"));
+    clear->setEnabled(!paths.isEmpty());
+    connect(clear, &QAction::triggered, this, [this] {
+        if (targets_.recentFiles)
+            targets_.recentFiles->clear();
+    });
 }
