@@ -14,6 +14,7 @@ packages=(
   help2man desktop-file-utils appstream libxml2-utils shared-mime-info
   dpkg-dev file man-db lintian
   clang-format
+  iverilog ghdl
 )
 
 missing=()

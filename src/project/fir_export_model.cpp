@@ -51,7 +51,9 @@ QByteArray GVRFirExportModel::coefficientText(const std::vector<std::int64_t>& c
 }
 
 bool GVRFirExportModel::openFilterFileAndSaveCoefficientsToFile(const QString& fileName,
-                                                                const QString& csvPath, QString* error)
+                                                                const QString& csvPath, QString* error,
+                                                                CoefficientFormat format,
+                                                                const CoefficientExportOptions& options)
 {
     auto fail = [&](const QString& message) {
         if (error)
@@ -67,9 +69,14 @@ bool GVRFirExportModel::openFilterFileAndSaveCoefficientsToFile(const QString& f
         readFilterFile(library_.filterFolder() + u'/' + fileName, &readError);
     if (!record)
         return fail(readError);
-    if (record->filterWidth == 0)
-        return fail(integerWidthAlert());
-    if (!record->integerCoefficients || record->integerCoefficients->empty())
-        return fail(QStringLiteral("The filter design \"%1\" holds no integer coefficients.").arg(fileName));
-    return writeFileAtomically(csvPath, coefficientText(*record->integerCoefficients), error);
+    QString designName = fileName;
+    const QString extension = DesignLibrary::extension(DesignLibrary::Folder::Filter);
+    if (designName.endsWith(extension))
+        designName.chop(extension.size());
+    QString formatError;
+    const std::optional<QByteArray> text =
+        coefficientFileText(format, designName, *record, options, &formatError);
+    if (!text)
+        return fail(formatError);
+    return writeFileAtomically(csvPath, *text, error);
 }

@@ -11,6 +11,7 @@
 #include <QString>
 
 #include "filter/inspect_filt.h"
+#include "project/coefficient_formats.h"
 
 class DesignLibrary;
 
@@ -23,12 +24,15 @@ public:
     // in the order the folder lists them.
     QList<GVRInspectFilt> getFirExportFileArray();
 
-    // Writes the one-line CSV of the named ".filt" file (file name with its
-    // extension) to csvPath atomically. False, with the reason in `error`, when
-    // the file cannot be read, holds no integer coefficients, was designed with
-    // the "Double" width (integerWidthAlert()), or the write fails.
+    // Writes the one-line CSV (or another format) of the named ".filt" file
+    // (file name with its extension) to csvPath atomically. False, with the
+    // reason in `error`, when the file cannot be read, holds no integer
+    // coefficients, was designed with the "Double" width (integerWidthAlert()),
+    // does not suit the format, or the write fails; nothing is written then.
     bool openFilterFileAndSaveCoefficientsToFile(const QString& fileName, const QString& csvPath,
-                                                 QString* error = nullptr);
+                                                 QString* error = nullptr,
+                                                 CoefficientFormat format = CoefficientFormat::Csv,
+                                                 const CoefficientExportOptions& options = {});
 
     // "Filter Coefficient Width must be an Integer Value\n(Not Floating Point)"
     static QString integerWidthAlert();

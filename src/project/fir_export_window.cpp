@@ -1,6 +1,7 @@
 // The coefficient export window: list, checks, save dialog and replace alert.
 #include "project/fir_export_window.h"
 
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -15,8 +16,8 @@
 #include <QVBoxLayout>
 
 #include "archive/design_titles.h"
-#include "project/fir_export_table_model.h"
 #include "library/design_library.h"
+#include "project/fir_export_table_model.h"
 
 const QStringList& GVRWinFirExport::bitWidthTitle()
 {
@@ -25,7 +26,8 @@ const QStringList& GVRWinFirExport::bitWidthTitle()
 
 GVRWinFirExport::GVRWinFirExport(DesignLibrary& library, QWidget* parent)
     : QMainWindow(parent), firExportModel_(library), tableModel_(new FirExportTableModel(this)),
-      table_(new QTableView(this)), exportBut_(new QPushButton(tr("Export…"), this))
+      table_(new QTableView(this)), exportBut_(new QPushButton(tr("Export…"), this)),
+      formatPopUp_(new QComboBox(this))
 {
     setObjectName(QStringLiteral("GVRWinFirExport"));
     setWindowTitle(tr("FIR Coefficient Export"));
@@ -63,15 +65,24 @@ GVRWinFirExport::GVRWinFirExport(DesignLibrary& library, QWidget* parent)
             pressExportBut();
     });
 
+    formatPopUp_->setObjectName(QStringLiteral("formatPopUp"));
+    for (const CoefficientFormatInfo& info : coefficientFormats())
+        formatPopUp_->addItem(tr(info.title), static_cast<int>(info.format));
+    formatPopUp_->setCurrentIndex(0);
+
     auto* central = new QWidget(this);
     auto* column = new QVBoxLayout(central);
-    auto* hint = new QLabel(tr("Select a filter designed with an integer coefficient width (20-bit to 8-bit) "
-                               "and export its coefficients as one comma-separated line."),
-                            central);
+    auto* hint =
+        new QLabel(tr("Select a filter designed with an integer coefficient width (20-bit to 8-bit) "
+                      "and export its coefficients as one comma-separated line, or in the format chosen "
+                      "below (Double designs too for C, MATLAB, Python and JSON)."),
+                   central);
     hint->setWordWrap(true);
     column->addWidget(hint);
     column->addWidget(table_, 1);
     auto* buttons = new QHBoxLayout;
+    buttons->addWidget(new QLabel(tr("Format:"), central));
+    buttons->addWidget(formatPopUp_);
     buttons->addStretch(1);
     buttons->addWidget(exportBut_);
     column->addLayout(buttons);
@@ -95,6 +106,11 @@ void GVRWinFirExport::showGVRWinFirExport()
     activateWindow();
 }
 
+CoefficientFormat GVRWinFirExport::selectedFormat() const
+{
+    return static_cast<CoefficientFormat>(formatPopUp_->currentData().toInt());
+}
+
 void GVRWinFirExport::updateTableDisplay()
 {
     // The rows come back in folder order; a sort the user chose is applied again.
@@ -115,7 +131,8 @@ void GVRWinFirExport::pressExportBut()
         return;
     const GVRInspectFilt row = tableModel_->rows().value(selected.first().row());
     selectedDotFiltFileName_ = row.filename;
-    if (row.width == bitWidthTitle().first()) {
+    exportFormat_ = selectedFormat();
+    if (row.width == bitWidthTitle().first() && !coefficientFormatTakesDoubles(exportFormat_)) {
         alertInvalidCoefficients();
         return;
     }
@@ -138,7 +155,17 @@ void GVRWinFirExport::pressExportBut()
     saveDialog_->setAcceptMode(QFileDialog::AcceptSave);
     saveDialog_->setFileMode(QFileDialog::AnyFile);
     saveDialog_->setWindowModality(Qt::WindowModal);
-    saveDialog_->selectFile(QString());
+    if (exportFormat_ == CoefficientFormat::Csv) {
+        saveDialog_->selectFile(QString());
+    } else {
+        // The other formats offer their own extension, after the design's name.
+        const CoefficientFormatInfo& info = coefficientFormatInfo(exportFormat_);
+        const QString extension = QString::fromLatin1(info.extension);
+        saveDialog_->setNameFilter(tr(info.title).replace(extension, u'*' + extension));
+        QString base = selectedDotFiltFileName_;
+        base.chop(QFileInfo(base).suffix().size() + 1);
+        saveDialog_->selectFile(base + extension);
+    }
     connect(saveDialog_, &QFileDialog::fileSelected, this, &GVRWinFirExport::savePanelDidEnd);
     saveDialog_->open();
 }
@@ -147,8 +174,12 @@ void GVRWinFirExport::savePanelDidEnd(const QString& chosenPath)
 {
     if (chosenPath.isEmpty())
         return;
-    // Always appended, even to a name that already ends in ".csv".
-    selectedDotCsvPath_ = chosenPath + QStringLiteral(".csv");
+    // CSV: always appended, even to a name that already ends in ".csv". The
+    // other formats add their extension only when it is missing.
+    const QString extension = QString::fromLatin1(coefficientFormatInfo(exportFormat_).extension);
+    selectedDotCsvPath_ = chosenPath;
+    if (exportFormat_ == CoefficientFormat::Csv || !chosenPath.endsWith(extension, Qt::CaseInsensitive))
+        selectedDotCsvPath_ += extension;
     if (!QFileInfo::exists(selectedDotCsvPath_)) {
         exportCoefficients();
         return;
@@ -162,7 +193,7 @@ void GVRWinFirExport::exportCoefficients()
 {
     QString error;
     if (!firExportModel_.openFilterFileAndSaveCoefficientsToFile(selectedDotFiltFileName_,
-                                                                 selectedDotCsvPath_, &error))
+                                                                 selectedDotCsvPath_, &error, exportFormat_))
         alertExportFailed(error);
 }
 

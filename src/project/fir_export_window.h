@@ -1,7 +1,8 @@
 // GVRWinFirExport: the FIR coefficient export window. It lists every filter
 // design of the library and writes the quantised integer coefficients of the
 // selected one as one comma-separated line to a ".csv" file chosen in a save
-// dialog. Double-precision designs are listed but refused.
+// dialog. Double-precision designs are listed but refused. A Format pop-up
+// (CSV by default) chooses the other coefficient formats instead.
 #pragma once
 
 #include <QFileDialog>
@@ -14,6 +15,7 @@
 
 class DesignLibrary;
 class FirExportTableModel;
+class QComboBox;
 class QPushButton;
 class QTableView;
 
@@ -29,6 +31,9 @@ public:
     QTableView* table() const { return table_; }
     FirExportTableModel* tableModel() const { return tableModel_; }
     QPushButton* exportButton() const { return exportBut_; }
+    // The Format pop-up: one item per coefficient format, CSV first.
+    QComboBox* formatPopUp() const { return formatPopUp_; }
+    CoefficientFormat selectedFormat() const;
     // The save dialog while it is up (made for each export).
     QFileDialog* saveDialog() const { return saveDialog_; }
     // The alert last opened, while it is up.
@@ -59,9 +64,11 @@ private:
     FirExportTableModel* tableModel_ = nullptr;
     QTableView* table_ = nullptr;
     QPushButton* exportBut_ = nullptr;
+    QComboBox* formatPopUp_ = nullptr;
     QPointer<QFileDialog> saveDialog_;
     QPointer<QMessageBox> alert_;
     QString saveDialogFolder_;
     QString selectedDotFiltFileName_;
     QString selectedDotCsvPath_;
+    CoefficientFormat exportFormat_ = CoefficientFormat::Csv;
 };
