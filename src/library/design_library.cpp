@@ -10,7 +10,11 @@
 #include <QFileInfo>
 
 #include "archive/atomic_write.h"
+#include "archive/filter_archive.h"
+#include "archive/project_archive.h"
+#include "archive/signal_archive.h"
 #include "library/library_location.h"
+#include "library/stale_temporaries.h"
 
 namespace {
 
@@ -74,6 +78,18 @@ std::optional<LibraryProblem> makeFolder(const QString& path, const QString& wha
         error = std::make_error_code(std::errc::not_a_directory);
     return LibraryProblem{path, QStringLiteral("The folder %1 could not be made (%2), so %3 cannot be saved.")
                                     .arg(quotedPath(path), systemReason(error), contentsOf(what))};
+}
+
+// True when the file at `path` reads as a design of `folder`'s kind.
+bool readsAsDesign(DesignLibrary::Folder folder, const QString& path)
+{
+    switch (folder) {
+    case DesignLibrary::Folder::Filter: return readFilterFile(path).has_value();
+    case DesignLibrary::Folder::Signal: return readSignalFile(path).has_value();
+    case DesignLibrary::Folder::ProjectOne:
+    case DesignLibrary::Folder::ProjectTwo: return readProjectFile(path).has_value();
+    }
+    return false;
 }
 
 }  // namespace
@@ -183,9 +199,15 @@ SeedReport DesignLibrary::seedSamples(const QString& sampleFolder) const
             continue;
         }
         const QFileInfo existing(target);
+        bool replacing = false;
         if (existing.exists() || existing.isSymLink()) {
-            report.kept.append(name);
-            continue;
+            // Only a plain file can be a failed copy; anything else is the user's.
+            replacing = existing.isFile() && !existing.isSymLink() &&
+                        (existing.size() == 0 || !readsAsDesign(sample.folder, target));
+            if (!replacing) {
+                report.kept.append(name);
+                continue;
+            }
         }
         const auto problem = [&](const QString& why) {
             report.problems.append(
@@ -200,13 +222,13 @@ SeedReport DesignLibrary::seedSamples(const QString& sampleFolder) const
             problem(in.errorString());
             continue;
         }
-        const QByteArray bytes = in.read(kMaxSampleBytes + 1);
-        if (in.error() != QFileDevice::NoError) {
-            problem(in.errorString());
+        if (in.size() > kMaxSampleBytes) {
+            problem(QStringLiteral("it is larger than 16 MiB, far more than any design"));
             continue;
         }
-        if (bytes.size() > kMaxSampleBytes) {
-            problem(QStringLiteral("it is larger than 16 MiB, far more than any design"));
+        const QByteArray bytes = in.readAll();
+        if (in.error() != QFileDevice::NoError) {
+            problem(in.errorString());
             continue;
         }
         QString error;
@@ -215,7 +237,18 @@ SeedReport DesignLibrary::seedSamples(const QString& sampleFolder) const
                 {target, QStringLiteral("The sample design %1 was not copied. %2").arg(quoted(name), error)});
             continue;
         }
-        report.copied.append(name);
+        (replacing ? report.replaced : report.copied).append(name);
     }
     return report;
+}
+
+QStringList DesignLibrary::removeStaleTemporaries(const QDateTime& now) const
+{
+    QStringList removed;
+    for (Folder folder : kFolders) {
+        const QString path = folderPath(folder);
+        for (const QString& name : ::removeStaleTemporaries(path, now))
+            removed << path + QLatin1Char('/') + name;
+    }
+    return removed;
 }
