@@ -179,10 +179,13 @@ QList<DesignFileEntry> DesignLibrary::files(Folder folder) const
 
 QStringList DesignLibrary::designNames(Folder folder) const
 {
-    const qsizetype cut = extension(folder).size();
+    // Names only: no modification dates to fetch for pop-ups of thousands.
+    const QString ext = extension(folder);
     QStringList names;
-    for (const DesignFileEntry& entry : files(folder))
-        names.append(entry.fileName.chopped(cut));
+    const QStringList entries = QDir(folderPath(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
+    for (const QString& name : entries)
+        if (name.size() > ext.size() && name.endsWith(ext, Qt::CaseSensitive))
+            names.append(name.chopped(ext.size()));
     return names;
 }
 
@@ -201,9 +204,13 @@ SeedReport DesignLibrary::seedSamples(const QString& sampleFolder) const
         const QFileInfo existing(target);
         bool replacing = false;
         if (existing.exists() || existing.isSymLink()) {
-            // Only a plain file can be a failed copy; anything else is the user's.
+            // Only a plain file can be a failed copy; anything else is the
+            // user's. A file that does not read as a design is replaced only
+            // by a sample that does.
+            QFile probe(target);
             replacing = existing.isFile() && !existing.isSymLink() &&
-                        (existing.size() == 0 || !readsAsDesign(sample.folder, target));
+                        (existing.size() == 0 || !probe.open(QIODevice::ReadOnly) ||
+                         (!readsAsDesign(sample.folder, target) && readsAsDesign(sample.folder, source)));
             if (!replacing) {
                 report.kept.append(name);
                 continue;
