@@ -7,6 +7,7 @@
 
 #include <functional>
 
+#include <QCoreApplication>
 #include <QFutureWatcher>
 #include <QHeaderView>
 #include <QList>
