@@ -10,9 +10,6 @@
 #include <QFileInfo>
 
 #include "archive/atomic_write.h"
-#include "archive/filter_archive.h"
-#include "archive/project_archive.h"
-#include "archive/signal_archive.h"
 #include "library/library_location.h"
 #include "library/stale_temporaries.h"
 
@@ -80,16 +77,19 @@ std::optional<LibraryProblem> makeFolder(const QString& path, const QString& wha
                                     .arg(quotedPath(path), systemReason(error), contentsOf(what))};
 }
 
-// True when the file at `path` reads as a design of `folder`'s kind.
-bool readsAsDesign(DesignLibrary::Folder folder, const QString& path)
+// A file a failed sample copy left: empty, unreadable, or the sample cut
+// short (a strict prefix of it, as a full disk leaves). Anything else, even
+// a file that is not a design, is the user's and stays.
+bool isFailedCopy(const QString& target, const QString& source)
 {
-    switch (folder) {
-    case DesignLibrary::Folder::Filter: return readFilterFile(path).has_value();
-    case DesignLibrary::Folder::Signal: return readSignalFile(path).has_value();
-    case DesignLibrary::Folder::ProjectOne:
-    case DesignLibrary::Folder::ProjectTwo: return readProjectFile(path).has_value();
-    }
-    return false;
+    QFile existing(target);
+    if (existing.size() == 0 || !existing.open(QIODevice::ReadOnly))
+        return true;
+    QFile sample(source);
+    if (existing.size() >= sample.size() || !sample.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray head = existing.readAll();
+    return existing.error() != QFileDevice::NoError || sample.read(head.size()) == head;
 }
 
 }  // namespace
@@ -204,13 +204,8 @@ SeedReport DesignLibrary::seedSamples(const QString& sampleFolder) const
         const QFileInfo existing(target);
         bool replacing = false;
         if (existing.exists() || existing.isSymLink()) {
-            // Only a plain file can be a failed copy; anything else is the
-            // user's. A file that does not read as a design is replaced only
-            // by a sample that does.
-            QFile probe(target);
-            replacing = existing.isFile() && !existing.isSymLink() &&
-                        (existing.size() == 0 || !probe.open(QIODevice::ReadOnly) ||
-                         (!readsAsDesign(sample.folder, target) && readsAsDesign(sample.folder, source)));
+            // Only a plain file can be a failed copy; anything else is the user's.
+            replacing = existing.isFile() && !existing.isSymLink() && isFailedCopy(target, source);
             if (!replacing) {
                 report.kept.append(name);
                 continue;

@@ -28,7 +28,7 @@ struct LibraryProblem {
 struct SeedReport {
     QStringList copied;
     QStringList kept;     // a design of that name was already there and is left alone
-    QStringList replaced; // an empty or unreadable file of that name was replaced
+    QStringList replaced; // an empty, unreadable or cut-short copy was replaced
     QStringList missing;  // not in the sample folder
     QList<LibraryProblem> problems;
 };
@@ -110,8 +110,8 @@ public:
     // Copies the sample designs found in `sampleFolder` (the thirteen files
     // side by side) into their folders, never replacing a design already
     // there: the copy runs at every launch and the user may have changed a
-    // sample. A sample-named file that is empty or cannot be read as a design
-    // is no one's work (a copy cut short by a full disk) and is replaced.
+    // sample. A sample-named file that is empty, unreadable or the sample cut
+    // short is no one's work (a copy a full disk failed) and is replaced.
     // Each copy is written atomically.
     SeedReport seedSamples(const QString& sampleFolder) const;
 

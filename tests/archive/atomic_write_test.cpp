@@ -78,16 +78,3 @@ TEST(AtomicWrite, NamesAtTheFileNameLimitAreWrittenTwice)
         }
     }
 }
-
-TEST(AtomicWrite, KeepsTheOldFilesPermissions)
-{
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("shared.csv"));
-    ASSERT_TRUE(writeFileAtomically(path, "1,2"));
-    const auto mode = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther;
-    ASSERT_TRUE(QFile::setPermissions(path, mode));
-    ASSERT_TRUE(writeFileAtomically(path, "3,4"));
-    const auto bits = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::WriteGroup |
-                      QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
-    EXPECT_EQ(QFile::permissions(path) & bits, mode);
-}

@@ -89,23 +89,6 @@ TEST(FailingWrites, TheOldFileStaysAndTheReasonIsGiven)
     }
 }
 
-TEST(FailingWrites, LongNamesSaveTwice)
-{
-    QTemporaryDir dir;
-    const QString library = dir.filePath(QStringLiteral("library"));
-    const QString filterName(250, u'f');
-    const QString signalName(248, u's');
-    for (int round = 0; round < 2; ++round) {
-        const CliRun f = clitest::runCli(kFilterA + QStringList{"--save", filterName}, library);
-        EXPECT_EQ(f.exitCode, 0) << f.err.toStdString();
-        const CliRun s = clitest::runCli({"signal", "--fs", "300", "--p1", "1", "--p2", "10", "--save", signalName}, library);
-        EXPECT_EQ(s.exitCode, 0) << s.err.toStdString();
-    }
-    const CliRun tooLong = clitest::runCli(kFilterA + QStringList{"--save", QString(251, u'f')}, library);
-    EXPECT_EQ(tooLong.exitCode, 1);
-    EXPECT_TRUE(tooLong.err.contains("at most 250 bytes")) << tooLong.err.toStdString();
-}
-
 TEST(CliRefusals, NonFiniteNumbersAndUnreadableDesignsAreNamed)
 {
     const struct {

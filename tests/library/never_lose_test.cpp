@@ -19,6 +19,7 @@ void writeAged(const QString& path, int ageSeconds)
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("complete design");
+    file.flush(); // or closing would date the file now
     ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTimeUtc().addSecs(-ageSeconds),
                                  QFileDevice::FileModificationTime));
 }

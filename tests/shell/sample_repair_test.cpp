@@ -1,5 +1,5 @@
-// Sample-named files that hold no design (left empty or cut off by a full
-// disk) are copied again at the next start; a user's design never is.
+// Sample-named files that a failed copy left (empty, or cut off by a full
+// disk) are copied again at the next start; a user's file never is.
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -28,6 +28,7 @@ TEST(SampleSeeding, EmptyOrBrokenSampleFilesAreCopiedAgain)
         {"empty", QByteArray(), true},
         {"cut off by a full disk", sample.left(sample.size() / 2), true},
         {"the user's own design", sample, false},
+        {"the user's own text", QByteArray("notes"), false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
