@@ -179,7 +179,7 @@ int runSignal(const QStringList& args)
     }
     // The spectrum's bin frequencies are k × fs / 16384; a rate whose
     // products overflow would list bins at "inf".
-    if (!std::isfinite(*fsValue * static_cast<double>(kSpectrumLength))) {
+    if (std::isfinite(*fsValue) && !std::isfinite(*fsValue * static_cast<double>(kSpectrumLength))) {
         printErr(QStringLiteral("orvana-cli signal: the sampling frequency (--fs) %1 is too large: the "
                                 "spectrum's frequencies derived from it overflow.")
                      .arg(parser.value(fs).trimmed()));
