@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QLocale>
 
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -17,18 +18,41 @@ namespace cli {
 
 std::optional<double> parseNumber(const QString& text)
 {
-    const QString t = text.trimmed().toLower();
-    if (t == QLatin1String("nan"))
-        return std::numeric_limits<double>::quiet_NaN();
-    if (t == QLatin1String("inf") || t == QLatin1String("+inf"))
-        return std::numeric_limits<double>::infinity();
-    if (t == QLatin1String("-inf"))
-        return -std::numeric_limits<double>::infinity();
-    bool ok = false;
-    const double v = QLocale::c().toDouble(t, &ok);
-    if (!ok)
+    // from_chars reads every spelling alike and ignores the user's locale:
+    // "inf", "Infinity" and "nan" in any case, and a number too large for a
+    // double ("1e400") becomes an infinity, so all of them reach the checks as
+    // the non-finite values they are.
+    const QByteArray latin = text.trimmed().toLatin1();
+    if (latin.isEmpty() || text.trimmed().size() != latin.size())
         return std::nullopt;
-    return v;
+    const char* first = latin.constData();
+    const char* last = first + latin.size();
+    const bool negative = *first == '-';
+    if (*first == '+' || *first == '-')
+        ++first;
+    if (first == last || *first == '+' || *first == '-')
+        return std::nullopt;
+    double value = 0.0;
+    const auto [end, status] = std::from_chars(first, last, value);
+    if (end != last)
+        return std::nullopt;
+    if (status == std::errc::result_out_of_range) {
+        // Too large or too small: the exponent's sign tells which.
+        const qsizetype e = latin.toLower().lastIndexOf('e');
+        const bool tooLarge = e < 0 || latin.at(e + 1) != '-';
+        value = tooLarge ? std::numeric_limits<double>::infinity() : 0.0;
+    } else if (status != std::errc()) {
+        return std::nullopt;
+    }
+    return negative ? -value : value;
+}
+
+std::optional<QString> nonFiniteRefusal(const QString& verb, const QString& option, const QString& what,
+                                        const QString& text, double value)
+{
+    if (!std::isinf(value))
+        return std::nullopt;
+    return QStringLiteral("orvana-cli %1: %2 (--%3) must be a finite number, not %4.").arg(verb, what, option, text.trimmed());
 }
 
 namespace {

@@ -19,9 +19,16 @@ enum ExitCode : int {
     Usage = 2,    // the command line itself is wrong
 };
 
-// A number as typed: plain decimals, exponents, and "nan"/"inf" (which the
-// models then refuse with their own message). Anything else is not a number.
+// A number as typed: plain decimals, exponents, and every spelling of "nan"
+// and of infinity; a number beyond the range of a double reads as an
+// infinity. Anything else is not a number.
 std::optional<double> parseNumber(const QString& text);
+
+// The refusal of an infinite value for an option, naming what it is ("the
+// sampling frequency (--fs) must be a finite number, not inf."); nothing for
+// a finite value or a NaN (the models name a NaN themselves).
+std::optional<QString> nonFiniteRefusal(const QString& verb, const QString& option, const QString& what,
+                                        const QString& text, double value);
 
 // Whether a verb takes positional arguments.
 enum class Positionals { None, Allowed };

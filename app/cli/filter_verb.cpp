@@ -258,17 +258,30 @@ int runFilterDesign(const QStringList& args, bool sweep)
         return Usage;
     }
     parameters.insert(KEYFP_FILTER_WIDTH, *widthIndex);
-    const std::pair<const QCommandLineOption*, QString> numbers[] = {
-        {&fs, KEYFP_SAMPLING_FREQ},   {&cutoff, KEYFP_CUTOFF_FREQ}, {&center, KEYFP_CENTER_FREQ},
-        {&taps, KEYFP_FILTER_LENGTH}, {&param, KEYFP_BETA_UPSILON},
+    // The sampling frequency comes first: every other frequency is checked
+    // against it, so an infinite one would be blamed on them.
+    const struct {
+        const QCommandLineOption* option;
+        QString key;
+        QString what;
+    } numbers[] = {
+        {&fs, KEYFP_SAMPLING_FREQ, QStringLiteral("the sampling frequency")},
+        {&cutoff, KEYFP_CUTOFF_FREQ, QStringLiteral("the cutoff frequency")},
+        {&center, KEYFP_CENTER_FREQ, QStringLiteral("the center frequency")},
+        {&taps, KEYFP_FILTER_LENGTH, QStringLiteral("the filter length")},
+        {&param, KEYFP_BETA_UPSILON, QStringLiteral("the window parameter")},
     };
-    for (const auto& [option, key] : numbers) {
+    for (const auto& [option, key, what] : numbers) {
         const QString text = parser.value(*option);
         const auto number = text.isEmpty() ? std::optional<double>(0.0) : parseNumber(text);
         if (!number) {
             printErr(QStringLiteral("orvana-cli filter: --%1 is not a number: %2")
                          .arg(option->names().first(), text));
             return Usage;
+        }
+        if (const auto refusal = nonFiniteRefusal(QStringLiteral("filter"), option->names().first(), what, text, *number)) {
+            printErr(*refusal);
+            return Refused;
         }
         parameters.insert(key, *number);
     }

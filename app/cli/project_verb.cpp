@@ -71,6 +71,32 @@ void writeText(const GVRProjectModel& model, const CollectingView& view, bool de
     printOut(out);
 }
 
+// Why the design named in the model's "ERROR - Cannot read the design" note
+// could not be used, for stderr: which file, and what is wrong with it. The
+// model tries the two signals and then the filter; so does this.
+void explainUnreadable(const DesignLibrary& library, const QString& note, const QString& filterName,
+                       const QString& oneName, const QString& twoName)
+{
+    const LibraryDesignSource source(library);
+    const struct {
+        bool isSignal;
+        QString name;
+    } designs[] = {{true, oneName}, {true, twoName}, {false, filterName}};
+    for (const auto& [isSignal, name] : designs) {
+        const QString path = isSignal ? library.signalPath(name) : library.filterPath(name);
+        const bool read = isSignal ? source.signalRecord(name).has_value() : source.filterRecord(name).has_value();
+        if (!read) {
+            printErr(QStringLiteral("orvana-cli project: cannot use %1: %2").arg(path, source.lastError()));
+            return;
+        }
+        if (note.contains(QStringLiteral("\"%1\"").arg(name))) {
+            printErr(QStringLiteral("orvana-cli project: cannot use %1: it holds values a project cannot use.")
+                         .arg(path));
+            return;
+        }
+    }
+}
+
 } // namespace
 
 int runProject(const QStringList& args)
@@ -143,6 +169,8 @@ int runProject(const QStringList& args)
     model.designProjectWithParameters(GVRProjectModel::parameterDictionary(
         *diagramValue, filterName, oneName, twoName, *sign1Value, *sign2Value, *lValue, *mValue, *autoValue));
     const bool designed = model.validResultsFlag() && !view.time.empty();
+    if (view.note.startsWith(QStringLiteral("ERROR - Cannot read the design")))
+        explainUnreadable(designLibrary, view.note, filterName, oneName, twoName);
     if (parser.isSet(json))
         printNoteAndChartsJson(view.note, view.time, view.freq, designed);
     else

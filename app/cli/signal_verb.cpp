@@ -13,6 +13,7 @@
 #include <QCommandLineParser>
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 #include <optional>
 
@@ -155,21 +156,34 @@ int runSignal(const QStringList& args)
         printErr(QStringLiteral("orvana-cli signal: unknown units or function.\n") + helpText(parser));
         return Usage;
     }
-    auto number = [&](const QCommandLineOption& option) -> std::optional<double> {
-        const QString text = parser.value(option);
-        return text.isEmpty() ? std::optional<double>(0.0) : parseNumber(text);
-    };
     std::array<double, 6> values{};
-    std::optional<double> fsValue = number(fs);
-    bool ok = fsValue.has_value();
-    for (std::size_t slot = 0; slot < 6 && ok; ++slot) {
-        const auto v = number(parms[static_cast<qsizetype>(slot)]);
-        ok = v.has_value();
-        values[slot] = v.value_or(0.0);
+    std::optional<double> fsValue;
+    for (int slot = -1; slot < 6; ++slot) {
+        const QCommandLineOption& option = slot < 0 ? fs : parms[slot];
+        const QString text = parser.value(option);
+        const auto v = text.isEmpty() ? std::optional<double>(0.0) : parseNumber(text);
+        if (!v) {
+            printErr(QStringLiteral("orvana-cli signal: --%1 takes a number, not %2.").arg(option.names().first(), text));
+            return Usage;
+        }
+        const QString what = slot < 0 ? QStringLiteral("the sampling frequency")
+                                      : QStringLiteral("parameter %1").arg(slot + 1);
+        if (const auto refusal = nonFiniteRefusal(QStringLiteral("signal"), option.names().first(), what, text, *v)) {
+            printErr(*refusal);
+            return Refused;
+        }
+        if (slot < 0)
+            fsValue = *v;
+        else
+            values[static_cast<std::size_t>(slot)] = *v;
     }
-    if (!ok) {
-        printErr(QStringLiteral("orvana-cli signal: --fs and --p1 .. --p6 take numbers."));
-        return Usage;
+    // The spectrum's bin frequencies are k × fs / 16384; a rate whose
+    // products overflow would list bins at "inf".
+    if (std::isfinite(*fsValue) && !std::isfinite(*fsValue * static_cast<double>(kSpectrumLength))) {
+        printErr(QStringLiteral("orvana-cli signal: the sampling frequency (--fs) %1 is too large: the "
+                                "spectrum's frequencies derived from it overflow.")
+                     .arg(parser.value(fs).trimmed()));
+        return Refused;
     }
 
     // The library is touched only when the design is to be saved there.
@@ -182,6 +196,16 @@ int runSignal(const QStringList& args)
     model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
         freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index,
         values));
+    // Values derived from finite parameters can still overflow; such a design
+    // is refused like one with non-finite samples, and not saved.
+    const auto finite = [](const std::vector<double>& values) {
+        return std::all_of(values.begin(), values.end(), [](double v) { return std::isfinite(v); });
+    };
+    if (!view.time.empty() && (!finite(view.time) || !finite(view.freq))) {
+        printErr(QStringLiteral("orvana-cli signal: the design was refused: values derived from its "
+                                "parameters overflow (are not finite)."));
+        return Refused;
+    }
     const bool designed = !view.time.empty();
     if (parser.isSet(json))
         printNoteAndChartsJson(view.note, view.time, view.freq, designed);

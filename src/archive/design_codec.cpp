@@ -35,23 +35,34 @@ std::optional<QByteArray> readDesignBytes(const QString& path, const char* noun,
             *error = QStringLiteral("%1 cannot be opened: %2.").arg(quotedName(path), file.errorString());
         return std::nullopt;
     }
-    // Sequential files report no size; reading one byte past the cap tells.
-    if (file.size() > BinaryPlist::kMaxBytes) {
+    const auto tooLarge = [&] {
         if (error)
             *error = designRefusal(path, noun, QStringLiteral("it is larger than 16 MiB, far more than any design"));
         return std::nullopt;
+    };
+    // The cap is checked before reading, and a plain file is read by its size:
+    // reserving the whole cap for every file made a large library slow.
+    if (file.size() > BinaryPlist::kMaxBytes)
+        return tooLarge();
+    QByteArray bytes;
+    if (file.isSequential()) {
+        // A pipe or device reports no size; reading one byte past the cap tells.
+        bytes = file.read(BinaryPlist::kMaxBytes + 1);
+    } else {
+        bytes.resize(file.size());
+        const qint64 got = file.read(bytes.data(), bytes.size());
+        bytes.resize(got < 0 ? 0 : got);
+        // A file that grew since its size was taken is read on, up to the cap.
+        if (got >= 0 && !file.atEnd())
+            bytes += file.read(BinaryPlist::kMaxBytes + 1 - bytes.size());
     }
-    QByteArray bytes = file.read(BinaryPlist::kMaxBytes + 1);
     if (file.error() != QFileDevice::NoError) {
         if (error)
             *error = QStringLiteral("%1 cannot be read: %2.").arg(quotedName(path), file.errorString());
         return std::nullopt;
     }
-    if (bytes.size() > BinaryPlist::kMaxBytes) {
-        if (error)
-            *error = designRefusal(path, noun, QStringLiteral("it is larger than 16 MiB, far more than any design"));
-        return std::nullopt;
-    }
+    if (bytes.size() > BinaryPlist::kMaxBytes)
+        return tooLarge();
     return bytes;
 }
 

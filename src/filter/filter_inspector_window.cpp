@@ -9,7 +9,7 @@
 #include "widgets/inspector_table.h"
 
 GVRWinFiltInspector::GVRWinFiltInspector(DesignLibrary& library, QWidget* parent)
-    : QMainWindow(parent), inspectorFiltModel_(library), tableModel_(new GVRInspectorFiltTableModel(this)),
+    : QMainWindow(parent), library_(library), inspectorFiltModel_(library), tableModel_(new GVRInspectorFiltTableModel(this)),
       table_(new QTableView(this))
 {
     setObjectName(QStringLiteral("GVRWinFiltInspector"));
@@ -40,6 +40,18 @@ void GVRWinFiltInspector::updateTableDisplay()
 {
     // The rows come back in the folder's order; no column claims to sort them.
     table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    tableModel_->setRows(inspectorFiltModel_.getFiltInspectorArray());
+    const DesignLibrary::Folder folder = DesignLibrary::Folder::Filter;
+    const QString path = library_.folderPath(folder) + u'/';
+    const qsizetype cut = DesignLibrary::extension(folder).size();
+    QStringList files;
+    QList<GVRInspectFilt> rows;
+    for (const DesignFileEntry& entry : library_.files(folder)) {
+        files << entry.fileName;
+        rows.append(GVRInspectFilt{});
+        rows.last().filename = entry.fileName.chopped(cut);
+    }
+    filler_.fill(*table_, *tableModel_, std::move(rows), [files, path, cut](qsizetype i) {
+        return GVRInspectorFiltModel::rowForFile(path + files.at(i), files.at(i).chopped(cut));
+    });
     table_->clearSelection();
 }

@@ -8,6 +8,7 @@
 
 #include "filter/inspect_filt.h"
 #include "filter/inspector_filt_model.h"
+#include "widgets/row_filler.h"
 
 class DesignLibrary;
 class GVRInspectorFiltTableModel;
@@ -25,10 +26,18 @@ public:
 
 public slots:
     void showGVRWinFiltInspector();
-    // Rows read afresh from the filter folder, in the folder's order, none selected.
+    // Rows read afresh from the folder, in the folder's order, none selected.
+    // A large folder lists its names at once and fills the rows in worker
+    // threads; rowsLoading() is true until they are all in.
     void updateTableDisplay();
 
+public:
+    bool rowsLoading() const { return filler_.busy(); }
+    void waitForRows() { filler_.waitForRows(); }
+
 private:
+    const DesignLibrary& library_;
+    RowFiller<GVRInspectFilt> filler_;
     GVRInspectorFiltModel inspectorFiltModel_;
     GVRInspectorFiltTableModel* tableModel_ = nullptr;
     QTableView* table_ = nullptr;

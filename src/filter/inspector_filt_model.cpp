@@ -4,10 +4,14 @@
 #include <cmath>
 #include <limits>
 
+#include <QHash>
+#include <QMutex>
+
 #include "archive/design_titles.h"
 #include "archive/filter_archive.h"
 #include "dsp/window.h"
 #include "library/design_library.h"
+#include "library/file_identity.h"
 
 namespace {
 
@@ -103,21 +107,43 @@ GVRInspectFilt GVRInspectorFiltModel::rowForRecord(const QString& displayName, c
     return row;
 }
 
+GVRInspectFilt GVRInspectorFiltModel::rowForFile(const QString& path, const QString& displayName)
+{
+    // Rows by path, kept with the identity of the file version they came from.
+    struct Cached {
+        FileIdentity identity;
+        GVRInspectFilt row;
+    };
+    static QMutex mutex;
+    static QHash<QString, Cached> cache;
+
+    const std::optional<FileIdentity> identity = fileIdentity(path);
+    if (identity) {
+        const QMutexLocker lock(&mutex);
+        const auto found = cache.constFind(path);
+        if (found != cache.cend() && found->identity == *identity) {
+            GVRInspectFilt row = found->row;
+            row.filename = displayName;
+            return row;
+        }
+    }
+    GVRInspectFilt row;
+    row.filename = displayName;
+    // A file that cannot be read shows only its name: never another file's values under it.
+    if (const std::optional<GVRFilter> record = readFilterFile(path))
+        row = rowForRecord(displayName, *record);
+    if (identity && identity == fileIdentity(path)) {
+        const QMutexLocker lock(&mutex);
+        cache.insert(path, Cached{*identity, row});
+    }
+    return row;
+}
+
 QList<GVRInspectFilt> GVRInspectorFiltModel::getFiltInspectorArray()
 {
     QList<GVRInspectFilt> rows;
     const QString extension = DesignLibrary::extension(DesignLibrary::Folder::Filter);
-    for (const DesignFileEntry& entry : library_.files(DesignLibrary::Folder::Filter)) {
-        const QString name = entry.fileName.chopped(extension.size());
-        const QString path = library_.filterFolder() + u'/' + entry.fileName;
-        if (const std::optional<GVRFilter> record = readFilterFile(path)) {
-            rows << rowForRecord(name, *record);
-        } else {
-            // Only its name: never another file's values under it.
-            GVRInspectFilt row;
-            row.filename = name;
-            rows << row;
-        }
-    }
+    for (const DesignFileEntry& entry : library_.files(DesignLibrary::Folder::Filter))
+        rows << rowForFile(library_.filterFolder() + u'/' + entry.fileName, entry.fileName.chopped(extension.size()));
     return rows;
 }

@@ -20,6 +20,12 @@ public:
     // only its name.
     QList<GVRInspectFilt> getFiltInspectorArray();
 
+    // The row of the ".filt" file at `path`, shown as `displayName`; a file
+    // that cannot be read gives a row holding only the name. Each version of
+    // a file is decoded once per process, so the inspector and the export
+    // list share the work. Safe to call from worker threads.
+    static GVRInspectFilt rowForFile(const QString& path, const QString& displayName);
+
     // The row of one record (exposed for the export list and for tests).
     static GVRInspectFilt rowForRecord(const QString& displayName, const GVRFilter& record);
 

@@ -20,6 +20,15 @@ QString designSaveNameProblem(const QString& kind, const QString& name)
         return QStringLiteral("A %1 design needs a name to be saved.").arg(kind);
     if (!LibraryDesignSource::isPlainName(name))
         return QStringLiteral("\"%1\" cannot be used as a design name: it must not contain \"/\".").arg(name);
+    // File systems take names of at most 255 bytes, extension included.
+    const qsizetype extensionBytes = kind == QLatin1String("filter") ? 5 : 7; // ".filt", ".signal"
+    const qsizetype limit = kMaxFileNameBytes - extensionBytes;
+    const qsizetype bytes = name.toUtf8().size();
+    if (bytes > limit)
+        return QStringLiteral("A %1 design name may be at most %2 bytes long; this one has %3.")
+            .arg(kind)
+            .arg(limit)
+            .arg(bytes);
     return QString();
 }
 

@@ -12,8 +12,11 @@
 QVariant recordValueAsVariant(std::int64_t value);
 QVariant recordValueAsVariant(double value);
 
+// The longest file name the file systems we run on take, in bytes.
+inline constexpr qsizetype kMaxFileNameBytes = 255;
+
 // Why `name` cannot be saved as a `kind` ("filter", "signal") design, or an
-// empty string when it can.
+// empty string when it can (a name whose file name would pass 255 bytes cannot).
 QString designSaveNameProblem(const QString& kind, const QString& name);
 // Why `name` cannot be opened as a `kind` design, or an empty string.
 QString designOpenNameProblem(const QString& kind, const QString& name);

@@ -11,6 +11,7 @@
 
 #include "archive/atomic_write.h"
 #include "library/library_location.h"
+#include "library/stale_temporaries.h"
 
 namespace {
 
@@ -74,6 +75,21 @@ std::optional<LibraryProblem> makeFolder(const QString& path, const QString& wha
         error = std::make_error_code(std::errc::not_a_directory);
     return LibraryProblem{path, QStringLiteral("The folder %1 could not be made (%2), so %3 cannot be saved.")
                                     .arg(quotedPath(path), systemReason(error), contentsOf(what))};
+}
+
+// A file a failed sample copy left: empty, unreadable, or the sample cut
+// short (a strict prefix of it, as a full disk leaves). Anything else, even
+// a file that is not a design, is the user's and stays.
+bool isFailedCopy(const QString& target, const QString& source)
+{
+    QFile existing(target);
+    if (existing.size() == 0 || !existing.open(QIODevice::ReadOnly))
+        return true;
+    QFile sample(source);
+    if (existing.size() >= sample.size() || !sample.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray head = existing.readAll();
+    return existing.error() != QFileDevice::NoError || sample.read(head.size()) == head;
 }
 
 }  // namespace
@@ -157,10 +173,13 @@ QList<DesignFileEntry> DesignLibrary::files(Folder folder) const
 
 QStringList DesignLibrary::designNames(Folder folder) const
 {
-    const qsizetype cut = extension(folder).size();
+    // Names only: no modification dates to fetch for pop-ups of thousands.
+    const QString ext = extension(folder);
     QStringList names;
-    for (const DesignFileEntry& entry : files(folder))
-        names.append(entry.fileName.chopped(cut));
+    const QStringList entries = QDir(folderPath(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
+    for (const QString& name : entries)
+        if (name.size() > ext.size() && name.endsWith(ext, Qt::CaseSensitive))
+            names.append(name.chopped(ext.size()));
     return names;
 }
 
@@ -177,9 +196,14 @@ SeedReport DesignLibrary::seedSamples(const QString& sampleFolder) const
             continue;
         }
         const QFileInfo existing(target);
+        bool replacing = false;
         if (existing.exists() || existing.isSymLink()) {
-            report.kept.append(name);
-            continue;
+            // Only a plain file can be a failed copy; anything else is the user's.
+            replacing = existing.isFile() && !existing.isSymLink() && isFailedCopy(target, source);
+            if (!replacing) {
+                report.kept.append(name);
+                continue;
+            }
         }
         const auto problem = [&](const QString& why) {
             report.problems.append(
@@ -194,13 +218,13 @@ SeedReport DesignLibrary::seedSamples(const QString& sampleFolder) const
             problem(in.errorString());
             continue;
         }
-        const QByteArray bytes = in.read(kMaxSampleBytes + 1);
-        if (in.error() != QFileDevice::NoError) {
-            problem(in.errorString());
+        if (in.size() > kMaxSampleBytes) {
+            problem(QStringLiteral("it is larger than 16 MiB, far more than any design"));
             continue;
         }
-        if (bytes.size() > kMaxSampleBytes) {
-            problem(QStringLiteral("it is larger than 16 MiB, far more than any design"));
+        const QByteArray bytes = in.readAll();
+        if (in.error() != QFileDevice::NoError) {
+            problem(in.errorString());
             continue;
         }
         QString error;
@@ -209,7 +233,18 @@ SeedReport DesignLibrary::seedSamples(const QString& sampleFolder) const
                 {target, QStringLiteral("The sample design %1 was not copied. %2").arg(quoted(name), error)});
             continue;
         }
-        report.copied.append(name);
+        (replacing ? report.replaced : report.copied).append(name);
     }
     return report;
+}
+
+QStringList DesignLibrary::removeStaleTemporaries(const QDateTime& now) const
+{
+    QStringList removed;
+    for (Folder folder : kFolders) {
+        const QString path = folderPath(folder);
+        for (const QString& name : ::removeStaleTemporaries(path, now))
+            removed << path + QLatin1Char('/') + name;
+    }
+    return removed;
 }

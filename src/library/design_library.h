@@ -29,7 +29,8 @@ struct LibraryProblem {
 // What seedSamples() did with each sample design (file names, no folder).
 struct SeedReport {
     QStringList copied;
-    QStringList kept;     // a file of that name was already there and is left alone
+    QStringList kept;     // a design of that name was already there and is left alone
+    QStringList replaced; // an empty, unreadable or cut-short copy was replaced
     QStringList missing;  // not in the sample folder
     QList<LibraryProblem> problems;
 };
@@ -105,10 +106,16 @@ public:
     QStringList designNames(Folder folder) const;
 
     // Copies the sample designs found in `sampleFolder` (the thirteen files
-    // side by side) into their folders, never replacing a file already there:
-    // the copy runs at every launch and the user may have changed a sample.
+    // side by side) into their folders, never replacing a design already
+    // there: the copy runs at every launch and the user may have changed a
+    // sample. A sample-named file that is empty, unreadable or the sample cut
+    // short is no one's work (a copy a full disk failed) and is replaced.
     // Each copy is written atomically.
     SeedReport seedSamples(const QString& sampleFolder) const;
+
+    // Removes, from the four folders, the temporaries of saves that were
+    // interrupted more than ten minutes ago; returns the paths removed.
+    QStringList removeStaleTemporaries(const QDateTime& now = QDateTime::currentDateTimeUtc()) const;
 
     // Tell every listener that a filter or signal file was saved.
     void announceNewFilterFile() { emit newFilterFile(); }

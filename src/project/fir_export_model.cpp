@@ -12,20 +12,21 @@ GVRFirExportModel::GVRFirExportModel(const DesignLibrary& library) : library_(li
 QList<GVRInspectFilt> GVRFirExportModel::getFirExportFileArray()
 {
     QList<GVRInspectFilt> rows;
-    for (const DesignFileEntry& entry : library_.files(DesignLibrary::Folder::Filter)) {
-        GVRInspectFilt row;
-        row.filename = entry.fileName;
-        // An unreadable file is listed by name only; exporting it is refused later.
-        if (const std::optional<GVRFilter> record =
-                readFilterFile(library_.filterFolder() + u'/' + entry.fileName)) {
-            const GVRInspectFilt full = GVRInspectorFiltModel::rowForRecord(entry.fileName, *record);
-            row.filter = full.filter;
-            row.length = full.length;
-            row.width = full.width;
-        }
-        rows << row;
-    }
+    for (const DesignFileEntry& entry : library_.files(DesignLibrary::Folder::Filter))
+        rows << rowForFile(library_.filterFolder() + u'/' + entry.fileName, entry.fileName);
     return rows;
+}
+
+GVRInspectFilt GVRFirExportModel::rowForFile(const QString& path, const QString& fileName)
+{
+    // An unreadable file is listed by name only; exporting it is refused later.
+    const GVRInspectFilt full = GVRInspectorFiltModel::rowForFile(path, fileName);
+    GVRInspectFilt row;
+    row.filename = fileName;
+    row.filter = full.filter;
+    row.length = full.length;
+    row.width = full.width;
+    return row;
 }
 
 QString GVRFirExportModel::integerWidthAlert()

@@ -23,6 +23,8 @@ public:
     // One row per ".filt" file (filename with ".filt", filter, length, width),
     // in the order the folder lists them.
     QList<GVRInspectFilt> getFirExportFileArray();
+    // The row of one ".filt" file (safe to call from worker threads).
+    static GVRInspectFilt rowForFile(const QString& path, const QString& fileName);
 
     // Writes the one-line CSV (or another format) of the named ".filt" file
     // (file name with its extension) to csvPath atomically. False, with the

@@ -25,7 +25,7 @@ const QStringList& GVRWinFirExport::bitWidthTitle()
 }
 
 GVRWinFirExport::GVRWinFirExport(DesignLibrary& library, QWidget* parent)
-    : QMainWindow(parent), firExportModel_(library), tableModel_(new FirExportTableModel(this)),
+    : QMainWindow(parent), library_(library), firExportModel_(library), tableModel_(new FirExportTableModel(this)),
       table_(new QTableView(this)), exportBut_(new QPushButton(tr("Export…"), this)),
       formatPopUp_(new QComboBox(this))
 {
@@ -113,11 +113,24 @@ CoefficientFormat GVRWinFirExport::selectedFormat() const
 
 void GVRWinFirExport::updateTableDisplay()
 {
-    // The rows come back in folder order; a sort the user chose is applied again.
-    tableModel_->setRows(firExportModel_.getFirExportFileArray());
-    const QHeaderView* header = table_->horizontalHeader();
-    if (header->sortIndicatorSection() >= 0)
-        tableModel_->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());
+    // The rows come back in folder order; a sort the user chose is applied
+    // again once they are all in.
+    const QString folder = library_.filterFolder() + u'/';
+    QStringList files;
+    QList<GVRInspectFilt> rows;
+    for (const DesignFileEntry& entry : library_.files(DesignLibrary::Folder::Filter)) {
+        files << entry.fileName;
+        rows.append(GVRInspectFilt{});
+        rows.last().filename = entry.fileName;
+    }
+    filler_.fill(
+        *table_, *tableModel_, std::move(rows),
+        [files, folder](qsizetype i) { return GVRFirExportModel::rowForFile(folder + files.at(i), files.at(i)); },
+        [this] {
+            const QHeaderView* header = table_->horizontalHeader();
+            if (header->sortIndicatorSection() >= 0)
+                tableModel_->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());
+        });
 }
 
 void GVRWinFirExport::pressExportBut()

@@ -12,6 +12,7 @@
 #include <QString>
 
 #include "project/fir_export_model.h"
+#include "widgets/row_filler.h"
 
 class DesignLibrary;
 class FirExportTableModel;
@@ -60,6 +61,8 @@ private:
     void alertExportFailed(const QString& reason);
     QMessageBox* makeAlert(const QString& text, const QString& informativeText);
 
+    const DesignLibrary& library_;
+    RowFiller<GVRInspectFilt> filler_;
     GVRFirExportModel firExportModel_;
     FirExportTableModel* tableModel_ = nullptr;
     QTableView* table_ = nullptr;

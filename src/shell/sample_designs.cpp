@@ -18,6 +18,7 @@
 QList<LibraryProblem> prepareLibrary(DesignLibrary& library, const QString& sampleFolder)
 {
     QList<LibraryProblem> problems = library.ensureFolders();
+    library.removeStaleTemporaries();
     if (sampleFolder.isEmpty()) {
         problems << LibraryProblem{QString(),
                                    QStringLiteral("The sample designs shipped with Orvana were not found, "

@@ -113,21 +113,21 @@ GVRInspectSig GVRInspectorSigModel::rowForRecord(const QString& displayName, con
     return row;
 }
 
+GVRInspectSig GVRInspectorSigModel::rowForFile(const QString& path, const QString& displayName)
+{
+    if (const std::optional<GVRSignal> record = readSignalFile(path))
+        return rowForRecord(displayName, *record);
+    GVRInspectSig row;
+    row.filename = displayName;
+    row.function = unreadableFunctionText();
+    return row;
+}
+
 QList<GVRInspectSig> GVRInspectorSigModel::getSigInspectorArray()
 {
     QList<GVRInspectSig> rows;
     const QString extension = DesignLibrary::extension(DesignLibrary::Folder::Signal);
-    for (const DesignFileEntry& entry : library_.files(DesignLibrary::Folder::Signal)) {
-        const QString name = entry.fileName.chopped(extension.size());
-        const QString path = library_.signalFolder() + u'/' + entry.fileName;
-        if (const std::optional<GVRSignal> record = readSignalFile(path)) {
-            rows << rowForRecord(name, *record);
-        } else {
-            GVRInspectSig row;
-            row.filename = name;
-            row.function = unreadableFunctionText();
-            rows << row;
-        }
-    }
+    for (const DesignFileEntry& entry : library_.files(DesignLibrary::Folder::Signal))
+        rows << rowForFile(library_.signalFolder() + u'/' + entry.fileName, entry.fileName.chopped(extension.size()));
     return rows;
 }

@@ -19,6 +19,10 @@ public:
     // One row per ".signal" file, in the order the folder lists them; empty
     // when the folder is missing.
     QList<GVRInspectSig> getSigInspectorArray();
+    // The row of the ".signal" file at `path`, shown as `displayName`; an
+    // unreadable file gives its name and the unreadable mark. Safe to call
+    // from worker threads.
+    static GVRInspectSig rowForFile(const QString& path, const QString& displayName);
 
     // The row of one record (exposed for tests).
     static GVRInspectSig rowForRecord(const QString& displayName, const GVRSignal& record);

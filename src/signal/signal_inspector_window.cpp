@@ -9,7 +9,7 @@
 #include "signal/inspector_sig_table_model.h"
 
 GVRWinSigInspector::GVRWinSigInspector(DesignLibrary& library, QWidget* parent)
-    : QMainWindow(parent), inspectorSigModel_(library), tableModel_(new GVRInspectorSigTableModel(this)),
+    : QMainWindow(parent), library_(library), inspectorSigModel_(library), tableModel_(new GVRInspectorSigTableModel(this)),
       table_(new QTableView(this))
 {
     setObjectName(QStringLiteral("GVRWinSigInspector"));
@@ -40,6 +40,18 @@ void GVRWinSigInspector::updateTableDisplay()
 {
     // The rows come back in the folder's order; no column claims to sort them.
     table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    tableModel_->setRows(inspectorSigModel_.getSigInspectorArray());
+    const DesignLibrary::Folder folder = DesignLibrary::Folder::Signal;
+    const QString path = library_.folderPath(folder) + u'/';
+    const qsizetype cut = DesignLibrary::extension(folder).size();
+    QStringList files;
+    QList<GVRInspectSig> rows;
+    for (const DesignFileEntry& entry : library_.files(folder)) {
+        files << entry.fileName;
+        rows.append(GVRInspectSig{});
+        rows.last().filename = entry.fileName.chopped(cut);
+    }
+    filler_.fill(*table_, *tableModel_, std::move(rows), [files, path, cut](qsizetype i) {
+        return GVRInspectorSigModel::rowForFile(path + files.at(i), files.at(i).chopped(cut));
+    });
     table_->clearSelection();
 }

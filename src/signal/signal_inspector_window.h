@@ -9,6 +9,7 @@
 
 #include "signal/inspect_sig.h"
 #include "signal/inspector_sig_model.h"
+#include "widgets/row_filler.h"
 
 class DesignLibrary;
 class GVRInspectorSigTableModel;
@@ -26,10 +27,18 @@ public:
 
 public slots:
     void showGVRWinSigInspector();
-    // Rows read afresh from the signal folder, in the folder's order, none selected.
+    // Rows read afresh from the folder, in the folder's order, none selected.
+    // A large folder lists its names at once and fills the rows in worker
+    // threads; rowsLoading() is true until they are all in.
     void updateTableDisplay();
 
+public:
+    bool rowsLoading() const { return filler_.busy(); }
+    void waitForRows() { filler_.waitForRows(); }
+
 private:
+    const DesignLibrary& library_;
+    RowFiller<GVRInspectSig> filler_;
     GVRInspectorSigModel inspectorSigModel_;
     GVRInspectorSigTableModel* tableModel_ = nullptr;
     QTableView* table_ = nullptr;

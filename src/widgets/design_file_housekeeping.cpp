@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "archive/atomic_write.h"
 #include "widgets/design_file_listing.h"
 #include "widgets/open_sheet.h"
 
@@ -91,9 +92,17 @@ QString DesignFileCommands::duplicateDesign(const QString& name, QString* copyNa
     QString copy = tr("%1 copy").arg(name);
     for (int n = 2; QFileInfo::exists(pathForName(copy)); ++n)
         copy = tr("%1 copy %2").arg(name).arg(n);
+    // Through the atomic writer, so a full disk fails loudly instead of
+    // leaving a cut-off copy.
     QFile file(source);
-    if (!file.copy(pathForName(copy)))
+    if (!file.open(QIODevice::ReadOnly))
         return tr("\"%1\" could not be duplicated: %2").arg(name, file.errorString());
+    const QByteArray bytes = file.readAll();
+    QString writeError;
+    if (file.error() != QFileDevice::NoError)
+        return tr("\"%1\" could not be duplicated: %2").arg(name, file.errorString());
+    if (!writeFileAtomically(pathForName(copy), bytes, &writeError))
+        return tr("\"%1\" could not be duplicated. %2").arg(name, writeError);
     if (copyName)
         *copyName = copy;
     emit designFilesChanged();

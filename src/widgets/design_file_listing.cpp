@@ -31,9 +31,14 @@ QList<GVRFile> designFilesInFolder(const QString& folder, const QString& extensi
 
 QStringList designNamesInFolder(const QString& folder, const QString& extension)
 {
+    // Names only: no dates to read or format, for pop-ups of thousands of designs.
     QStringList names;
-    for (const GVRFile& row : designFilesInFolder(folder, extension))
-        names.append(stripExtension(row.fileName(), extension));
+    if (folder.isEmpty())
+        return names;
+    const QStringList entries = QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
+    for (const QString& name : entries)
+        if (name.endsWith(extension, Qt::CaseSensitive))
+            names.append(stripExtension(name, extension));
     return names;
 }
 

@@ -19,7 +19,10 @@ void setUpInspectorTable(QTableView& table, QAbstractItemModel& model)
     table.setAlternatingRowColors(true);
     table.setWordWrap(false);
     table.verticalHeader()->hide();
-    table.verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // One line per row, so every row has the same height; measuring each of
+    // thousands of rows (ResizeToContents) made a large library slow to show.
+    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 6);
 
     // The view's own sorting would sort at once on column 0; rows first
     // appear in the folder's order, so header clicks sort explicitly.

@@ -19,6 +19,17 @@ public:
         endResetModel();
     }
     const QList<Row>& rows() const { return rows_; }
+    // Replaces the rows from `first` on (rows filled in later, as a worker
+    // thread decodes them); rows past the end are ignored.
+    void replaceRows(qsizetype first, const QList<Row>& rows)
+    {
+        const qsizetype last = std::min(first + rows.size(), rows_.size()) - 1;
+        if (first < 0 || last < first)
+            return;
+        for (qsizetype i = first; i <= last; ++i)
+            rows_[i] = rows.at(i - first);
+        emit this->dataChanged(this->index(int(first), 0), this->index(int(last), this->columnCount() - 1));
+    }
 
     int rowCount(const QModelIndex& parent = {}) const override
     {

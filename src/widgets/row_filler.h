@@ -1,0 +1,97 @@
+// Fills a table's rows in worker threads (QtConcurrent): the rows are shown at
+// once with what is known without reading files (their names), and each row
+// is replaced as its file is decoded. A library of thousands of designs so no
+// longer holds back the first paint. Header sorting waits until every row is
+// in, since a sort would move rows under the arriving results.
+#pragma once
+
+#include <functional>
+
+#include <QCoreApplication>
+#include <QFutureWatcher>
+#include <QHeaderView>
+#include <QList>
+#include <QTableView>
+#include <QtConcurrent/QtConcurrentMap>
+
+#include "widgets/row_table_model.h"
+
+// Up to this many rows are decoded in line: faster than a thread hop, and the
+// table is complete when it first paints.
+inline constexpr qsizetype kRowsFilledInLine = 200;
+
+template <class Row> class RowFiller {
+public:
+    RowFiller() = default;
+    RowFiller(const RowFiller&) = delete;
+    RowFiller& operator=(const RowFiller&) = delete;
+    ~RowFiller() { stop(); }
+
+    // Shows `placeholders`, then row i becomes make(i). `make` runs in worker
+    // threads when there are more than kRowsFilledInLine rows, so it must only
+    // read files and its own copies. `done` runs (in this thread) once every
+    // row is in.
+    void fill(QTableView& table, RowTableModel<Row>& model, QList<Row> placeholders,
+              std::function<Row(qsizetype)> make, std::function<void()> done = {})
+    {
+        stop();
+        if (placeholders.size() <= kRowsFilledInLine) {
+            for (qsizetype i = 0; i < placeholders.size(); ++i)
+                placeholders[i] = make(i);
+            model.setRows(std::move(placeholders));
+            if (done)
+                done();
+            return;
+        }
+        QList<qsizetype> indexes(placeholders.size());
+        for (qsizetype i = 0; i < indexes.size(); ++i)
+            indexes[i] = i;
+        model.setRows(std::move(placeholders));
+        QHeaderView* header = table.horizontalHeader();
+        header->setSectionsClickable(false);
+        watcher_ = new QFutureWatcher<Row>();
+        QObject::connect(watcher_, &QFutureWatcherBase::resultsReadyAt, watcher_,
+                         [watcher = watcher_, &model](int begin, int end) {
+                             QList<Row> rows;
+                             rows.reserve(end - begin);
+                             for (int i = begin; i < end; ++i)
+                                 rows << watcher->resultAt(i);
+                             model.replaceRows(begin, rows);
+                         });
+        QObject::connect(watcher_, &QFutureWatcherBase::finished, watcher_,
+                         [watcher = watcher_, header, done = std::move(done)] {
+                             header->setSectionsClickable(true);
+                             if (!watcher->isCanceled() && done)
+                                 done();
+                         });
+        watcher_->setFuture(QtConcurrent::mapped(std::move(indexes), [make = std::move(make)](qsizetype i) {
+            return make(i);
+        }));
+    }
+
+    // True while rows are still being decoded.
+    bool busy() const { return watcher_ && watcher_->isRunning(); }
+    // Blocks until every row is in (tests, and a refresh that must be whole).
+    void waitForRows()
+    {
+        if (!watcher_)
+            return;
+        watcher_->waitForFinished();
+        // Results already decoded are delivered through queued signals.
+        QCoreApplication::sendPostedEvents(watcher_);
+    }
+
+private:
+    void stop()
+    {
+        if (!watcher_)
+            return;
+        watcher_->disconnect();
+        watcher_->cancel();
+        watcher_->waitForFinished();
+        delete watcher_;
+        watcher_ = nullptr;
+    }
+
+    QFutureWatcher<Row>* watcher_ = nullptr;
+};
