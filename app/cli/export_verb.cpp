@@ -16,8 +16,9 @@ namespace cli {
 int runExport(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Write the integer coefficients of a saved filter design to OUT as comma-separated text."));
+    parser.setApplicationDescription(describeVerb(
+        QStringLiteral("Write the integer coefficients of a saved filter design to OUT as comma-separated text."),
+        false));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption library = libraryOption();
     parser.addOptions({help, library});

@@ -166,7 +166,7 @@ void writeText(const GVRFilterDesignerModel& model, const CollectingView& view, 
 int runFilter(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Design a window-method FIR filter."));
+    parser.setApplicationDescription(describeVerb(QStringLiteral("Design a window-method FIR filter."), true));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption units(QStringLiteral("units"), QStringLiteral("norm, khz or mhz (default mhz)."),
                                    QStringLiteral("units"), QStringLiteral("mhz"));
@@ -237,10 +237,8 @@ int runFilter(const QStringList& args)
     GVRFilterDesignerModel model;
     model.setWindow(&view);
     model.setLibrary(designLibrary);
-    model.designFilterWithParameters(parameters);
-
-    const bool refused = view.note.startsWith(QStringLiteral("VALID RANGE: "));
-    const bool valid = !refused && model.validResultsFlag();
+    const DesignOutcome outcome = model.designFilterWithParameters(parameters);
+    const bool valid = outcome == DesignOutcome::Designed;
     if (parser.isSet(json))
         writeJson(model, view, valid);
     else
@@ -252,7 +250,7 @@ int runFilter(const QStringList& args)
                         designLibrary->filterPath(name), parser.isSet(json)))
             return Refused;
     }
-    return refused ? Refused : Designed;
+    return exitStatusOf(outcome);
 }
 
 } // namespace cli

@@ -23,13 +23,19 @@ constexpr Verb kVerbs[] = {
     {"open", cli::runOpen, "print a saved design's keys and values"},
 };
 
-void printUsage()
+// Asked for with --help it goes to standard output; after a mistake, to standard error.
+void printUsage(bool asked)
 {
     QString text = QStringLiteral("Usage: orvana-cli <verb> [options]\n\nVerbs:\n");
     for (const Verb& v : kVerbs)
         text += QStringLiteral("  %1  %2\n").arg(QString::fromLatin1(v.name), -8).arg(QString::fromLatin1(v.summary));
-    text += QStringLiteral("\nRun 'orvana-cli <verb> --help' for the options of a verb.\n");
-    cli::printErr(text);
+    text += QStringLiteral("\nRun 'orvana-cli <verb> --help' for the options of a verb.\n"
+                           "\nExit status: 0 done, 1 refused or file error, 2 usage error,\n"
+                           "3 designed but the results are not valid.\n");
+    if (asked)
+        cli::printOut(text);
+    else
+        cli::printErr(text);
 }
 
 }  // namespace
@@ -40,12 +46,12 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName(QStringLiteral("Orvana"));
     QStringList args = QCoreApplication::arguments();
     if (args.size() < 2) {
-        printUsage();
+        printUsage(false);
         return cli::Usage;
     }
     const QString verb = args.at(1);
     if (verb == QLatin1String("--help") || verb == QLatin1String("-h") || verb == QLatin1String("help")) {
-        printUsage();
+        printUsage(true);
         return 0;
     }
     for (const Verb& v : kVerbs) {
@@ -57,6 +63,6 @@ int main(int argc, char* argv[])
         }
     }
     cli::printErr(QStringLiteral("Unknown verb \"%1\".").arg(verb));
-    printUsage();
+    printUsage(false);
     return cli::Usage;
 }

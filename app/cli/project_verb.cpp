@@ -76,8 +76,9 @@ void writeText(const GVRProjectModel& model, const CollectingView& view, bool de
 int runProject(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Run a Sum & Filter (diagram 1) or Multirate (diagram 2) project from saved designs."));
+    parser.setApplicationDescription(describeVerb(
+        QStringLiteral("Run a Sum & Filter (diagram 1) or Multirate (diagram 2) project from saved designs."),
+        true));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption diagram(QStringLiteral("diagram"),
                                      QStringLiteral("1 Sum & Filter, 2 Multirate (default 1)."),
@@ -121,7 +122,7 @@ int runProject(const QStringList& args)
     const auto autoValue = wholeIn(parser.value(automatic), 0, 1);
     if (!diagramValue || !sign1Value || !sign2Value || !lValue || !mValue || !autoValue) {
         printErr(QStringLiteral(
-            "orvana-cli project: --diagram takes 1 or 2, --sign1 and --sign2 0 to 2, --L and --M "
+            "orvana-cli project: --diagram takes 1 or 2, --sign1 and --sign2 0 to 2, -L and -M "
             "1 to 12, --auto 0 or 1."));
         return Usage;
     }
@@ -140,9 +141,9 @@ int runProject(const QStringList& args)
     GVRProjectModel model;
     model.setLibrary(&designLibrary);
     model.setWinProject(&view);
-    model.designProjectWithParameters(GVRProjectModel::parameterDictionary(
+    const DesignOutcome outcome = model.designProjectWithParameters(GVRProjectModel::parameterDictionary(
         *diagramValue, filterName, oneName, twoName, *sign1Value, *sign2Value, *lValue, *mValue, *autoValue));
-    const bool designed = model.validResultsFlag() && !view.time.empty();
+    const bool designed = outcome == DesignOutcome::Designed;
     if (parser.isSet(json))
         printNoteAndChartsJson(view.note, view.time, view.freq, designed);
     else
@@ -163,7 +164,7 @@ int runProject(const QStringList& args)
                         path, parser.isSet(json)))
             return Refused;
     }
-    return designed ? Designed : Refused;
+    return exitStatusOf(outcome);
 }
 
 } // namespace cli

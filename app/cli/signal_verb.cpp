@@ -111,7 +111,7 @@ void writeText(const GVRSignalDesignerModel& model, const CollectingView& view, 
 int runSignal(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Design a 16384-sample test signal."));
+    parser.setApplicationDescription(describeVerb(QStringLiteral("Design a 16384-sample test signal."), true));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption freqUnits(QStringLiteral("freq-units"), QStringLiteral("mhz or khz (default mhz)."),
                                        QStringLiteral("units"), QStringLiteral("mhz"));
@@ -172,9 +172,9 @@ int runSignal(const QStringList& args)
     GVRSignalDesignerModel model;
     model.setWinSignalDesign(&view);
     model.setLibrary(designLibrary);
-    model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
+    const DesignOutcome outcome = model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
         freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index, values));
-    const bool designed = !view.time.empty();
+    const bool designed = outcome == DesignOutcome::Designed;
     if (parser.isSet(json))
         printNoteAndChartsJson(view.note, view.time, view.freq, designed);
     else
@@ -186,7 +186,7 @@ int runSignal(const QStringList& args)
                         designLibrary->signalPath(name), parser.isSet(json)))
             return Refused;
     }
-    return designed ? Designed : Refused;
+    return exitStatusOf(outcome);
 }
 
 }  // namespace cli

@@ -86,7 +86,7 @@ public:
     GVRNumberField* betaUpsilonField() const { return betaUpsilonField_; }
     // The length field and its stepper are one spin box: 25 to 255 in odd steps, wrapping.
     QSpinBox* filterLengthStepper() const { return filterLengthStepper_; }
-    QLineEdit* noteField() const { return noteField_; }
+    QLabel* noteField() const { return noteField_; }
     QLabel* unitsSampFreq() const { return unitsSampFreq_; }
     QLabel* unitsCutoffFreq() const { return unitsCutoffFreq_; }
     QLabel* unitsCenterFreq() const { return unitsCenterFreq_; }
@@ -109,10 +109,16 @@ public slots:
     void saveMenuItem();
     void saveAsMenuItem();
 
-    void pressDesignFilterBut();
+    // Designs from the form; says how the model answered (Refused when the
+    // form itself lacked a number).
+    DesignOutcome pressDesignFilterBut();
     // A unit chosen in the units list (also the same one again).
     void selectUnitsPopUpBut(int index);
     void selectChartTypePopUpBut();
+
+protected:
+    // Asks Save, Don't Save or Cancel first when the design was edited.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void buildControls();
@@ -139,7 +145,7 @@ private:
     GVRNumberField* thetaCenterField_ = nullptr;
     GVRNumberField* betaUpsilonField_ = nullptr;
     QSpinBox* filterLengthStepper_ = nullptr;
-    QLineEdit* noteField_ = nullptr;
+    QLabel* noteField_ = nullptr;
     QLabel* unitsSampFreq_ = nullptr;
     QLabel* unitsCutoffFreq_ = nullptr;
     QLabel* unitsCenterFreq_ = nullptr;

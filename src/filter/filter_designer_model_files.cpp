@@ -10,31 +10,34 @@
 bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
 {
     lastFileError_.clear();
-    if (!d_.validResultsFlag) {
+    // The last valid design with the parameters that made it, not what was
+    // typed and refused since: the file must reproduce its own coefficients.
+    const Design& saved = designed_;
+    if (!saved.validResultsFlag) {
         lastFileError_ = QStringLiteral("There is no filter design to save: design a filter first.");
         return false;
     }
     // Frequencies and measurements go in normalised; only the sampling
     // frequency keeps the unit it was typed in.
     GVRFilter record;
-    record.filterType = d_.filterType;
-    record.windowType = d_.windowType;
-    record.filterWidth = d_.filterWidth;
-    record.unitsType = d_.unitsType;
-    record.dfThetaSamplingFreq = d_.thetaSamplingFreq;
-    record.dfFilterLengthN = d_.filterLengthN;
-    record.dfBetaUpsilon = d_.betaUpsilon;
-    record.dfThetaCutoffFreqNormalized = d_.thetaCutoffFreqNormalized;
-    record.dfThetaCenterFreqNormalized = d_.thetaCenterFreqNormalized;
-    record.dfGimeldbLow = d_.gimeldbLow;
-    record.dfGimeldbHigh = d_.gimeldbHigh;
-    record.dfGimeldbBandwidth = d_.gimeldbBandwidth;
-    record.dfPassbandRipple = d_.passbandRipple;
-    record.dfDynamicRange = d_.dynamicRange;
-    record.dfDynamicRangeError = d_.dynamicRangeError;
-    record.integerCoefficients = d_.integerCoefficients;
-    record.filterCoefficients = d_.filterCoefficients;
-    record.filterPrecisionCoefficients = d_.filterPrecisionCoefficients;
+    record.filterType = saved.filterType;
+    record.windowType = saved.windowType;
+    record.filterWidth = saved.filterWidth;
+    record.unitsType = saved.unitsType;
+    record.dfThetaSamplingFreq = saved.thetaSamplingFreq;
+    record.dfFilterLengthN = saved.filterLengthN;
+    record.dfBetaUpsilon = saved.betaUpsilon;
+    record.dfThetaCutoffFreqNormalized = saved.thetaCutoffFreqNormalized;
+    record.dfThetaCenterFreqNormalized = saved.thetaCenterFreqNormalized;
+    record.dfGimeldbLow = saved.gimeldbLow;
+    record.dfGimeldbHigh = saved.gimeldbHigh;
+    record.dfGimeldbBandwidth = saved.gimeldbBandwidth;
+    record.dfPassbandRipple = saved.passbandRipple;
+    record.dfDynamicRange = saved.dynamicRange;
+    record.dfDynamicRangeError = saved.dynamicRangeError;
+    record.integerCoefficients = saved.integerCoefficients;
+    record.filterCoefficients = saved.filterCoefficients;
+    record.filterPrecisionCoefficients = saved.filterPrecisionCoefficients;
 
     lastFileError_ = designSaveNameProblem(QStringLiteral("filter"), name);
     if (!lastFileError_.isEmpty())
