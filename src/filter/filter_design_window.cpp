@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include <QCloseEvent>
+#include <QFocusEvent>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -58,8 +59,17 @@ protected:
             state = QValidator::Intermediate;
         return state;
     }
-    // Nothing is made up: what was typed stays until the design answers.
+    // Nothing is made up: what was typed stays until the design answers,
+    // even when the focus moves on (the spin box would put the old value back).
     void fixup(QString&) const override {}
+    void focusOutEvent(QFocusEvent* event) override
+    {
+        const QString typed = lineEdit()->text();
+        const bool keep = !hasAcceptableInput();
+        QSpinBox::focusOutEvent(event);
+        if (keep)
+            lineEdit()->setText(typed);
+    }
 };
 
 // The whole number typed in a spin box, even one outside its range; none

@@ -3,6 +3,7 @@
 // inspector, sorted by header clicks on the cell texts, never selected.
 #include <memory>
 
+#include <QLabel>
 #include <QFile>
 #include <QHeaderView>
 #include <QItemSelectionModel>

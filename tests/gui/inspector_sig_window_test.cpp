@@ -3,6 +3,7 @@
 // in the inspector, sorted by header clicks, never selected.
 #include <memory>
 
+#include <QLabel>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QTableView>
