@@ -1,6 +1,7 @@
 // The coefficient export window: list, checks, save dialog and replace alert.
 #include "project/fir_export_window.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -127,21 +128,29 @@ void GVRWinFirExport::pressExportBut()
 
     if (saveDialog_)
         saveDialog_->deleteLater();
-    const QString folder = saveDialogFolder_.isEmpty()
-                               ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
-                               : saveDialogFolder_;
+    // A folder that exists: Documents when there is one, else home. A missing
+    // folder would make the dialog offer its name as the file name.
+    QString folder = saveDialogFolder_.isEmpty()
+                         ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
+                         : saveDialogFolder_;
+    if (!QFileInfo(folder).isDir())
+        folder = QDir::homePath();
     saveDialog_ = new QFileDialog(this, tr("Export Coefficients"), folder);
     saveDialog_->setObjectName(QStringLiteral("exportSavePanel"));
     saveDialog_->setAttribute(Qt::WA_DeleteOnClose);
     // Our own dialog (not the desktop's) keeps the behaviour the same everywhere.
     saveDialog_->setOption(QFileDialog::DontUseNativeDialog);
-    // ".csv" is appended to whatever is typed, so the dialog's own
-    // overwrite question would ask about the wrong file.
+    // ".csv" may be appended to what is typed, so the dialog's own
+    // overwrite question could ask about the wrong file.
     saveDialog_->setOption(QFileDialog::DontConfirmOverwrite);
     saveDialog_->setAcceptMode(QFileDialog::AcceptSave);
     saveDialog_->setFileMode(QFileDialog::AnyFile);
     saveDialog_->setWindowModality(Qt::WindowModal);
-    saveDialog_->selectFile(QString());
+    // The design's name with its extension, ready to confirm.
+    QString suggested = selectedDotFiltFileName_;
+    if (suggested.endsWith(QStringLiteral(".filt")))
+        suggested.chop(5);
+    saveDialog_->selectFile(suggested + QStringLiteral(".csv"));
     connect(saveDialog_, &QFileDialog::fileSelected, this, &GVRWinFirExport::savePanelDidEnd);
     saveDialog_->open();
 }
@@ -150,8 +159,10 @@ void GVRWinFirExport::savePanelDidEnd(const QString& chosenPath)
 {
     if (chosenPath.isEmpty())
         return;
-    // Always appended, even to a name that already ends in ".csv".
-    selectedDotCsvPath_ = chosenPath + QStringLiteral(".csv");
+    // ".csv" is added only when the name lacks it ("taps.csv" stays as it is).
+    selectedDotCsvPath_ = chosenPath.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive)
+                              ? chosenPath
+                              : chosenPath + QStringLiteral(".csv");
     if (!QFileInfo::exists(selectedDotCsvPath_)) {
         exportCoefficients();
         return;
