@@ -21,48 +21,57 @@ constexpr Verb kVerbs[] = {
     {"project", cli::runProject, "run a Sum & Filter or Multirate project from saved designs"},
     {"export", cli::runExport, "write a saved filter's integer coefficients as CSV"},
     {"open", cli::runOpen, "print a saved design's keys and values"},
+    {"window", cli::runWindow, "print a window's values and its properties"},
+    {"sweep", cli::runSweep, "measure a filter design at every width from 8 to 20 bits"},
+    {"tune-fft", cli::runTuneFft, "measure this processor's FFT plans once, for faster designs"},
 };
 
-// Asked for with --help it goes to standard output; after a mistake, to standard error.
-void printUsage(bool asked)
+QString usageText()
 {
     QString text = QStringLiteral("Usage: orvana-cli <verb> [options]\n\nVerbs:\n");
     for (const Verb& v : kVerbs)
-        text += QStringLiteral("  %1  %2\n").arg(QString::fromLatin1(v.name), -8).arg(QString::fromLatin1(v.summary));
+        text += QStringLiteral("  %1  %2\n")
+                    .arg(QString::fromLatin1(v.name), -9)
+                    .arg(QString::fromLatin1(v.summary));
+    text +=
+        QStringLiteral("\nOptions:\n  -h, --help     Show this help.\n  -v, --version  Show the version.\n");
     text += QStringLiteral("\nRun 'orvana-cli <verb> --help' for the options of a verb.\n"
                            "\nExit status: 0 done, 1 refused or file error, 2 usage error,\n"
                            "3 designed but the results are not valid.\n");
-    if (asked)
-        cli::printOut(text);
-    else
-        cli::printErr(text);
+    return text;
 }
 
-}  // namespace
+} // namespace
 
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Orvana"));
     QStringList args = QCoreApplication::arguments();
+    QCoreApplication::setApplicationVersion(QStringLiteral(ORVANA_VERSION));
     if (args.size() < 2) {
-        printUsage(false);
+        cli::printErr(usageText());
         return cli::Usage;
     }
     const QString verb = args.at(1);
     if (verb == QLatin1String("--help") || verb == QLatin1String("-h") || verb == QLatin1String("help")) {
-        printUsage(true);
+        cli::printOut(usageText());
+        return 0;
+    }
+    if (verb == QLatin1String("--version") || verb == QLatin1String("-v")) {
+        cli::printOut(QStringLiteral("orvana-cli %1\n").arg(QCoreApplication::applicationVersion()));
         return 0;
     }
     for (const Verb& v : kVerbs) {
         if (verb == QLatin1String(v.name)) {
             args.removeAt(1);
             args[0] = QStringLiteral("orvana-cli ") + verb;
-            loadBundledFftWisdom();
+            cli::setCommandName(args[0]);
+            if (verb != QLatin1String("tune-fft"))
+                loadFftWisdom();
             return v.run(args);
         }
     }
-    cli::printErr(QStringLiteral("Unknown verb \"%1\".").arg(verb));
-    printUsage(false);
+    cli::printErr(QStringLiteral("Unknown verb \"%1\".\n").arg(verb) + usageText());
     return cli::Usage;
 }

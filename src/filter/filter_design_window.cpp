@@ -23,6 +23,7 @@
 #include "widgets/design_file_commands.h"
 #include "widgets/design_file_kind.h"
 #include "filter/filter_keys.h"
+#include "filter/mask_section.h"
 #include "widgets/number_field.h"
 #include "library/design_library.h"
 #include "widgets/window_parts.h"
@@ -182,7 +183,7 @@ GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent) 
     hooks.saveDesign = [this](const QString& name) {
         return filterDesignModel_.saveFilterDesignWithFileName(name);
     };
-    hooks.redesign = [this] { pressDesignFilterBut(); };
+    hooks.redesign = [this] { redesignAfterOpen(); };
     hooks.nothingToSave = [this] {
         return filterDesignModel_.designedDesign().validResultsFlag
                    ? QString()
@@ -228,8 +229,7 @@ void GVRWinFilterDesign::buildControls()
     auto* chartColumn = new QVBoxLayout(charts);
     chartColumn->setContentsMargins(0, 0, 0, 0);
     chartColumn->setSpacing(6);
-    chartColumn->addWidget(viewFiltDesign_, 1);
-    chartColumn->addWidget(viewResult_, 0);
+    buildAnalysisControls(chartColumn);
 
     QSplitter* split = makeFormAndCharts(buildForm(), charts, this);
     split->setObjectName(QStringLiteral("filterSplit"));
@@ -312,6 +312,8 @@ QWidget* GVRWinFilterDesign::buildForm()
     displayGrid->addWidget(chartTypePopUp_, 0, 1);
     displayGrid->setColumnStretch(1, 1);
     column->addWidget(display);
+
+    column->addWidget(buildMaskSection());
 
     auto* buttons = new QHBoxLayout;
     designFilterBut_ = new QPushButton(tr("Design"), form);
@@ -421,6 +423,7 @@ void GVRWinFilterDesign::initializeWithMandatoryFlag(bool mandatory)
     fill(bitWidthPopUp_, bitWidthTitle(), 0);
     fill(windowTypePopUp_, windowTypeTitle(), 0);
     fill(chartTypePopUp_, chartTypeTitle(), 0);
+    chartTypePopUp_->addItem(tr("Word Length"));
 
     filterLengthStepper_->setRange(kLengthMin, kLengthMax);
     filterLengthStepper_->setSingleStep(kLengthStep);
@@ -461,6 +464,7 @@ void GVRWinFilterDesign::updateUnitsAndHiddenFields()
         viewResult_->setFreqUnits(units);
         viewResult_->setFilterType(type);
     }
+    maskSection_->setFilterType(type);
 }
 
 void GVRWinFilterDesign::selectUnitsPopUpBut(int now)
@@ -511,6 +515,8 @@ void GVRWinFilterDesign::selectUnitsPopUpBut(int now)
 
 void GVRWinFilterDesign::selectChartTypePopUpBut()
 {
+    if (showWordLengthChart())
+        return;
     viewFiltDesign_->newChartOfType(chartTypePopUp_->currentIndex(),
                                     unitsFieldTitle().value(unitsPopUp_->currentIndex()));
 }
@@ -581,12 +587,14 @@ void GVRWinFilterDesign::displayFilterDesignResults(const QVariantMap& results)
 void GVRWinFilterDesign::clearFilterDesignResults()
 {
     viewResult_->clearDisplay();
+    refreshAnalysis();
 }
 
 void GVRWinFilterDesign::plotMagnitudeAndPhaseWithArray(const std::vector<double>& array)
 {
     dBmagAndPhaseArray_ = array;
     selectChartTypePopUpBut();
+    refreshAnalysis();
 }
 
 void GVRWinFilterDesign::clearFilterDesignParameters()

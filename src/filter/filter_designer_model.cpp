@@ -106,6 +106,10 @@ DesignOutcome GVRFilterDesignerModel::designFilterWithParameters(const QVariantM
     lastOutcome_ = DesignOutcome::Refused;
     if (!checkParametersWithCutoffFreq(cutoff, center))
         return lastOutcome_;
+    if (!maskDesignRunning_) {
+        d_.designMethod = 0;
+        d_.mask.reset();
+    }
     firFilter();
     return lastOutcome_;
 }
@@ -229,6 +233,8 @@ void GVRFilterDesignerModel::firFilter()
     winfun(d_.windowType, d_.betaUpsilon, w);
     winSync(h, w, hw);
     filt(d_.filterType, d_.thetaCenterFreqNormalized, hw, c);
+    if (presetCoefficients_ && presetCoefficients_->size() == N)
+        std::copy(presetCoefficients_->begin(), presetCoefficients_->end(), c.begin());
 
     const PrecisionResult precision = bitPrecison(d_.filterWidth, c, q, cp);
     d_.dynamicRange = precision.dynamicRange;

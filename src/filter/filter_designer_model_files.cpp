@@ -38,6 +38,15 @@ bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
     record.integerCoefficients = saved.integerCoefficients;
     record.filterCoefficients = saved.filterCoefficients;
     record.filterPrecisionCoefficients = saved.filterPrecisionCoefficients;
+    if (saved.mask) {
+        record.designMethod = saved.designMethod;
+        record.dfMaskPassbandEdge = saved.mask->passband[0];
+        record.dfMaskPassbandEdge2 = saved.mask->passband[1];
+        record.dfMaskStopbandEdge = saved.mask->stopband[0];
+        record.dfMaskStopbandEdge2 = saved.mask->stopband[1];
+        record.dfMaskRipple = saved.mask->rippleDb;
+        record.dfMaskAttenuation = saved.mask->attenuationDb;
+    }
 
     lastFileError_ = designSaveNameProblem(QStringLiteral("filter"), name);
     if (!lastFileError_.isEmpty())
@@ -92,6 +101,19 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
         return false;
     }
     filterRestorationDictionary_ = restored;
+    restoredMask_.reset();
+    if (record->dfMaskPassbandEdge && record->dfMaskStopbandEdge && record->dfMaskRipple &&
+        record->dfMaskAttenuation) {
+        ToleranceMask mask;
+        mask.type = static_cast<int>(record->filterType.value_or(0));
+        mask.passband[0] = *record->dfMaskPassbandEdge;
+        mask.passband[1] = record->dfMaskPassbandEdge2.value_or(0.0);
+        mask.stopband[0] = *record->dfMaskStopbandEdge;
+        mask.stopband[1] = record->dfMaskStopbandEdge2.value_or(0.0);
+        mask.rippleDb = *record->dfMaskRipple;
+        mask.attenuationDb = *record->dfMaskAttenuation;
+        restoredMask_.emplace(record->designMethod.value_or(0) == 1 ? 1 : 0, mask);
+    }
     if (winFilterDesign_)
         winFilterDesign_->restoreFilterParameters(filterRestorationDictionary_);
     return true;

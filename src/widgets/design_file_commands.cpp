@@ -205,7 +205,11 @@ void DesignFileCommands::openSheetOpen()
     if (!row)
         return;
 
-    const QString name = stripExtension(file.fileName(), kind_.extension);
+    openDesignNamed(stripExtension(file.fileName(), kind_.extension));
+}
+
+void DesignFileCommands::openDesignNamed(const QString& name)
+{
     bringToFront();
     const bool opened = hooks_.openDesign ? hooks_.openDesign(name) : false;
     if (!opened) {
@@ -215,7 +219,7 @@ void DesignFileCommands::openSheetOpen()
             showAlert(alerts_.alertInvalidProjectFile());
         } else {
             const QString reason = hooks_.lastFileError ? hooks_.lastFileError() : QString();
-            note(reason.isEmpty() ? tr("\"%1\" cannot be opened.").arg(file.fileName()) : reason);
+            note(reason.isEmpty() ? tr("\"%1\" cannot be opened.").arg(name + kind_.extension) : reason);
         }
         return;
     }
@@ -224,6 +228,7 @@ void DesignFileCommands::openSheetOpen()
         hooks_.redesign();
     // What is on screen is what the file holds.
     setModified(false);
+    emit designFileUsed(pathForName(name));
 }
 
 void DesignFileCommands::openSheetCancel()
@@ -311,6 +316,7 @@ void DesignFileCommands::saveUnderName(const QString& name)
     }
     setName(name, true);
     setModified(false);
+    emit designFileUsed(pathForName(name));
     if (proceed)
         proceed();
 }
@@ -321,6 +327,9 @@ void DesignFileCommands::ensureOpenSheet()
         return;
     openSheet_ = new GVROpenSheet(window_);
     connect(openSheet_, &GVROpenSheet::openPressed, this, &DesignFileCommands::openSheetOpen);
+    connect(openSheet_, &GVROpenSheet::renamePressed, this, &DesignFileCommands::openSheetRename);
+    connect(openSheet_, &GVROpenSheet::duplicatePressed, this, &DesignFileCommands::openSheetDuplicate);
+    connect(openSheet_, &GVROpenSheet::deletePressed, this, &DesignFileCommands::openSheetDelete);
 }
 
 void DesignFileCommands::ensureSaveSheet()
