@@ -79,6 +79,30 @@ QString helpText(const QCommandLineParser& parser)
     return text;
 }
 
+int exitStatusOf(DesignOutcome outcome)
+{
+    switch (outcome) {
+    case DesignOutcome::Designed:
+        return Designed;
+    case DesignOutcome::DesignedInvalid:
+        return DesignedInvalid;
+    case DesignOutcome::Refused:
+        break;
+    }
+    return Refused;
+}
+
+QString describeVerb(const QString& summary, bool designs)
+{
+    QString text = summary + QStringLiteral("\n\nExit status:\n"
+                                            "  0  done\n"
+                                            "  1  refused (the message says why) or a file could not be read or written\n"
+                                            "  2  usage error in the command line\n");
+    if (designs)
+        text += QStringLiteral("  3  designed, but the results are not valid (e.g. 3dB Point Not Found)\n");
+    return text;
+}
+
 std::optional<int> parseVerbArguments(QCommandLineParser& parser, const QStringList& args,
                                       Positionals positionals)
 {

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "library/design_outcome.h"
+
 class DesignLibrary;
 class QCommandLineOption;
 class QCommandLineParser;
@@ -17,7 +19,15 @@ enum ExitCode : int {
     Designed = 0, // a design was made (or the command did its work)
     Refused = 1,  // the model refused the input; the message says why
     Usage = 2,    // the command line itself is wrong
+    DesignedInvalid = 3, // designed, but the results are not valid
 };
+
+// The exit status for what a model reported; a failed save comes on top.
+int exitStatusOf(DesignOutcome outcome);
+
+// The verb's description followed by its exit statuses, for --help. Verbs
+// that design say 3 too.
+QString describeVerb(const QString& summary, bool designs);
 
 // A number as typed: plain decimals, exponents, and every spelling of "nan"
 // and of infinity; a number beyond the range of a double reads as an

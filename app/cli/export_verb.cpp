@@ -20,7 +20,7 @@ namespace cli {
 int runExport(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
+    parser.setApplicationDescription(describeVerb(QStringLiteral(
         "Write the coefficients of a saved filter design to OUT.\n"
         "\n"
         "Formats (without --format, OUT's extension chooses; any other extension means csv):\n"
@@ -38,7 +38,7 @@ int runExport(const QStringList& args)
         "\n"
         "cmsis, coe, mif, verilog and vhdl need an integer width (20 to 8 bits) that holds\n"
         "every integer; c, matlab, python and json also take Double designs (17 digits).\n"
-        "Identifiers come from NAME: letters, digits and _."));
+        "Identifiers come from NAME: letters, digits and _."), false));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption library = libraryOption();
     const QCommandLineOption format(QStringLiteral("format"),

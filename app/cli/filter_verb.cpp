@@ -192,9 +192,10 @@ std::optional<std::pair<double, double>> edgePair(const QString& text)
 int runFilterDesign(const QStringList& args, bool sweep)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
+    parser.setApplicationDescription(describeVerb(
         sweep ? QStringLiteral("Quantise a filter design at 8 to 20 bits and in double, and measure each.")
-              : QStringLiteral("Design a window-method FIR filter, or the shortest one that meets a mask."));
+              : QStringLiteral("Design a window-method FIR filter, or the shortest one that meets a mask."),
+        true));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption units(QStringLiteral("units"), QStringLiteral("norm, khz or mhz (default mhz)."),
                                    QStringLiteral("units"), QStringLiteral("mhz"));
@@ -294,6 +295,7 @@ int runFilterDesign(const QStringList& args, bool sweep)
     GVRFilterDesignerModel model(designLibrary);
     model.setWindow(&view);
     const bool toMask = !sweep && parser.isSet(method);
+    DesignOutcome outcome = DesignOutcome::Refused;
     if (toMask) {
         const QString name = parser.value(method).trimmed().toLower();
         const auto pass = edgePair(parser.value(passEdge));
@@ -316,15 +318,19 @@ int runFilterDesign(const QStringList& args, bool sweep)
         std::optional<int> fixedTaps;
         if (parser.isSet(taps))
             fixedTaps = static_cast<int>(parameters.value(KEYFP_FILTER_LENGTH).toDouble());
-        model.designFilterToMask(parameters, name == QLatin1String("equiripple") ? kMaskEquiripple : kMaskKaiser,
-                                 mask, fixedTaps);
+        const bool accepted = model.designFilterToMask(
+            parameters, name == QLatin1String("equiripple") ? kMaskEquiripple : kMaskKaiser, mask, fixedTaps);
+        outcome = accepted ? model.lastOutcome() : DesignOutcome::Refused;
+        // A valid design that misses its mask is designed, but not what was asked for.
+        if (outcome == DesignOutcome::Designed) {
+            const auto check = model.maskCheck();
+            if (!check || !check->met)
+                outcome = DesignOutcome::DesignedInvalid;
+        }
     } else {
-        model.designFilterWithParameters(parameters);
+        outcome = model.designFilterWithParameters(parameters);
     }
-
-    const bool refused = view.note.startsWith(QStringLiteral("VALID RANGE: ")) ||
-                         view.note.startsWith(QStringLiteral("ERROR: the equiripple"));
-    const bool valid = !refused && model.validResultsFlag();
+    const bool valid = model.validResultsFlag() && outcome != DesignOutcome::Refused;
     if (sweep) {
         if (parser.isSet(json)) {
             JsonWriter out;
@@ -333,7 +339,7 @@ int runFilterDesign(const QStringList& args, bool sweep)
         } else {
             printOut(noteLine(view.note) + (valid ? sweepText(model) : QString()));
         }
-        return refused ? Refused : valid ? Designed : kDesignedNotValid;
+        return exitStatusOf(outcome);
     }
     if (parser.isSet(json))
         writeJson(model, view, valid);
@@ -346,13 +352,7 @@ int runFilterDesign(const QStringList& args, bool sweep)
                         designLibrary.filterPath(name), parser.isSet(json)))
             return Refused;
     }
-    if (refused)
-        return Refused;
-    if (toMask) {
-        const auto check = model.maskCheck();
-        return valid && check && check->met ? Designed : kDesignedNotValid;
-    }
-    return Designed;
+    return exitStatusOf(outcome);
 }
 
 } // namespace

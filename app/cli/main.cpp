@@ -35,7 +35,9 @@ QString usageText()
                     .arg(QString::fromLatin1(v.summary));
     text +=
         QStringLiteral("\nOptions:\n  -h, --help     Show this help.\n  -v, --version  Show the version.\n");
-    text += QStringLiteral("\nRun 'orvana-cli <verb> --help' for the options of a verb.\n");
+    text += QStringLiteral("\nRun 'orvana-cli <verb> --help' for the options of a verb.\n"
+                           "\nExit status: 0 done, 1 refused or file error, 2 usage error,\n"
+                           "3 designed but the results are not valid.\n");
     return text;
 }
 

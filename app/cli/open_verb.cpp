@@ -164,7 +164,8 @@ template <typename Record> int show(const std::optional<Record>& record, const Q
 int runOpen(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Print the keys and values of a saved design."));
+    parser.setApplicationDescription(
+        describeVerb(QStringLiteral("Print the keys and values of a saved design."), false));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption diagram(
         QStringLiteral("diagram"),

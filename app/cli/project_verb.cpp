@@ -102,8 +102,9 @@ void explainUnreadable(const DesignLibrary& library, const QString& note, const 
 int runProject(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Run a Sum & Filter (diagram 1) or Multirate (diagram 2) project from saved designs."));
+    parser.setApplicationDescription(describeVerb(
+        QStringLiteral("Run a Sum & Filter (diagram 1) or Multirate (diagram 2) project from saved designs."),
+        true));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption diagram(QStringLiteral("diagram"),
                                      QStringLiteral("1 Sum & Filter, 2 Multirate (default 1)."),
@@ -147,7 +148,7 @@ int runProject(const QStringList& args)
     const auto autoValue = wholeIn(parser.value(automatic), 0, 1);
     if (!diagramValue || !sign1Value || !sign2Value || !lValue || !mValue || !autoValue) {
         printErr(QStringLiteral(
-            "orvana-cli project: --diagram takes 1 or 2, --sign1 and --sign2 0 to 2, --L and --M "
+            "orvana-cli project: --diagram takes 1 or 2, --sign1 and --sign2 0 to 2, -L and -M "
             "1 to 12, --auto 0 or 1."));
         return Usage;
     }
@@ -166,9 +167,9 @@ int runProject(const QStringList& args)
     CollectingView view;
     GVRProjectModel model(designLibrary);
     model.setWinProject(&view);
-    model.designProjectWithParameters(GVRProjectModel::parameterDictionary(
+    const DesignOutcome outcome = model.designProjectWithParameters(GVRProjectModel::parameterDictionary(
         *diagramValue, filterName, oneName, twoName, *sign1Value, *sign2Value, *lValue, *mValue, *autoValue));
-    const bool designed = model.validResultsFlag() && !view.time.empty();
+    const bool designed = outcome == DesignOutcome::Designed;
     if (view.note.startsWith(QStringLiteral("ERROR - Cannot read the design")))
         explainUnreadable(designLibrary, view.note, filterName, oneName, twoName);
     if (parser.isSet(json))
@@ -191,7 +192,7 @@ int runProject(const QStringList& args)
                         path, parser.isSet(json)))
             return Refused;
     }
-    return designed ? Designed : Refused;
+    return exitStatusOf(outcome);
 }
 
 } // namespace cli

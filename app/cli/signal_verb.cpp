@@ -114,7 +114,7 @@ void writeText(const GVRSignalDesignerModel& model, const CollectingView& view, 
 int runSignal(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Design a 16384-sample test signal."));
+    parser.setApplicationDescription(describeVerb(QStringLiteral("Design a 16384-sample test signal."), true));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption freqUnits(QStringLiteral("freq-units"),
                                        QStringLiteral("mhz or khz (default mhz)."), QStringLiteral("units"),
@@ -193,7 +193,7 @@ int runSignal(const QStringList& args)
     CollectingView view;
     GVRSignalDesignerModel model(designLibrary);
     model.setWinSignalDesign(&view);
-    model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
+    const DesignOutcome outcome = model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
         freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index,
         values));
     // Values derived from finite parameters can still overflow; such a design
@@ -206,7 +206,7 @@ int runSignal(const QStringList& args)
                                 "parameters overflow (are not finite)."));
         return Refused;
     }
-    const bool designed = !view.time.empty();
+    const bool designed = outcome == DesignOutcome::Designed;
     if (parser.isSet(json))
         printNoteAndChartsJson(view.note, view.time, view.freq, designed);
     else
@@ -218,7 +218,7 @@ int runSignal(const QStringList& args)
                         designLibrary.signalPath(name), parser.isSet(json)))
             return Refused;
     }
-    return designed ? Designed : Refused;
+    return exitStatusOf(outcome);
 }
 
 } // namespace cli

@@ -9,6 +9,8 @@
 // equal ones are written once, as the archiver's uniquing does.
 #include "archive/keyed_archive_writer.h"
 
+#include "archive/bplist_reals.h"
+
 #include <bit>
 #include <map>
 #include <memory>
@@ -224,7 +226,11 @@ std::optional<QByteArray> encodeKeyedArchive(const ArchiveSchema& schema,
         plist_to_bin_free(bytes);
         return fail(QStringLiteral("the property list writer produced nothing"));
     }
-    QByteArray out(bytes, qsizetype(length));
+    const QByteArray packed(bytes, qsizetype(length));
     plist_to_bin_free(bytes);
+    // Doubles stay 8-byte reals, as the platform's archiver writes them.
+    std::optional<QByteArray> out = widenBinaryPlistReals(packed);
+    if (!out)
+        return fail(QStringLiteral("the property list writer produced an unexpected layout"));
     return out;
 }

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <tuple>
 
+#include <QCloseEvent>
+#include <QFocusEvent>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -41,7 +43,9 @@ constexpr int kKaiser = kWindowKaiser;
 constexpr int kChebyshev = kWindowChebyshev;
 
 // The length field and its stepper in one: whole odd numbers from 25 to 255.
-// An even number typed is taken as the odd number above it.
+// Any run of digits may be typed; one that is not such a length stays as
+// typed (in the warning state) for the design to refuse in words, instead of
+// the keystroke being dropped and 300 turning into 31.
 class OddLengthSpinBox : public QSpinBox {
 public:
     using QSpinBox::QSpinBox;
@@ -50,18 +54,36 @@ protected:
     QValidator::State validate(QString& text, int& position) const override
     {
         QValidator::State state = QSpinBox::validate(text, position);
+        const QString digits = text.trimmed();
+        const bool allDigits = !digits.isEmpty() && digits.size() <= 6 &&
+                               std::all_of(digits.begin(), digits.end(), [](QChar c) { return c.isDigit(); });
+        if (state == QValidator::Invalid && allDigits)
+            state = QValidator::Intermediate;
         if (state == QValidator::Acceptable && valueFromText(text) % 2 == 0)
             state = QValidator::Intermediate;
         return state;
     }
-    void fixup(QString& text) const override
+    // Nothing is made up: what was typed stays until the design answers,
+    // even when the focus moves on (the spin box would put the old value back).
+    void fixup(QString&) const override {}
+    void focusOutEvent(QFocusEvent* event) override
     {
-        bool ok = false;
-        const int typed = text.trimmed().toInt(&ok);
-        if (ok && typed >= minimum() && typed < maximum() && typed % 2 == 0)
-            text = QString::number(typed + 1);
+        const QString typed = lineEdit()->text();
+        const bool keep = !hasAcceptableInput();
+        QSpinBox::focusOutEvent(event);
+        if (keep)
+            lineEdit()->setText(typed);
     }
 };
+
+// The whole number typed in a spin box, even one outside its range; none
+// for text that is not a whole number.
+std::optional<double> typedWholeNumber(QSpinBox* box)
+{
+    bool ok = false;
+    const int typed = box->cleanText().trimmed().toInt(&ok);
+    return ok ? std::optional<double>(typed) : std::nullopt;
+}
 
 QStringList splitTitles(const char* text)
 {
@@ -149,18 +171,23 @@ GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent)
         noteField_->clear();
         initializeWithMandatoryFlag(true);
         plotMagnitudeAndPhaseWithArray({});
+        // The model forgets its design too: a save now has nothing to write.
+        filterDesignModel_.clearDesign();
     };
     hooks.openDesign = [this](const QString& name) {
         return filterDesignModel_.openFilterDesignWithFileName(name);
     };
     hooks.saveDesign = [this](const QString& name) {
-        const bool saved = filterDesignModel_.saveFilterDesignWithFileName(name);
-        // Nothing designed yet is the usual refusal and says nothing; a failed write does.
-        if (!saved && filterDesignModel_.validResultsFlag() && !filterDesignModel_.lastFileError().isEmpty())
-            displayNoteField(filterDesignModel_.lastFileError(), 0.0, false);
-        return saved;
+        return filterDesignModel_.saveFilterDesignWithFileName(name);
     };
     hooks.redesign = [this] { redesignAfterOpen(); };
+    hooks.nothingToSave = [this] {
+        return filterDesignModel_.designedDesign().validResultsFlag
+                   ? QString()
+                   : tr("There is no filter design to save: design a filter first.");
+    };
+    hooks.lastFileError = [this] { return filterDesignModel_.lastFileError(); };
+    hooks.showNote = [this](const QString& text) { displayNoteField(text, 0.0, false); };
     DesignLibrary* lib = &library;
     fileCommands_ = new DesignFileCommands(
         this, DesignFileKind::filter([lib] { return lib->filterFolder(); }), std::move(hooks), this);
@@ -186,7 +213,7 @@ void GVRWinFilterDesign::buildControls()
     viewFiltDesign_ = new GVRViewFiltDesign(this);
     viewFiltDesign_->setObjectName(QStringLiteral("viewFiltDesign"));
     viewFiltDesign_->setMagPhaseSource(this);
-    viewFiltDesign_->setMinimumSize(420, 260);
+    viewFiltDesign_->setMinimumSize(320, 180);
     viewResult_ = new GVRViewResults(this);
     viewResult_->setObjectName(QStringLiteral("viewResult"));
     // The panel places its rows for its designed height; taller would push
@@ -204,7 +231,7 @@ void GVRWinFilterDesign::buildControls()
     QSplitter* split = makeFormAndCharts(buildForm(), charts, this);
     split->setObjectName(QStringLiteral("filterSplit"));
     setCentralWidget(split);
-    resize(1080, 700);
+    fitToScreen(*this, QSize(1080, 700));
 }
 
 QWidget* GVRWinFilterDesign::buildForm()
@@ -326,8 +353,24 @@ void GVRWinFilterDesign::connectControls()
     connect(saveFilterBut_, &QPushButton::clicked, this, &GVRWinFilterDesign::saveMenuItem);
     // Return in a number field designs, as the default button would in a panel.
     for (GVRNumberField* field :
-         {thetaSamplingField_, thetaCutoffField_, thetaCenterField_, betaUpsilonField_})
+         {thetaSamplingField_, thetaCutoffField_, thetaCenterField_, betaUpsilonField_}) {
         connect(field, &QLineEdit::returnPressed, this, &GVRWinFilterDesign::pressDesignFilterBut);
+        connect(field, &QLineEdit::textEdited, this, [this] { fileCommands_->setModified(true); });
+    }
+    // Return in the length designs too, as in every other field.
+    connect(spinBoxEditor(filterLengthStepper_), &QLineEdit::returnPressed, this,
+            &GVRWinFilterDesign::pressDesignFilterBut);
+    connect(filterLengthStepper_, &QSpinBox::valueChanged, this, [this] { fileCommands_->setModified(true); });
+    for (QComboBox* popUp : {unitsPopUp_, filterTypePopUp_, windowTypePopUp_, bitWidthPopUp_})
+        connect(popUp, &QComboBox::activated, this, [this] { fileCommands_->setModified(true); });
+}
+
+void GVRWinFilterDesign::closeEvent(QCloseEvent* event)
+{
+    if (fileCommands_->mayClose())
+        event->accept();
+    else
+        event->ignore();
 }
 
 void GVRWinFilterDesign::createFileActions()
@@ -384,8 +427,7 @@ void GVRWinFilterDesign::initializeWithMandatoryFlag(bool mandatory)
     filterLengthStepper_->setWrapping(true);
     filterLengthStepper_->setValue(kLengthMin);
     updateUnitsAndHiddenFields();
-    if (!fileCommands_->currentName())
-        setWindowTitle(DesignFileCommands::untitledTitle());
+    fileCommands_->refreshTitle();
 }
 
 void GVRWinFilterDesign::updateUnitsAndHiddenFields()
@@ -413,8 +455,12 @@ void GVRWinFilterDesign::updateUnitsAndHiddenFields()
     unitsCutoffFreq_->setText(unitsFieldTitle().value(units));
     unitsCenterFreq_->setText(unitsFieldTitle().value(units));
 
-    viewResult_->setFreqUnits(units);
-    viewResult_->setFilterType(type);
+    // Results on show keep the labels of the design that made them; a change
+    // of type or units waits for the next design.
+    if (!viewResult_->hasResults()) {
+        viewResult_->setFreqUnits(units);
+        viewResult_->setFilterType(type);
+    }
     maskSection_->setFilterType(type);
 }
 
@@ -451,7 +497,14 @@ void GVRWinFilterDesign::selectUnitsPopUpBut(int now)
                 put(thetaCenterField_, center * factor);
         }
         clearFilterDesignResults();
-        pressDesignFilterBut();
+        updateUnitsAndHiddenFields();
+        // A unit change re-sends the chart: the new design's curve, or an empty
+        // frame when the new units were refused. The old curve in the old unit
+        // must not stay under the new one, nor be saved as if it were current.
+        if (pressDesignFilterBut() != DesignOutcome::Designed) {
+            filterDesignModel_.clearDesign();
+            plotMagnitudeAndPhaseWithArray({});
+        }
     }
     updateUnitsAndHiddenFields();
     previousUnitsSelected_ = now;
@@ -465,10 +518,13 @@ void GVRWinFilterDesign::selectChartTypePopUpBut()
                                     unitsFieldTitle().value(unitsPopUp_->currentIndex()));
 }
 
-void GVRWinFilterDesign::pressDesignFilterBut()
+DesignOutcome GVRWinFilterDesign::pressDesignFilterBut()
 {
-    // A length typed but not yet confirmed counts.
-    filterLengthStepper_->interpretText();
+    // A length typed but not yet confirmed counts; one out of range is sent as
+    // typed, so the model refuses it in words instead of it turning into another.
+    const std::optional<double> typedLength = typedWholeNumber(filterLengthStepper_);
+    if (filterLengthStepper_->hasAcceptableInput())
+        filterLengthStepper_->interpretText();
 
     const int units = unitsPopUp_->currentIndex();
     const int type = filterTypePopUp_->currentIndex();
@@ -479,27 +535,37 @@ void GVRWinFilterDesign::pressDesignFilterBut()
 
     // A field the design uses must hold a number, or its key is left out and
     // nothing is designed. A hidden field the design ignores reads as 0 when empty.
-    bool missing = false;
-    auto number = [&](const QString& key, GVRNumberField* field, bool used) {
+    QStringList missing;
+    auto number = [&](const QString& key, GVRNumberField* field, bool used, const QString& symbol) {
         if (const std::optional<double> value = field->numberValue()) {
             filterParameterDictionary_.insert(key, *value);
         } else if (!used) {
             filterParameterDictionary_.insert(key, 0.0);
         } else {
             field->flagMissingNumber();
-            missing = true;
+            missing << symbol;
         }
     };
-    number(KEYFP_SAMPLING_FREQ, thetaSamplingField_, units != kUnitsNorm);
-    number(KEYFP_CUTOFF_FREQ, thetaCutoffField_, true);
-    number(KEYFP_CENTER_FREQ, thetaCenterField_, type == kBandPass);
-    filterParameterDictionary_.insert(KEYFP_FILTER_LENGTH, double(filterLengthStepper_->value()));
+    number(KEYFP_SAMPLING_FREQ, thetaSamplingField_, units != kUnitsNorm, QStringLiteral("fsampling"));
+    number(KEYFP_CUTOFF_FREQ, thetaCutoffField_, true, QStringLiteral("fcutoff"));
+    number(KEYFP_CENTER_FREQ, thetaCenterField_, type == kBandPass, QStringLiteral("fcenter"));
+    filterParameterDictionary_.insert(KEYFP_FILTER_LENGTH, typedLength.value_or(filterLengthStepper_->value()));
     filterParameterDictionary_.insert(KEYFP_FILTER_WIDTH, bitWidthPopUp_->currentIndex());
     filterParameterDictionary_.insert(KEYFP_WINDOW_TYPE, window);
-    number(KEYFP_BETA_UPSILON, betaUpsilonField_, window == kKaiser || window == kChebyshev);
+    number(KEYFP_BETA_UPSILON, betaUpsilonField_, window == kKaiser || window == kChebyshev,
+           window == kKaiser ? QStringLiteral("β") : QStringLiteral("ϒ"));
 
-    if (!missing && filterParameterDictionary_.size() == 9)
-        filterDesignModel_.designFilterWithParameters(filterParameterDictionary_);
+    if (!missing.isEmpty()) {
+        // The pink field alone is easy to miss; the note line names it.
+        displayNoteField(tr("VALID RANGE: %1 is empty").arg(missing.join(QStringLiteral(", "))), 0.0, false);
+        return DesignOutcome::Refused;
+    }
+    if (filterParameterDictionary_.size() != 9)
+        return DesignOutcome::Refused;
+    const DesignOutcome outcome = filterDesignModel_.designFilterWithParameters(filterParameterDictionary_);
+    if (outcome != DesignOutcome::Refused)
+        fileCommands_->setModified(true);
+    return outcome;
 }
 
 void GVRWinFilterDesign::displayNoteField(const QString& text, double value, bool withValue)
@@ -509,6 +575,9 @@ void GVRWinFilterDesign::displayNoteField(const QString& text, double value, boo
 
 void GVRWinFilterDesign::displayFilterDesignResults(const QVariantMap& results)
 {
+    // Labelled with the units and type these results were designed with.
+    viewResult_->setFreqUnits(filterDesignModel_.unitsType());
+    viewResult_->setFilterType(filterDesignModel_.filterType());
     viewResult_->displayFilterDesignResults(results);
 }
 

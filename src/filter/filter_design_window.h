@@ -92,7 +92,7 @@ public:
     GVRNumberField* betaUpsilonField() const { return betaUpsilonField_; }
     // The length field and its stepper are one spin box: 25 to 255 in odd steps, wrapping.
     QSpinBox* filterLengthStepper() const { return filterLengthStepper_; }
-    QLineEdit* noteField() const { return noteField_; }
+    QLabel* noteField() const { return noteField_; }
     QLabel* unitsSampFreq() const { return unitsSampFreq_; }
     QLabel* unitsCutoffFreq() const { return unitsCutoffFreq_; }
     QLabel* unitsCenterFreq() const { return unitsCenterFreq_; }
@@ -120,12 +120,18 @@ public slots:
     void saveMenuItem();
     void saveAsMenuItem();
 
-    void pressDesignFilterBut();
+    // Designs from the form; says how the model answered (Refused when the
+    // form itself lacked a number).
+    DesignOutcome pressDesignFilterBut();
     // A unit chosen in the units list (also the same one again).
     void selectUnitsPopUpBut(int index);
     void selectChartTypePopUpBut();
     // Designs the shortest filter that meets the mask section's mask.
     void pressDesignToMaskBut();
+
+protected:
+    // Asks Save, Don't Save or Cancel first when the design was edited.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void buildControls();
@@ -160,7 +166,7 @@ private:
     GVRNumberField* thetaCenterField_ = nullptr;
     GVRNumberField* betaUpsilonField_ = nullptr;
     QSpinBox* filterLengthStepper_ = nullptr;
-    QLineEdit* noteField_ = nullptr;
+    QLabel* noteField_ = nullptr;
     QLabel* unitsSampFreq_ = nullptr;
     QLabel* unitsCutoffFreq_ = nullptr;
     QLabel* unitsCenterFreq_ = nullptr;

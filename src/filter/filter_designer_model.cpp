@@ -88,7 +88,13 @@ void GVRFilterDesignerModel::note(const QString& text, double value, bool withVa
         winFilterDesign_->displayNoteField(text, value, withValue);
 }
 
-void GVRFilterDesignerModel::designFilterWithParameters(const QVariantMap& parameters)
+void GVRFilterDesignerModel::clearDesign()
+{
+    d_.validResultsFlag = false;
+    designed_ = Design{};
+}
+
+DesignOutcome GVRFilterDesignerModel::designFilterWithParameters(const QVariantMap& parameters)
 {
     d_.unitsType = indexOf(numberOf(parameters, KEYFP_UNITS));
     d_.filterType = indexOf(numberOf(parameters, KEYFP_FILTER_TYPE));
@@ -100,13 +106,15 @@ void GVRFilterDesignerModel::designFilterWithParameters(const QVariantMap& param
     const double cutoff = numberOf(parameters, KEYFP_CUTOFF_FREQ);
     const double center = numberOf(parameters, KEYFP_CENTER_FREQ);
 
+    lastOutcome_ = DesignOutcome::Refused;
     if (!checkParametersWithCutoffFreq(cutoff, center))
-        return;
+        return lastOutcome_;
     if (!maskDesignRunning_) {
         d_.designMethod = 0;
         d_.mask.reset();
     }
     firFilter();
+    return lastOutcome_;
 }
 
 bool GVRFilterDesignerModel::checkParametersWithCutoffFreq(double cutoffFreq, double centerFreq)
@@ -259,6 +267,8 @@ void GVRFilterDesignerModel::firFilter()
                           std::isfinite(m.bandwidth) && std::isfinite(m.ripple);
 
     if (!d_.validResultsFlag) {
+        lastOutcome_ = DesignOutcome::DesignedInvalid;
+        designed_ = Design{};
         if (winFilterDesign_)
             winFilterDesign_->clearFilterDesignResults();
         note(QStringLiteral("WARNING: Increase Filter Length (3dB Point Not Found)"));
@@ -284,6 +294,8 @@ void GVRFilterDesignerModel::firFilter()
     d_.filterCoefficients.assign(c.begin(), c.end());
     d_.filterPrecisionCoefficients.assign(cp.begin(), cp.end());
     d_.integerCoefficients.assign(q.begin(), q.end());
+    designed_ = d_;
+    lastOutcome_ = DesignOutcome::Designed;
 }
 
 void GVRFilterDesignerModel::displayFilterDesignResults()

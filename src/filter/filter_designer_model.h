@@ -17,6 +17,8 @@
 #include <optional>
 #include <vector>
 
+#include "library/design_outcome.h"
+
 class DesignLibrary;
 class GVRFilterDesignView;
 
@@ -33,7 +35,11 @@ public:
     GVRFilterDesignView* window() const { return winFilterDesign_; }
 
     // The whole design from the nine KEYFP_ parameters: validate, then firFilter().
-    void designFilterWithParameters(const QVariantMap& parameters);
+    DesignOutcome designFilterWithParameters(const QVariantMap& parameters);
+    // How the last design request ended (Refused before the first).
+    DesignOutcome lastOutcome() const { return lastOutcome_; }
+    // Forgets the results, as New does: nothing to save until the next design.
+    void clearDesign();
     // Validates the stored parameters with the cutoff and centre as typed and sets the
     // normalised frequencies; on failure shows the first broken rule and returns false.
     bool checkParametersWithCutoffFreq(double cutoffFreq, double centerFreq);
@@ -72,7 +78,10 @@ public:
         std::optional<ToleranceMask> mask;
     };
     const Design& design() const { return d_; }
-    void restoreDesign(const Design& design) { d_ = design; }
+    // The last design that produced valid results, parameters and results together:
+    // what a save writes, whatever was typed and refused since.
+    const Design& designedDesign() const { return designed_; }
+    void restoreDesign(const Design& design) { d_ = design; designed_ = design; }
 
     bool validResultsFlag() const { return d_.validResultsFlag; }
     double thetaSamplingFreq() const { return d_.thetaSamplingFreq; }
@@ -137,6 +146,8 @@ private:
     std::unique_ptr<Workspace> work_;
 
     Design d_;
+    Design designed_;
+    DesignOutcome lastOutcome_ = DesignOutcome::Refused;
     std::vector<double> dBmagAndPhaseArray_;
     QVariantMap filterResultsDictionary_;
     GVRFilterDesignView* winFilterDesign_ = nullptr;

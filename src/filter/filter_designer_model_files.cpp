@@ -11,39 +11,42 @@
 bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
 {
     lastFileError_.clear();
-    if (!d_.validResultsFlag) {
+    // The last valid design with the parameters that made it, not what was
+    // typed and refused since: the file must reproduce its own coefficients.
+    const Design& saved = designed_;
+    if (!saved.validResultsFlag) {
         lastFileError_ = QStringLiteral("There is no filter design to save: design a filter first.");
         return false;
     }
     // Frequencies and measurements go in normalised; only the sampling
     // frequency keeps the unit it was typed in.
     GVRFilter record;
-    record.filterType = d_.filterType;
-    record.windowType = d_.windowType;
-    record.filterWidth = d_.filterWidth;
-    record.unitsType = d_.unitsType;
-    record.dfThetaSamplingFreq = d_.thetaSamplingFreq;
-    record.dfFilterLengthN = d_.filterLengthN;
-    record.dfBetaUpsilon = d_.betaUpsilon;
-    record.dfThetaCutoffFreqNormalized = d_.thetaCutoffFreqNormalized;
-    record.dfThetaCenterFreqNormalized = d_.thetaCenterFreqNormalized;
-    record.dfGimeldbLow = d_.gimeldbLow;
-    record.dfGimeldbHigh = d_.gimeldbHigh;
-    record.dfGimeldbBandwidth = d_.gimeldbBandwidth;
-    record.dfPassbandRipple = d_.passbandRipple;
-    record.dfDynamicRange = d_.dynamicRange;
-    record.dfDynamicRangeError = d_.dynamicRangeError;
-    record.integerCoefficients = d_.integerCoefficients;
-    record.filterCoefficients = d_.filterCoefficients;
-    record.filterPrecisionCoefficients = d_.filterPrecisionCoefficients;
-    if (d_.mask) {
-        record.designMethod = d_.designMethod;
-        record.dfMaskPassbandEdge = d_.mask->passband[0];
-        record.dfMaskPassbandEdge2 = d_.mask->passband[1];
-        record.dfMaskStopbandEdge = d_.mask->stopband[0];
-        record.dfMaskStopbandEdge2 = d_.mask->stopband[1];
-        record.dfMaskRipple = d_.mask->rippleDb;
-        record.dfMaskAttenuation = d_.mask->attenuationDb;
+    record.filterType = saved.filterType;
+    record.windowType = saved.windowType;
+    record.filterWidth = saved.filterWidth;
+    record.unitsType = saved.unitsType;
+    record.dfThetaSamplingFreq = saved.thetaSamplingFreq;
+    record.dfFilterLengthN = saved.filterLengthN;
+    record.dfBetaUpsilon = saved.betaUpsilon;
+    record.dfThetaCutoffFreqNormalized = saved.thetaCutoffFreqNormalized;
+    record.dfThetaCenterFreqNormalized = saved.thetaCenterFreqNormalized;
+    record.dfGimeldbLow = saved.gimeldbLow;
+    record.dfGimeldbHigh = saved.gimeldbHigh;
+    record.dfGimeldbBandwidth = saved.gimeldbBandwidth;
+    record.dfPassbandRipple = saved.passbandRipple;
+    record.dfDynamicRange = saved.dynamicRange;
+    record.dfDynamicRangeError = saved.dynamicRangeError;
+    record.integerCoefficients = saved.integerCoefficients;
+    record.filterCoefficients = saved.filterCoefficients;
+    record.filterPrecisionCoefficients = saved.filterPrecisionCoefficients;
+    if (saved.mask) {
+        record.designMethod = saved.designMethod;
+        record.dfMaskPassbandEdge = saved.mask->passband[0];
+        record.dfMaskPassbandEdge2 = saved.mask->passband[1];
+        record.dfMaskStopbandEdge = saved.mask->stopband[0];
+        record.dfMaskStopbandEdge2 = saved.mask->stopband[1];
+        record.dfMaskRipple = saved.mask->rippleDb;
+        record.dfMaskAttenuation = saved.mask->attenuationDb;
     }
 
     lastFileError_ = designSaveNameProblem(QStringLiteral("filter"), name);

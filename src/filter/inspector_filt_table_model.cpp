@@ -1,6 +1,8 @@
 // Filter inspector table model.
 #include "filter/inspector_filt_table_model.h"
 
+#include "library/natural_order.h"
+
 namespace {
 
 // Header titles by column identifier, in table order.
@@ -40,8 +42,8 @@ QString GVRInspectorFiltTableModel::displayText(const GVRInspectFilt& row, const
 int GVRInspectorFiltTableModel::compareCells(const GVRInspectFilt& a, const GVRInspectFilt& b,
                                              const QString& key) const
 {
-    // The cells are text, compared as text ("10.00000" sorts before "9.00000").
-    return QString::compare(a.value(key), b.value(key), Qt::CaseSensitive);
+    // Numbers by value, widths and names naturally ("8-bit" before "16-bit").
+    return compareCellTexts(a.value(key), b.value(key));
 }
 
 bool GVRInspectorFiltTableModel::isTextColumn(const QString& key) const

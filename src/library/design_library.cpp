@@ -1,6 +1,7 @@
 // Design library folders, listings and sample seeding.
 #include "library/design_library.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -12,6 +13,7 @@
 #include "archive/atomic_write.h"
 #include "library/library_location.h"
 #include "library/stale_temporaries.h"
+#include "library/natural_order.h"
 
 namespace {
 
@@ -168,6 +170,10 @@ QList<DesignFileEntry> DesignLibrary::files(Folder folder) const
         if (name.size() > ext.size() && name.endsWith(ext, Qt::CaseSensitive))
             entries.append({name, info.lastModified()});
     }
+    // Natural order, whatever order the file system lists them in.
+    std::stable_sort(entries.begin(), entries.end(), [](const DesignFileEntry& a, const DesignFileEntry& b) {
+        return compareNaturally(a.fileName, b.fileName) < 0;
+    });
     return entries;
 }
 

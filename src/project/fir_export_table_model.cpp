@@ -1,7 +1,8 @@
 // Rows of the coefficient export window.
 #include "project/fir_export_table_model.h"
 
-#include <QCollator>
+#include "library/natural_order.h"
+
 
 FirExportTableModel::FirExportTableModel(QObject* parent) : RowTableModel(parent) {}
 
@@ -60,11 +61,8 @@ void FirExportTableModel::sort(int column, Qt::SortOrder order)
     const QString key = columnKey(column);
     if (key.isEmpty())
         return;
-    QCollator collator;
-    collator.setNumericMode(true);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
     // A selected row follows its file to its new place.
     sortRows(order, [&](const GVRInspectFilt& a, const GVRInspectFilt& b) {
-        return collator.compare(a.value(key), b.value(key));
+        return compareCellTexts(a.value(key), b.value(key));
     });
 }

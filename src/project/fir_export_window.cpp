@@ -2,6 +2,7 @@
 #include "project/fir_export_window.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -154,24 +155,31 @@ void GVRWinFirExport::pressExportBut()
 
     if (saveDialog_)
         saveDialog_->deleteLater();
-    const QString folder = saveDialogFolder_.isEmpty()
-                               ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
-                               : saveDialogFolder_;
+    // A folder that exists: Documents when there is one, else home. A missing
+    // folder would make the dialog offer its name as the file name.
+    QString folder = saveDialogFolder_.isEmpty()
+                         ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
+                         : saveDialogFolder_;
+    if (!QFileInfo(folder).isDir())
+        folder = QDir::homePath();
     saveDialog_ = new QFileDialog(this, tr("Export Coefficients"), folder);
     saveDialog_->setObjectName(QStringLiteral("exportSavePanel"));
     saveDialog_->setAttribute(Qt::WA_DeleteOnClose);
     // Our own dialog (not the desktop's) keeps the behaviour the same everywhere.
     saveDialog_->setOption(QFileDialog::DontUseNativeDialog);
-    // ".csv" is appended to whatever is typed, so the dialog's own
-    // overwrite question would ask about the wrong file.
+    // ".csv" may be appended to what is typed, so the dialog's own
+    // overwrite question could ask about the wrong file.
     saveDialog_->setOption(QFileDialog::DontConfirmOverwrite);
     saveDialog_->setAcceptMode(QFileDialog::AcceptSave);
     saveDialog_->setFileMode(QFileDialog::AnyFile);
     saveDialog_->setWindowModality(Qt::WindowModal);
+    // The design's name with the format's extension, ready to confirm.
     if (exportFormat_ == CoefficientFormat::Csv) {
-        saveDialog_->selectFile(QString());
+        QString suggested = selectedDotFiltFileName_;
+        if (suggested.endsWith(QStringLiteral(".filt")))
+            suggested.chop(5);
+        saveDialog_->selectFile(suggested + QStringLiteral(".csv"));
     } else {
-        // The other formats offer their own extension, after the design's name.
         const CoefficientFormatInfo& info = coefficientFormatInfo(exportFormat_);
         const QString extension = QString::fromLatin1(info.extension);
         saveDialog_->setNameFilter(tr(info.title).replace(extension, u'*' + extension));
@@ -187,11 +195,10 @@ void GVRWinFirExport::savePanelDidEnd(const QString& chosenPath)
 {
     if (chosenPath.isEmpty())
         return;
-    // CSV: always appended, even to a name that already ends in ".csv". The
-    // other formats add their extension only when it is missing.
+    // The extension is added only when the name lacks it ("taps.csv" stays as it is).
     const QString extension = QString::fromLatin1(coefficientFormatInfo(exportFormat_).extension);
     selectedDotCsvPath_ = chosenPath;
-    if (exportFormat_ == CoefficientFormat::Csv || !chosenPath.endsWith(extension, Qt::CaseInsensitive))
+    if (!chosenPath.endsWith(extension, Qt::CaseInsensitive))
         selectedDotCsvPath_ += extension;
     if (!QFileInfo::exists(selectedDotCsvPath_)) {
         exportCoefficients();

@@ -123,8 +123,17 @@ QVariantMap GVRProjectModel::parameterDictionary(int blockDiagramNumber, const Q
             {KEYMOD_MULTIRATE_FILT, multirateFilterType}};
 }
 
-void GVRProjectModel::designProjectWithParameters(const QVariantMap& parameters)
+void GVRProjectModel::clearDesign()
 {
+    validResultsFlag_ = false;
+    designed_ = GVRProject{};
+    timeDomainArray_.clear();
+    freqDomainArray_.clear();
+}
+
+DesignOutcome GVRProjectModel::designProjectWithParameters(const QVariantMap& parameters)
+{
+    lastOutcome_ = DesignOutcome::Refused;
     blockDiagramNumber_ = integerOf(parameters.value(KEYMOD_BLOCK_DIAGRAM));
     signalOneSign_ = integerOf(parameters.value(KEYMOD_SIG_ONE_SIGN));
     signalTwoSign_ = integerOf(parameters.value(KEYMOD_SIG_TWO_SIGN));
@@ -136,15 +145,16 @@ void GVRProjectModel::designProjectWithParameters(const QVariantMap& parameters)
     signalTwoName_ = parameters.value(KEYMOD_SIG_TWO_NAME).toString();
 
     if (parameters.size() != 9)
-        return;
+        return lastOutcome_;
     for (const auto& key : {KEYMOD_BLOCK_DIAGRAM, KEYMOD_FILTER_NAME, KEYMOD_SIG_ONE_NAME, KEYMOD_SIG_TWO_NAME,
                             KEYMOD_SIG_ONE_SIGN, KEYMOD_SIG_TWO_SIGN, KEYMOD_MULTIRATE_L, KEYMOD_MULTIRATE_M,
                             KEYMOD_MULTIRATE_FILT})
         if (!parameters.contains(key))
-            return;
+            return lastOutcome_;
     if (!checkAllParameters())
-        return;
+        return lastOutcome_;
     designProject();
+    return lastOutcome_;
 }
 
 bool GVRProjectModel::checkAllParameters() const
@@ -231,6 +241,17 @@ void GVRProjectModel::designProject()
     const int voltIn = voltUnits(x1, x2, s1->voltUnits, s2->voltUnits, x1, x2);
     const FreqUnitsChoice freq =
         freqUnits(s1->freqUnits, s2->freqUnits, s1->maxFreq, s2->maxFreq, signalOneSign_, signalTwoSign_);
+    // fs is in the unit the rate check used (the filter's, or MHz when the
+    // signals' units differ); the charts read it in the unit of freq.code, so
+    // bring it there: the headers must state the rate of the samples they head.
+    const int fsCode = stage.units == 1   ? 1
+                       : stage.units == 2 ? 0
+                       : s1->freqUnits != s2->freqUnits ? 0
+                                                        : s1->freqUnits;
+    if (fsCode == 0 && freq.code == 1)
+        fs *= 1000.0;
+    else if (fsCode == 1 && freq.code == 0)
+        fs /= 1000.0;
 
     std::vector<double> x(kSamples);
     sumTwoSignals(x1, x2, signalOneSign_, signalTwoSign_, x);
@@ -263,8 +284,20 @@ void GVRProjectModel::designProject()
     // Finite records can still overflow in the sum, the filter or the mV scale.
     if (!allFinite(time, time.size()) || !allFinite(spectra, spectra.size())) {
         validResultsFlag_ = false;
+        lastOutcome_ = DesignOutcome::DesignedInvalid;
         return note(kNotFinite);
     }
+    lastOutcome_ = DesignOutcome::Designed;
+    designed_ = GVRProject{};
+    designed_.filterName = filterName_.toStdString();
+    designed_.signalOneName = signalOneName_.toStdString();
+    designed_.signalTwoName = signalTwoName_.toStdString();
+    designed_.blockDiagramNumber = blockDiagramNumber_;
+    designed_.signalOneSign = signalOneSign_;
+    designed_.signalTwoSign = signalTwoSign_;
+    designed_.multirateL = multirateL_;
+    designed_.multirateM = multirateM_;
+    designed_.multirateFilterType = multirateFilterType_;
     timeDomainArray_ = std::move(time);
     if (winProject_)
         winProject_->plotTimeWithArray(timeDomainArray_);

@@ -13,7 +13,9 @@
 #include <QVariantMap>
 
 #include "archive/filter_record.h"
+#include "archive/project_record.h"
 #include "archive/signal_record.h"
+#include "library/design_outcome.h"
 
 class DesignLibrary;
 class DesignSource;
@@ -44,7 +46,14 @@ public:
     // Entry point from the window: copies the values, checks them silently
     // and designs. A dictionary without exactly the nine KEYMOD_ entries or
     // with a value out of range does nothing.
-    void designProjectWithParameters(const QVariantMap& parameters);
+    DesignOutcome designProjectWithParameters(const QVariantMap& parameters);
+    // How the last design request ended (Refused before the first).
+    DesignOutcome lastOutcome() const { return lastOutcome_; }
+    // Forgets the results, as New and a change of model do: nothing to save
+    // until the next design.
+    void clearDesign();
+    // The project record of the last successful design: what a save writes.
+    const GVRProject& designedProject() const { return designed_; }
 
     // Names non-empty, diagram 1 or 2, sign codes 0..2, L and M 1..12,
     // filter type 0 or 1.
@@ -95,6 +104,8 @@ private:
     void designProject();
     void note(const QString& text);
 
+    GVRProject designed_;
+    DesignOutcome lastOutcome_ = DesignOutcome::Refused;
     std::vector<double> timeDomainArray_;
     std::vector<double> freqDomainArray_;
     bool validResultsFlag_ = false;

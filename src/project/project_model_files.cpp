@@ -27,16 +27,9 @@ bool GVRProjectModel::saveProjectWithFilePath(const QString& path)
         lastFileError_ = QStringLiteral("There is no project design to save: design the project first.");
         return false;
     }
-    GVRProject record;
-    record.filterName = filterName_.toStdString();
-    record.signalOneName = signalOneName_.toStdString();
-    record.signalTwoName = signalTwoName_.toStdString();
-    record.blockDiagramNumber = blockDiagramNumber_;
-    record.signalOneSign = signalOneSign_;
-    record.signalTwoSign = signalTwoSign_;
-    record.multirateL = multirateL_;
-    record.multirateM = multirateM_;
-    record.multirateFilterType = multirateFilterType_;
+    // The parameters that made the results on screen, not those of a design
+    // refused since.
+    const GVRProject& record = designed_;
     if (path.isEmpty()) {
         lastFileError_ = QStringLiteral("A project needs a name to be saved.");
         return false;

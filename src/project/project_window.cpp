@@ -1,7 +1,11 @@
 // The project window: form, charts, mode switching and the file commands.
 #include "project/project_window.h"
 
+#include <algorithm>
+#include <tuple>
+
 #include <QButtonGroup>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -119,21 +123,38 @@ GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
         noteField_->clear();
         initPopUpsWithMandatoryFlag(true);
         clearCharts();
+        // The charts go back to the input, as the Graph pop-up now says, and
+        // the model forgets its design: a save now has nothing to write.
+        selectGraphPopUpBut(0);
+        projectModel_.clearDesign();
     };
     hooks.openDesign = [this](const QString& name) {
         return projectModel_.openProjectWithFilePath(fileCommands_->pathForName(name));
     };
     hooks.saveDesign = [this](const QString& name) {
-        const bool saved = projectModel_.saveProjectWithFilePath(fileCommands_->pathForName(name));
-        // A refused save of a design never made is the usual case and says
-        // nothing; a failed write is worth a word.
-        if (!saved && projectModel_.validResultsFlag() && !projectModel_.lastFileError().isEmpty())
-            displayNoteField(projectModel_.lastFileError(), 0.0, false);
-        return saved;
+        return projectModel_.saveProjectWithFilePath(fileCommands_->pathForName(name));
     };
-    hooks.redesign = [this] { pressDesignBut(); };
-    fileCommands_ = new DesignFileCommands(
-        this, DesignFileKind::project([this] { return projectDirectory_; }), std::move(hooks), this);
+    hooks.redesign = [this] {
+        pressDesignBut();
+        // A factor the steppers could not hold was limited; say so after the
+        // design's own note.
+        if (!restoreNote_.isEmpty()) {
+            const QString before = noteField_->text();
+            displayNoteField(before.isEmpty() ? restoreNote_ : before + QStringLiteral(" — ") + restoreNote_,
+                             0.0, false);
+            restoreNote_.clear();
+        }
+    };
+    hooks.nothingToSave = [this] {
+        return projectModel_.validResultsFlag()
+                   ? QString()
+                   : tr("There is no project design to save: design the project first.");
+    };
+    hooks.lastFileError = [this] { return projectModel_.lastFileError(); };
+    hooks.showNote = [this](const QString& text) { displayNoteField(text, 0.0, false); };
+    DesignFileKind kind = DesignFileKind::project([this] { return projectDirectory_; });
+    kind.windowKind = [this] { return blockDiagramNumber_ == 1 ? tr("Sum & Filter Model") : tr("Multirate Model"); };
+    fileCommands_ = new DesignFileCommands(this, std::move(kind), std::move(hooks), this);
 
     // The loading steps: lists, steppers, the automatic filter chosen, tool tips.
     initPopUpsWithMandatoryFlag(false);
@@ -142,6 +163,7 @@ GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
     updateUnitsAndHiddenFields();
     setToolTips();
     viewBlockDiagram_->newBlockDiagramWithIndex(blockDiagramNumber_);
+    connectEdits();
 
     connect(&library_, &DesignLibrary::newFilterFile, this, &GVRWinProject::handleNewFilterOrSignalFile);
     connect(&library_, &DesignLibrary::newSignalFile, this, &GVRWinProject::handleNewFilterOrSignalFile);
@@ -171,9 +193,9 @@ void GVRWinProject::buildControls()
     viewProjFreq_->setFreqSource(this);
     viewBlockDiagram_ = new GVRViewBlockDiagram(this);
     viewBlockDiagram_->setObjectName(QStringLiteral("viewBlockDiagram"));
-    viewProjTime_->setMinimumSize(360, 200);
-    viewProjFreq_->setMinimumSize(360, 200);
-    viewBlockDiagram_->setMinimumSize(360, 150);
+    viewProjTime_->setMinimumSize(320, 120);
+    viewProjFreq_->setMinimumSize(320, 120);
+    viewBlockDiagram_->setMinimumSize(320, 100);
 
     auto* charts = new QSplitter(Qt::Vertical, this);
     charts->addWidget(viewBlockDiagram_);
@@ -186,7 +208,7 @@ void GVRWinProject::buildControls()
 
     QSplitter* split = makeFormAndCharts(buildForm(), charts, this);
     setCentralWidget(split);
-    resize(1100, 780);
+    fitToScreen(*this, QSize(1100, 780));
 }
 
 QWidget* GVRWinProject::buildForm()
@@ -269,6 +291,9 @@ QWidget* GVRWinProject::buildForm()
     form->setMinimumWidth(300);
 
     connect(designBut_, &QPushButton::clicked, this, &GVRWinProject::pressDesignBut);
+    // Return in L or M designs, as Return does elsewhere.
+    for (QSpinBox* stepper : {multirateLStepper_, multirateMStepper_})
+        connect(spinBoxEditor(stepper), &QLineEdit::returnPressed, this, &GVRWinProject::pressDesignBut);
     connect(autoFilterGenBut_, &QButtonGroup::idClicked, this, [this](int) { updateUnitsAndHiddenFields(); });
     connect(graphPopUp_, &QComboBox::activated, this, &GVRWinProject::selectGraphPopUpBut);
     connect(zoomStepper_, &QSpinBox::valueChanged, this, &GVRWinProject::pressZoomStepperBut);
@@ -310,6 +335,19 @@ void GVRWinProject::showGVRWinProjectTwo()
 
 void GVRWinProject::showInMode(int mode)
 {
+    // Showing the window again in its mode (the Window menu, the launch
+    // preferences) keeps the project; only a change of model starts afresh,
+    // after the usual question when the project was edited.
+    if (modeShown_ && mode == blockDiagramNumber_) {
+        showProjectWindow();
+        return;
+    }
+    fileCommands_->proceedAfterSaving([this, mode] { switchToMode(mode); });
+}
+
+void GVRWinProject::switchToMode(int mode)
+{
+    modeShown_ = true;
     blockDiagramNumber_ = mode;
     projectDirectory_ = library_.folderPath(DesignLibrary::projectFolder(mode));
     fileCommands_->forgetName();
@@ -319,6 +357,11 @@ void GVRWinProject::showInMode(int mode)
     viewProjTime_->selectChartOne(true);
     viewProjFreq_->selectChartOne(true);
     viewBlockDiagram_->newBlockDiagramWithIndex(mode);
+    graphPopUp_->setCurrentIndex(0);
+    // A design of the other model is not this window's any more.
+    projectModel_.clearDesign();
+    noteField_->clear();
+    fileCommands_->setModified(false);
 }
 
 void GVRWinProject::showProjectWindow()
@@ -361,8 +404,7 @@ void GVRWinProject::initPopUpsWithMandatoryFlag(bool mandatory)
         popUp->setCurrentIndex(0);
     }
     updateUnitsAndHiddenFields();
-    if (!fileCommands_->currentName())
-        setWindowTitle(DesignFileCommands::untitledTitle());
+    fileCommands_->refreshTitle();
 }
 
 void GVRWinProject::updateUnitsAndHiddenFields()
@@ -404,8 +446,9 @@ void GVRWinProject::pressDesignBut()
         signalTwoPopUp_->currentText(), signalOneSignPopUp_->currentIndex(),
         signalTwoSignPopUp_->currentIndex(), multirateLStepper_->value(), multirateMStepper_->value(),
         autoFilterGenBut_->checkedId() == AutoFilter ? AutoFilter : UserFilter);
-    if (projectParameterDictionary_.size() == 9)
-        projectModel_.designProjectWithParameters(projectParameterDictionary_);
+    if (projectParameterDictionary_.size() == 9 &&
+        projectModel_.designProjectWithParameters(projectParameterDictionary_) != DesignOutcome::Refused)
+        fileCommands_->setModified(true);
 }
 
 void GVRWinProject::displayNoteField(const QString& text, double value, bool withValue)
@@ -446,9 +489,18 @@ void GVRWinProject::restoreProjectParameters(const QVariantMap& parameters)
     };
     selectIndex(signalOneSignPopUp_, parameters.value(KEYMOD_SIG_ONE_SIGN));
     selectIndex(signalTwoSignPopUp_, parameters.value(KEYMOD_SIG_TWO_SIGN));
-    // Out-of-range factors end up at the nearest end the steppers offer.
-    multirateLStepper_->setValue(parameters.value(KEYMOD_MULTIRATE_L).toInt());
-    multirateMStepper_->setValue(parameters.value(KEYMOD_MULTIRATE_M).toInt());
+    // A factor beyond the steppers (the CLI takes up to 12) is clamped, not
+    // wrapped by the stepper, and the note line says so after the design.
+    restoreNote_.clear();
+    for (auto [stepper, key, symbol] : {std::tuple{multirateLStepper_, KEYMOD_MULTIRATE_L, "L"},
+                                        std::tuple{multirateMStepper_, KEYMOD_MULTIRATE_M, "M"}}) {
+        const int stored = parameters.value(key).toInt();
+        const int shown = std::clamp(stored, stepper->minimum(), stepper->maximum());
+        stepper->setValue(shown);
+        if (shown != stored)
+            restoreNote_ += (restoreNote_.isEmpty() ? QString() : QStringLiteral("; ")) +
+                            tr("%1 = %2 in the file was limited to %3").arg(QLatin1String(symbol)).arg(stored).arg(shown);
+    }
     if (parameters.value(KEYMOD_MULTIRATE_FILT).toInt() == UserFilter)
         userFilterBut_->setChecked(true);
     else
@@ -456,8 +508,10 @@ void GVRWinProject::restoreProjectParameters(const QVariantMap& parameters)
 
     const int mode = parameters.value(KEYMOD_BLOCK_DIAGRAM).toInt() == 1 ? 1 : 2;
     if (mode != blockDiagramNumber_) {
-        // The graph list follows the diagram so its titles name the right output.
+        // The graph list follows the diagram so its titles name the right output,
+        // and later saves go to the folder of this model.
         blockDiagramNumber_ = mode;
+        projectDirectory_ = library_.folderPath(DesignLibrary::projectFolder(mode));
         setGraphTitles();
         selectGraphPopUpBut(0);
     }
@@ -482,6 +536,25 @@ void GVRWinProject::handleNewFilterOrSignalFile()
     signalOneSignPopUp_->setCurrentIndex(signOne);
     signalTwoSignPopUp_->setCurrentIndex(signTwo);
     graphPopUp_->setCurrentIndex(graph);
+}
+
+void GVRWinProject::connectEdits()
+{
+    // Choices the design reads mark the project changed since its last save or open.
+    auto edited = [this] { fileCommands_->setModified(true); };
+    for (QComboBox* popUp : {signalOnePopUp_, signalTwoPopUp_, signalOneSignPopUp_, signalTwoSignPopUp_, filterPopUp_})
+        connect(popUp, &QComboBox::activated, this, edited);
+    for (QSpinBox* stepper : {multirateLStepper_, multirateMStepper_})
+        connect(stepper, &QSpinBox::valueChanged, this, edited);
+    connect(autoFilterGenBut_, &QButtonGroup::idClicked, this, edited);
+}
+
+void GVRWinProject::closeEvent(QCloseEvent* event)
+{
+    if (fileCommands_->mayClose())
+        event->accept();
+    else
+        event->ignore();
 }
 
 void GVRWinProject::newMenuItem()

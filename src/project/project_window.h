@@ -79,7 +79,7 @@ public:
     QSpinBox* multirateLStepper() const { return multirateLStepper_; }
     QSpinBox* multirateMStepper() const { return multirateMStepper_; }
     QSpinBox* zoomStepper() const { return zoomStepper_; }
-    QLineEdit* noteField() const { return noteField_; }
+    QLabel* noteField() const { return noteField_; }
     QLabel* filterLabel() const { return filterLabel_; }
     QLabel* multirateLLabel() const { return multirateLLabel_; }
     QLabel* multirateMLabel() const { return multirateMLabel_; }
@@ -106,8 +106,14 @@ public slots:
     // Refills the name lists from the library, keeping the user's choices.
     void handleNewFilterOrSignalFile();
 
+protected:
+    // Asks Save, Don't Save or Cancel first when the project was edited.
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void buildControls();
+    void connectEdits();
+    void switchToMode(int mode);
     QWidget* buildForm();
     void setToolTips();
     void showInMode(int mode);
@@ -126,6 +132,8 @@ private:
     DesignFileCommands* fileCommands_ = nullptr;
 
     int blockDiagramNumber_ = 1;
+    bool modeShown_ = false;  // a mode entry point has set the window up
+    QString restoreNote_;     // what an open had to limit, for the note line
     QString projectDirectory_;
     std::vector<double> timeArray_;
     std::vector<double> freqArray_;
@@ -144,7 +152,7 @@ private:
     QSpinBox* multirateLStepper_ = nullptr;
     QSpinBox* multirateMStepper_ = nullptr;
     QSpinBox* zoomStepper_ = nullptr;
-    QLineEdit* noteField_ = nullptr;
+    QLabel* noteField_ = nullptr;
     QLabel* filterLabel_ = nullptr;
     QLabel* multirateLLabel_ = nullptr;
     QLabel* multirateMLabel_ = nullptr;

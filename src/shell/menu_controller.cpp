@@ -21,6 +21,7 @@
 #include "shell/user_manual.h"
 #include "signal/signal_design_window.h"
 #include "signal/signal_inspector_window.h"
+#include "widgets/design_file_commands.h"
 
 namespace {
 
@@ -83,7 +84,17 @@ void GVRMenuController::createActions()
     });
     prefAction->setMenuRole(QAction::PreferencesRole);
     prefAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
-    QAction* quitAction = addAction("quitAction", tr("&Quit"), [] { QCoreApplication::quit(); });
+    // Each edited designer asks Save, Don't Save or Cancel before the program ends.
+    QAction* quitAction = addAction("quitAction", tr("&Quit"), [t] {
+        QList<QPointer<DesignFileCommands>> designers;
+        if (t.filterDesign)
+            designers.append(t.filterDesign->fileCommands());
+        if (t.signalDesign)
+            designers.append(t.signalDesign->fileCommands());
+        if (t.project)
+            designers.append(t.project->fileCommands());
+        DesignFileCommands::quitAfterSaving(designers, [] { QCoreApplication::quit(); });
+    });
     quitAction->setMenuRole(QAction::QuitRole);
     quitAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 

@@ -56,10 +56,10 @@ GVRInspectSig GVRInspectorSigModel::rowForRecord(const QString& displayName, con
     }
     const int index = static_cast<int>(step);
     row.function = abbrFuncStrings().at(index);
-    row.fs = cell(record.samplingFreq);
-
     const double vf = record.voltUnits.value_or(0) == 1 ? 1000.0 : 1.0;
     const double ff = record.freqUnits.value_or(0) == 1 ? 1000.0 : 1.0;
+    // In MHz like the other frequency columns, whatever unit the design used.
+    row.fs = cell(record.samplingFreq, ff);
     const auto& p1 = record.parm1;
     const auto& p2 = record.parm2;
     const auto& p3 = record.parm3;

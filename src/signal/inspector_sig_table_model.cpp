@@ -1,6 +1,8 @@
 // Signal inspector table model.
 #include "signal/inspector_sig_table_model.h"
 
+#include "library/natural_order.h"
+
 namespace {
 
 // Header titles by column identifier.
@@ -42,7 +44,7 @@ int compareValues(const QVariant& a, const QVariant& b)
         return x < y ? -1 : (y < x ? 1 : 0);
     }
     if (rankA == 2)
-        return QString::compare(a.toString(), b.toString(), Qt::CaseSensitive);
+        return compareNaturally(a.toString(), b.toString());
     return 0;
 }
 

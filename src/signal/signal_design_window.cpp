@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -243,22 +244,25 @@ GVRWinSignalDesign::GVRWinSignalDesign(DesignLibrary& library, QWidget* parent)
         clearSignalDesignParameters();
         noteField_->clear();
         initPopUpsWithMandatoryFlag(true);
-        // The model keeps its last results; only the charts are emptied.
         plotFreqWithArray({});
         plotTimeWithArray({});
+        // The model forgets its design too: a save now has nothing to write.
+        signalDesignerModel_.clearDesign();
     };
     hooks.openDesign = [this](const QString& name) {
         return signalDesignerModel_.openSignalDesignWithFileName(name);
     };
     hooks.saveDesign = [this](const QString& name) {
-        const bool saved = signalDesignerModel_.saveSignalDesignWithFileName(name);
-        // Nothing designed yet is the usual refusal and says nothing; a failed write does.
-        if (!saved && signalDesignerModel_.validResultsFlag() &&
-            !signalDesignerModel_.lastFileError().isEmpty())
-            displayNoteField(signalDesignerModel_.lastFileError(), 0.0, false);
-        return saved;
+        return signalDesignerModel_.saveSignalDesignWithFileName(name);
     };
     hooks.redesign = [this] { pressDesignSignalBut(); };
+    hooks.nothingToSave = [this] {
+        return signalDesignerModel_.validResultsFlag()
+                   ? QString()
+                   : tr("There is no signal design to save: design a signal first.");
+    };
+    hooks.lastFileError = [this] { return signalDesignerModel_.lastFileError(); };
+    hooks.showNote = [this](const QString& text) { displayNoteField(text, 0.0, false); };
     DesignLibrary* lib = &library;
     fileCommands_ = new DesignFileCommands(
         this, DesignFileKind::signal([lib] { return lib->signalFolder(); }), std::move(hooks), this);
@@ -284,15 +288,15 @@ void GVRWinSignalDesign::buildControls()
 {
     viewFuncSignalDesign_ = new GVRViewFuncSignalDesign(this);
     viewFuncSignalDesign_->setObjectName(QStringLiteral("viewFuncSignalDesign"));
-    viewFuncSignalDesign_->setMinimumSize(420, 80);
+    viewFuncSignalDesign_->setMinimumSize(320, 60);
     viewTimeSignalDesign_ = new GVRViewTimeSignalDesign(this);
     viewTimeSignalDesign_->setObjectName(QStringLiteral("viewTimeSignalDesign"));
     viewTimeSignalDesign_->setTimeSource(this);
-    viewTimeSignalDesign_->setMinimumSize(420, 200);
+    viewTimeSignalDesign_->setMinimumSize(320, 130);
     viewFreqSignalDesign_ = new GVRViewFreqSignalDesign(this);
     viewFreqSignalDesign_->setObjectName(QStringLiteral("viewFreqSignalDesign"));
     viewFreqSignalDesign_->setFreqSource(this);
-    viewFreqSignalDesign_->setMinimumSize(420, 200);
+    viewFreqSignalDesign_->setMinimumSize(320, 130);
 
     auto* charts = new QSplitter(Qt::Vertical, this);
     charts->setObjectName(QStringLiteral("signalCharts"));
@@ -307,7 +311,7 @@ void GVRWinSignalDesign::buildControls()
     QSplitter* split = makeFormAndCharts(buildForm(), charts, this);
     split->setObjectName(QStringLiteral("signalSplit"));
     setCentralWidget(split);
-    resize(1080, 760);
+    fitToScreen(*this, QSize(1080, 760));
 }
 
 QWidget* GVRWinSignalDesign::buildForm()
@@ -411,6 +415,24 @@ void GVRWinSignalDesign::connectControls()
     connect(freqSampField_, &QLineEdit::returnPressed, this, &GVRWinSignalDesign::pressDesignSignalBut);
     for (GVRNumberField* field : parmFields_)
         connect(field, &QLineEdit::returnPressed, this, &GVRWinSignalDesign::pressDesignSignalBut);
+    // Edits mark the design changed since its last save or open.
+    auto edited = [this] { fileCommands_->setModified(true); };
+    connect(freqSampField_, &QLineEdit::textEdited, this, edited);
+    for (GVRNumberField* field : parmFields_)
+        connect(field, &QLineEdit::textEdited, this, edited);
+    connect(freqUnitsPopUp_, &QComboBox::activated, this, edited);
+    connect(voltUnitsPopUp_, &QComboBox::activated, this, edited);
+    connect(yFuncStepper_, &QSpinBox::valueChanged, this, edited);
+    // Return in the function stepper designs, as in the number fields.
+    connect(spinBoxEditor(yFuncStepper_), &QLineEdit::returnPressed, this, &GVRWinSignalDesign::pressDesignSignalBut);
+}
+
+void GVRWinSignalDesign::closeEvent(QCloseEvent* event)
+{
+    if (fileCommands_->mayClose())
+        event->accept();
+    else
+        event->ignore();
 }
 
 void GVRWinSignalDesign::createFileActions()
@@ -469,8 +491,7 @@ void GVRWinSignalDesign::initPopUpsWithMandatoryFlag(bool mandatory)
     previousFreqUnitsSelected_ = 0;
     previousVoltUnitsSelected_ = 0;
     updateUnitsAndHiddenFields();
-    if (!fileCommands_->currentName())
-        setWindowTitle(DesignFileCommands::untitledTitle());
+    fileCommands_->refreshTitle();
 }
 
 void GVRWinSignalDesign::initSteppers()
@@ -588,8 +609,9 @@ void GVRWinSignalDesign::pressDesignSignalBut()
     signalParameterDictionary_ = GVRSignalDesignerModel::parameterDictionary(
         std::max(freqUnitsPopUp_->currentIndex(), 0), std::max(voltUnitsPopUp_->currentIndex(), 0),
         freqSampField_->doubleValue(), double(functionIndex()), parms);
-    if (signalParameterDictionary_.size() == 10)
-        signalDesignerModel_.designSignalWithParameters(signalParameterDictionary_);
+    if (signalParameterDictionary_.size() == 10 &&
+        signalDesignerModel_.designSignalWithParameters(signalParameterDictionary_) != DesignOutcome::Refused)
+        fileCommands_->setModified(true);
 }
 
 void GVRWinSignalDesign::displayNoteField(const QString& text, double value, bool withValue)

@@ -94,7 +94,7 @@ public:
     QLabel* parmLabel(int slot) const { return parmLabels_.at(slot); }
     QLabel* parmUnitsLabel(int slot) const { return parmUnitsLabels_.at(slot); }
     QGroupBox* parmBox() const { return parmBox_; }
-    QLineEdit* noteField() const { return noteField_; }
+    QLabel* noteField() const { return noteField_; }
     QPushButton* designSignalBut() const { return designSignalBut_; }
     QSpinBox* yFuncStepper() const { return yFuncStepper_; }
     // The zoom stepper shows its magnification caption ("x16") as its text.
@@ -120,6 +120,10 @@ public slots:
     void selectVoltUnitsPopUpBut(int index);
     void pressYStepperBut(int function);
     void pressZoomStepperBut(int level);
+
+protected:
+    // Asks Save, Don't Save or Cancel first when the design was edited.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void buildControls();
@@ -148,7 +152,7 @@ private:
     std::array<QLabel*, kParms> parmLabels_{};
     std::array<QLabel*, kParms> parmUnitsLabels_{};
     QGroupBox* parmBox_ = nullptr;
-    QLineEdit* noteField_ = nullptr;
+    QLabel* noteField_ = nullptr;
     QPushButton* designSignalBut_ = nullptr;
     QSpinBox* yFuncStepper_ = nullptr;
     QSpinBox* zoomStepper_ = nullptr;

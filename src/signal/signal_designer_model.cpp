@@ -68,8 +68,16 @@ QVariantMap GVRSignalDesignerModel::parameterDictionary(std::int64_t freqUnits, 
     return d;
 }
 
-void GVRSignalDesignerModel::designSignalWithParameters(const QVariantMap& parameters)
+void GVRSignalDesignerModel::clearDesign()
 {
+    validResultsFlag_ = false;
+    timeDomainArray_.clear();
+    freqDomainArray_.clear();
+}
+
+DesignOutcome GVRSignalDesignerModel::designSignalWithParameters(const QVariantMap& parameters)
+{
+    lastOutcome_ = DesignOutcome::Refused;
     // Stored before any check and kept when a check fails.
     freqUnits_ = codeOf(parameters.value(KEYSP_FREQ_UNITS));
     voltUnits_ = codeOf(parameters.value(KEYSP_VOLT_UNITS));
@@ -81,13 +89,14 @@ void GVRSignalDesignerModel::designSignalWithParameters(const QVariantMap& param
     if (parameters.size() != 10 || !parameters.contains(KEYSP_FREQ_UNITS) ||
         !parameters.contains(KEYSP_VOLT_UNITS) || !parameters.contains(KEYSP_FREQ_SAMP) ||
         !parameters.contains(KEYSP_Y_STEP))
-        return;
+        return lastOutcome_;
     for (const auto& key : KEYSP_PARMS)
         if (!parameters.contains(key))
-            return;
+            return lastOutcome_;
     if (!checkAllParameters())
-        return;
+        return lastOutcome_;
     designSignal();
+    return lastOutcome_;
 }
 
 bool GVRSignalDesignerModel::checkAllParameters()
@@ -294,6 +303,8 @@ void GVRSignalDesignerModel::designSignal()
     min_amplitude_ = amplitude.min;
     optimalSamplingRateCheck();
     validResultsFlag_ = true;
+    lastOutcome_ = DesignOutcome::Designed;
+    designed_ = Designed{freqUnits_, voltUnits_, yStepIndex_, samplingFreq_, parms_};
     timeDomainArray_.swap(spareTime_);
     if (winSignalDesign_)
         winSignalDesign_->plotTimeWithArray(timeDomainArray_);

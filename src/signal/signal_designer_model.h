@@ -11,6 +11,8 @@
 #include <QString>
 #include <QVariantMap>
 
+#include "library/design_outcome.h"
+
 class DesignLibrary;
 class SignalDesignView;
 
@@ -29,7 +31,11 @@ public:
     // Entry point from the window: stores the values, checks them and, when
     // they pass, designs the signal. A dictionary without exactly the ten
     // KEYSP_ entries is ignored; a failed check leaves the previous results.
-    void designSignalWithParameters(const QVariantMap& parameters);
+    DesignOutcome designSignalWithParameters(const QVariantMap& parameters);
+    // How the last design request ended (Refused before the first).
+    DesignOutcome lastOutcome() const { return lastOutcome_; }
+    // Forgets the results, as New does: nothing to save until the next design.
+    void clearDesign();
 
     // Clears the note line and checks the stored values for the stored
     // signal function; the first failing rule goes to the note line.
@@ -95,6 +101,17 @@ private:
     void designSignal();
     void note(const QString& text, double value, bool withValue);
 
+    // The values that made the arrays above; a save writes these, not the
+    // values of a dictionary refused since.
+    struct Designed {
+        std::int64_t freqUnits = 0;
+        std::int64_t voltUnits = 0;
+        double yStepIndex = 0.0;
+        double samplingFreq = 0.0;
+        std::array<double, 6> parms{};
+    };
+    Designed designed_;
+    DesignOutcome lastOutcome_ = DesignOutcome::Refused;
     std::vector<double> timeDomainArray_;
     std::vector<double> freqDomainArray_;
     bool validResultsFlag_ = false;

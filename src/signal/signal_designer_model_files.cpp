@@ -14,17 +14,18 @@ bool GVRSignalDesignerModel::saveSignalDesignWithFileName(const QString& name)
         lastFileError_ = QStringLiteral("There is no signal design to save: design a signal first.");
         return false;
     }
+    // The values that made the samples, not a dictionary refused since.
     GVRSignal record;
-    record.samplingFreq = samplingFreq_;
-    record.yStepIndex = yStepIndex_;
-    record.freqUnits = freqUnits_;
-    record.voltUnits = voltUnits_;
-    record.parm1 = parms_[0];
-    record.parm2 = parms_[1];
-    record.parm3 = parms_[2];
-    record.parm4 = parms_[3];
-    record.parm5 = parms_[4];
-    record.parm6 = parms_[5];
+    record.samplingFreq = designed_.samplingFreq;
+    record.yStepIndex = designed_.yStepIndex;
+    record.freqUnits = designed_.freqUnits;
+    record.voltUnits = designed_.voltUnits;
+    record.parm1 = designed_.parms[0];
+    record.parm2 = designed_.parms[1];
+    record.parm3 = designed_.parms[2];
+    record.parm4 = designed_.parms[3];
+    record.parm5 = designed_.parms[4];
+    record.parm6 = designed_.parms[5];
     record.maxAmplitude = max_amplitude_;
     record.minAmplitude = min_amplitude_;
     record.maxFreq = max_freq_;

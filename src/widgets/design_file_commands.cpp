@@ -17,8 +17,7 @@ DesignFileCommands::DesignFileCommands(QWidget* designerWindow, DesignFileKind k
     : QObject(parent), window_(designerWindow), kind_(std::move(kind)), hooks_(std::move(hooks)),
       alerts_(designerWindow, kind_.replaceInformativeText, kind_.overwriteInformativeText)
 {
-    if (window_)
-        window_->setWindowTitle(untitledTitle());
+    refreshTitle();
 }
 
 // The sheets are children of the window, which deletes them.
@@ -32,6 +31,105 @@ QString DesignFileCommands::untitledTitle()
 void DesignFileCommands::forgetName()
 {
     setName(std::nullopt, true);
+}
+
+QString DesignFileCommands::titleName() const
+{
+    return name_ ? *name_ : untitledTitle();
+}
+
+void DesignFileCommands::refreshTitle()
+{
+    if (!window_)
+        return;
+    // The name first, then what the window is, so the task switcher tells the
+    // three windows apart; the platform adds the application name.
+    const QString kind = kind_.windowKind ? kind_.windowKind() : QString();
+    QString name = titleName();
+    name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    window_->setWindowTitle(kind.isEmpty() ? name + QLatin1String("[*]")
+                                           : QStringLiteral("%1 — %2[*]").arg(name, kind));
+}
+
+void DesignFileCommands::setModified(bool modified)
+{
+    if (window_)
+        window_->setWindowModified(modified);
+}
+
+bool DesignFileCommands::isModified() const
+{
+    return window_ && window_->isWindowModified();
+}
+
+void DesignFileCommands::note(const QString& text)
+{
+    if (hooks_.showNote)
+        hooks_.showNote(text);
+}
+
+void DesignFileCommands::proceedAfterSaving(std::function<void()> proceed)
+{
+    // Only a design that could be saved is worth the question: an edit that
+    // never designed has nothing a save could keep.
+    const bool worthAsking =
+        isModified() && (!hooks_.nothingToSave || hooks_.nothingToSave().isEmpty());
+    if (!worthAsking) {
+        if (proceed)
+            proceed();
+        return;
+    }
+    bringToFront();
+    QPointer<DesignFileCommands> self(this);
+    auto onSave = [self, proceed] {
+        if (!self)
+            return;
+        self->afterSave_ = proceed;
+        if (self->name_)
+            self->saveUnderName(*self->name_);
+        else
+            self->openSaveSheet();
+    };
+    auto onDontSave = [self, proceed] {
+        if (self && proceed)
+            proceed();
+    };
+    showAlert(alerts_.alertSaveChanges(titleName(), onSave, onDontSave, {}));
+}
+
+bool DesignFileCommands::mayClose()
+{
+    if (closeAnswered_) {
+        closeAnswered_ = false;
+        return true;
+    }
+    if (!isModified() || (hooks_.nothingToSave && !hooks_.nothingToSave().isEmpty()))
+        return true;
+    QPointer<DesignFileCommands> self(this);
+    proceedAfterSaving([self] {
+        if (!self || !self->window_)
+            return;
+        self->closeAnswered_ = true;
+        self->window_->close();
+        self->closeAnswered_ = false;
+    });
+    return false;
+}
+
+void DesignFileCommands::quitAfterSaving(QList<QPointer<DesignFileCommands>> designers,
+                                         std::function<void()> quit)
+{
+    while (!designers.isEmpty() && !designers.first())
+        designers.removeFirst();
+    if (designers.isEmpty()) {
+        if (quit)
+            quit();
+        return;
+    }
+    DesignFileCommands* first = designers.takeFirst();
+    first->proceedAfterSaving([rest = std::move(designers), quit = std::move(quit)] {
+        quitAfterSaving(rest, quit);
+    });
 }
 
 QString DesignFileCommands::pathForName(const QString& name) const
@@ -62,13 +160,28 @@ QMessageBox* DesignFileCommands::currentAlert() const
 
 void DesignFileCommands::newMenuItem()
 {
-    bringToFront();
-    forgetName();
-    if (hooks_.clearForNew)
-        hooks_.clearForNew();
+    dropPendingProceed();
+    proceedAfterSaving([self = QPointer(this)] {
+        if (!self)
+            return;
+        self->bringToFront();
+        self->forgetName();
+        if (self->hooks_.clearForNew)
+            self->hooks_.clearForNew();
+        self->setModified(false);
+    });
 }
 
 void DesignFileCommands::openMenuItem()
+{
+    dropPendingProceed();
+    proceedAfterSaving([self = QPointer(this)] {
+        if (self)
+            self->showOpenSheet();
+    });
+}
+
+void DesignFileCommands::showOpenSheet()
 {
     // Rebuilt every time, so files saved meanwhile show up.
     QList<GVRFile> rows = designFilesInFolder(kind_.folder ? kind_.folder() : QString(), kind_.extension);
@@ -97,19 +210,25 @@ void DesignFileCommands::openSheetOpen()
 
 void DesignFileCommands::openDesignNamed(const QString& name)
 {
-    // The name is taken before the model tries the file.
-    setName(name, false);
     bringToFront();
     const bool opened = hooks_.openDesign ? hooks_.openDesign(name) : false;
-    if (!opened && kind_.alertOnFailedOpen) {
-        showAlert(alerts_.alertInvalidProjectFile());
+    if (!opened) {
+        // The design on screen stays, and so do its name and title: a later
+        // Save must not offer to overwrite the file that could not be read.
+        if (kind_.alertOnFailedOpen) {
+            showAlert(alerts_.alertInvalidProjectFile());
+        } else {
+            const QString reason = hooks_.lastFileError ? hooks_.lastFileError() : QString();
+            note(reason.isEmpty() ? tr("\"%1\" cannot be opened.").arg(name + kind_.extension) : reason);
+        }
         return;
     }
+    setName(name, true);
     if (hooks_.redesign)
         hooks_.redesign();
-    setName(name, true);
-    if (opened)
-        emit designFileUsed(pathForName(name));
+    // What is on screen is what the file holds.
+    setModified(false);
+    emit designFileUsed(pathForName(name));
 }
 
 void DesignFileCommands::openSheetCancel()
@@ -120,6 +239,13 @@ void DesignFileCommands::openSheetCancel()
 
 void DesignFileCommands::saveToFileWithNewFileFlag(bool newFile)
 {
+    dropPendingProceed();
+    // Nothing valid to save: say why, and leave title and file alone.
+    const QString nothing = hooks_.nothingToSave ? hooks_.nothingToSave() : QString();
+    if (!nothing.isEmpty()) {
+        note(nothing);
+        return;
+    }
     if (!newFile && name_) {
         const QString name = *name_;
         showAlert(alerts_.alertOverwriteFile(name, [self = QPointer(this), name] {
@@ -128,6 +254,11 @@ void DesignFileCommands::saveToFileWithNewFileFlag(bool newFile)
         }));
         return;
     }
+    openSaveSheet();
+}
+
+void DesignFileCommands::openSaveSheet()
+{
     ensureSaveSheet();
     saveSheet_->saveButton()->setDefault(true);
     bringToFront();
@@ -142,14 +273,22 @@ void DesignFileCommands::saveSheetSave()
     const QString name = saveSheet_->typedName();
     saveSheet_->accept();
     if (name.isEmpty()) {
+        dropPendingProceed();
         showAlert(alerts_.alertInvalidFilename());
         return;
     }
     if (QFileInfo::exists(pathForName(name))) {
-        showAlert(alerts_.alertDuplicateFile(name, [self = QPointer(this), name] {
-            if (self)
-                self->saveUnderName(name);
-        }));
+        QPointer<DesignFileCommands> self(this);
+        showAlert(alerts_.alertDuplicateFile(
+            name,
+            [self, name] {
+                if (self)
+                    self->saveUnderName(name);
+            },
+            [self] {
+                if (self)
+                    self->dropPendingProceed();
+            }));
         return;
     }
     saveUnderName(name);
@@ -163,14 +302,23 @@ void DesignFileCommands::saveSheetCancel()
 
 void DesignFileCommands::saveUnderName(const QString& name)
 {
+    std::function<void()> proceed = std::move(afterSave_);
+    afterSave_ = nullptr;
     if (kind_.saveNeedsName && name.isEmpty())
         return;
-    setName(name, false);
-    // The title follows the name even when the model has nothing to save.
     const bool saved = hooks_.saveDesign ? hooks_.saveDesign(name) : false;
+    if (!saved) {
+        // A refused name or a failed write keeps the old name and title, so a
+        // later Save does not offer to overwrite a file that was never written.
+        const QString reason = hooks_.lastFileError ? hooks_.lastFileError() : QString();
+        note(reason.isEmpty() ? tr("\"%1\" was not saved.").arg(name) : reason);
+        return;
+    }
     setName(name, true);
-    if (saved)
-        emit designFileUsed(pathForName(name));
+    setModified(false);
+    emit designFileUsed(pathForName(name));
+    if (proceed)
+        proceed();
 }
 
 void DesignFileCommands::ensureOpenSheet()
@@ -190,6 +338,8 @@ void DesignFileCommands::ensureSaveSheet()
         return;
     saveSheet_ = new GVRSaveSheet(window_);
     connect(saveSheet_, &GVRSaveSheet::savePressed, this, &DesignFileCommands::saveSheetSave);
+    // Cancel, Escape or closing the sheet: a save the question asked for is off.
+    connect(saveSheet_, &QDialog::rejected, this, &DesignFileCommands::dropPendingProceed);
 }
 
 void DesignFileCommands::bringToFront()
@@ -201,8 +351,8 @@ void DesignFileCommands::bringToFront()
 void DesignFileCommands::setName(const std::optional<QString>& name, bool setTitle)
 {
     name_ = name;
-    if (setTitle && window_)
-        window_->setWindowTitle(name_ ? *name_ : untitledTitle());
+    if (setTitle)
+        refreshTitle();
     emit nameChanged(name_);
 }
 

@@ -26,10 +26,13 @@ class QWidget;
 // DesignFileCommands::pathForName gives the file for designers that want it.
 struct DesignFileHooks {
     std::function<void()> bringToFront;                  // show and raise the window
-    std::function<void()> clearForNew;                   // empty the form, note line and charts
+    std::function<void()> clearForNew;                   // empty the form, note line, charts and results
     std::function<bool(const QString& name)> openDesign; // model reads the file; false when refused
     std::function<bool(const QString& name)> saveDesign; // model writes the file; false when not
     std::function<void()> redesign;                      // design afresh from the form
+    std::function<QString()> nothingToSave;              // why there is no design to save; empty when there is
+    std::function<QString()> lastFileError;              // the model's reason for a failed open or save
+    std::function<void(const QString&)> showNote;        // a message on the note line
 };
 
 class DesignFileCommands : public QObject {
@@ -72,6 +75,21 @@ public:
     const std::optional<QString>& currentName() const { return name_; }
     // Makes the design untitled: no name, title "(Untitled)".
     void forgetName();
+    // Sets the title again: "<name> — <kind>", with the edited mark.
+    void refreshTitle();
+
+    // The design was edited since it was last saved or opened (the window's
+    // modified mark, [*] in the title).
+    void setModified(bool modified);
+    bool isModified() const;
+    // Runs `proceed` at once when nothing would be lost; otherwise asks Save,
+    // Don't Save or Cancel first, and runs it after a successful save or Don't Save.
+    void proceedAfterSaving(std::function<void()> proceed);
+    // For the window's closeEvent: false (and the question asked) when the
+    // close has to wait for the answer; the window closes itself afterwards.
+    bool mayClose();
+    // Asks each edited designer in turn, then runs `quit`; Cancel anywhere stops.
+    static void quitAfterSaving(QList<QPointer<DesignFileCommands>> designers, std::function<void()> quit);
     // Folder + name + extension.
     QString pathForName(const QString& name) const;
     const DesignFileKind& kind() const { return kind_; }
@@ -100,6 +118,12 @@ private:
     void setName(const std::optional<QString>& name, bool setTitle);
     // The completion of Replace and Overwrite, and the plain save.
     void saveUnderName(const QString& name);
+    void openSaveSheet();
+    void showOpenSheet();
+    // A save asked for by the save-changes question ended without saving.
+    void dropPendingProceed() { afterSave_ = nullptr; }
+    QString titleName() const;
+    void note(const QString& text);
     void showAlert(QMessageBox* box);
     // After housekeeping: the sheet lists the folder again, `select` selected.
     void refreshOpenSheet(const QString& select);
@@ -114,4 +138,6 @@ private:
     QPointer<GVROpenSheet> openSheet_;
     QPointer<GVRSaveSheet> saveSheet_;
     QPointer<QMessageBox> alert_;
+    std::function<void()> afterSave_; // what waits for the save the question asked for
+    bool closeAnswered_ = false;
 };

@@ -7,6 +7,7 @@ DesignFileKind DesignFileKind::filter(std::function<QString()> folder)
 {
     DesignFileKind kind;
     kind.folder = std::move(folder);
+    kind.windowKind = [] { return QCoreApplication::translate("DesignFileKind", "Filter Designer"); };
     kind.extension = QStringLiteral(".filt");
     kind.replaceInformativeText =
         QCoreApplication::translate("DesignFileKind", "A Filter file with the same name already exists. "
@@ -21,6 +22,7 @@ DesignFileKind DesignFileKind::signal(std::function<QString()> folder)
 {
     DesignFileKind kind;
     kind.folder = std::move(folder);
+    kind.windowKind = [] { return QCoreApplication::translate("DesignFileKind", "Signal Designer"); };
     kind.extension = QStringLiteral(".signal");
     kind.replaceInformativeText =
         QCoreApplication::translate("DesignFileKind", "A Signal file with the same name already exists. "

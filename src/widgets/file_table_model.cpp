@@ -1,6 +1,9 @@
 // Open sheet table model.
 #include "widgets/file_table_model.h"
 
+#include "library/natural_order.h"
+#include "widgets/design_file_listing.h"
+
 FileTableModel::FileTableModel(QObject* parent) : RowTableModel(parent) {}
 
 GVRFile FileTableModel::fileAt(int row) const
@@ -46,8 +49,14 @@ void FileTableModel::sort(int column, Qt::SortOrder order)
     if (column != NameColumn && column != DateColumn)
         return;
     const QString key = columnKey(column);
-    // A plain comparison of the texts: dates sort as their formatted text.
+    // Names naturally, dates by the time they stand for (not by month name).
     sortRows(order, [&](const GVRFile& a, const GVRFile& b) {
-        return QString::compare(a.value(key), b.value(key), Qt::CaseSensitive);
+        if (column == DateColumn) {
+            const QDateTime x = parseFileDate(a.fileDate());
+            const QDateTime y = parseFileDate(b.fileDate());
+            if (x != y)
+                return x < y ? -1 : 1;
+        }
+        return compareNaturally(a.value(key), b.value(key));
     });
 }

@@ -1,12 +1,19 @@
 // Widgets the designer and project windows build alike.
 #include "widgets/window_parts.h"
 
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeySequence>
+#include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
+#include <QVBoxLayout>
 
 #include "widgets/design_file_commands.h"
 #include "library/note_format.h"
@@ -14,7 +21,24 @@
 QSplitter* makeFormAndCharts(QWidget* form, QWidget* charts, QWidget* parent)
 {
     auto* split = new QSplitter(Qt::Horizontal, parent);
-    split->addWidget(form);
+    auto* scroll = new QScrollArea(split);
+    scroll->setObjectName(QStringLiteral("formScroll"));
+    scroll->setWidget(form);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // As wide as the form wants, plus room for the scroll bar when it shows.
+    scroll->setMinimumWidth(form->minimumSizeHint().width() +
+                            scroll->verticalScrollBar()->sizeHint().width());
+    // The note line stays in view below the scrolling form.
+    auto* side = new QWidget(split);
+    side->setObjectName(QStringLiteral("formSide"));
+    auto* column = new QVBoxLayout(side);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(scroll, 1);
+    if (auto* note = form->findChild<QLabel*>(QStringLiteral("noteField")))
+        column->addWidget(note, 0);
+    split->addWidget(side);
     split->addWidget(charts);
     split->setStretchFactor(0, 0);
     split->setStretchFactor(1, 1);
@@ -22,20 +46,41 @@ QSplitter* makeFormAndCharts(QWidget* form, QWidget* charts, QWidget* parent)
     return split;
 }
 
-QLineEdit* makeNoteLine(QWidget* parent)
+QLabel* makeNoteLine(QWidget* parent)
 {
-    auto* noteLine = new QLineEdit(parent);
+    auto* noteLine = new QLabel(parent);
     noteLine->setObjectName(QStringLiteral("noteField"));
-    noteLine->setReadOnly(true);
-    noteLine->setFocusPolicy(Qt::ClickFocus);
-    noteLine->setPlaceholderText(QCoreApplication::translate("NoteLine", "Notes appear here"));
+    noteLine->setTextFormat(Qt::PlainText);
+    noteLine->setWordWrap(true);
+    noteLine->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    noteLine->setFrameShape(QFrame::StyledPanel);
+    noteLine->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    // One line high even when empty, so the form does not jump.
+    noteLine->setMinimumHeight(noteLine->fontMetrics().height() + 2 * noteLine->frameWidth() + 4);
     return noteLine;
 }
 
-void showNote(QLineEdit& noteLine, const QString& text, double value, bool withValue)
+void showNote(QLabel& noteLine, const QString& text, double value, bool withValue)
 {
     noteLine.setText(formatNote(text, value, withValue));
-    noteLine.setCursorPosition(0);
+}
+
+QLineEdit* spinBoxEditor(QAbstractSpinBox* box)
+{
+    return box ? box->findChild<QLineEdit*>() : nullptr;
+}
+
+void fitToScreen(QWidget& window, QSize size)
+{
+    const QScreen* screen = window.screen() ? window.screen() : QGuiApplication::primaryScreen();
+    if (!screen) {
+        window.resize(size);
+        return;
+    }
+    // Room for the frame and title bar the window manager adds.
+    const QSize room = screen->availableGeometry().size() - QSize(16, 48);
+    const QSize fitted = size.boundedTo(room).expandedTo(window.minimumSizeHint().boundedTo(room));
+    window.resize(fitted);
 }
 
 QComboBox* makePopUp(const char* name, QWidget* parent)

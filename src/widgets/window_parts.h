@@ -3,24 +3,37 @@
 #pragma once
 
 #include <QList>
+#include <QSize>
 #include <QString>
 
 class DesignFileCommands;
+class QAbstractSpinBox;
 class QAction;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QSplitter;
 class QWidget;
 
 // The form beside the charts: the form keeps its width, the charts take
-// what the window gains, and neither can be dragged shut.
+// what the window gains, and neither can be dragged shut. The form scrolls
+// when the window is lower than it, so a small screen reaches all of it.
 QSplitter* makeFormAndCharts(QWidget* form, QWidget* charts, QWidget* parent);
 
-// The read-only note line ("noteField") that shows the window's messages.
-QLineEdit* makeNoteLine(QWidget* parent);
+// The read-only note line ("noteField") that shows the window's messages. It
+// wraps, so a long message is read whole at any window width.
+QLabel* makeNoteLine(QWidget* parent);
 
-// Shows a message on the note line from its start (see formatNote).
-void showNote(QLineEdit& noteLine, const QString& text, double value, bool withValue);
+// Shows a message on the note line (see formatNote).
+void showNote(QLabel& noteLine, const QString& text, double value, bool withValue);
+
+// The text editor inside a spin box, whose returnPressed tells Return apart
+// from a mere loss of focus.
+QLineEdit* spinBoxEditor(QAbstractSpinBox* box);
+
+// Makes a window opened at `size` fit the available screen (and its minimum
+// size too), whatever the scale factor.
+void fitToScreen(QWidget& window, QSize size);
 
 // A pop-up named `name` as wide as its longest title.
 QComboBox* makePopUp(const char* name, QWidget* parent);

@@ -91,10 +91,10 @@ TEST(FilterVerb, RefusedDesignsExitWithOne)
     EXPECT_EQ(r.exitCode, 1);
 }
 
-TEST(FilterVerb, MissingThreeDecibelPointIsStillADesign)
+TEST(FilterVerb, MissingThreeDecibelPointIsADesignWithoutValidResults)
 {
     const CliRun r = cli({"--units", "norm", "--cutoff", "0.99", "--json"});
-    ASSERT_EQ(r.exitCode, 0);
+    ASSERT_EQ(r.exitCode, 3);
     const QJsonObject o = json(r);
     EXPECT_EQ(o.value("note").toString(),
               QStringLiteral("WARNING: Increase Filter Length (3dB Point Not Found)"));

@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include "designer_test_support.h"
 #include "widgets/design_file_commands.h"
 #include "widgets/open_sheet.h"
 #include "widgets/save_sheet.h"
@@ -24,6 +25,8 @@ static void PrintTo(const QString& text, std::ostream* out)
 {
     *out << '"' << text.toStdString() << '"';
 }
+
+using designer_test::shownName;
 
 namespace {
 
@@ -52,6 +55,7 @@ struct FakeDesigner {
             return file.open(QIODevice::WriteOnly) && file.write("saved") == 5;
         };
         h.redesign = [this] { calls << "redesign"; };
+        h.showNote = [this](const QString&) { calls << "note"; };
         return h;
     }
 };
@@ -162,7 +166,7 @@ TEST_F(DesignFileSheets, OpeningARowNamesTheDesignAndRedesigns)
     writeFile("lp300fc25.filt");
     writeFile("hp.filt");
     writeFile("tone.signal");
-    EXPECT_EQ(window.windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(window), "(Untitled)");
 
     commands->openMenuItem();
     GVROpenSheet* sheet = topModal<GVROpenSheet>();
@@ -183,7 +187,7 @@ TEST_F(DesignFileSheets, OpeningARowNamesTheDesignAndRedesigns)
 
     EXPECT_FALSE(sheet->isVisible());
     EXPECT_EQ(designer.calls, QStringList({"front", "front", "open:lp300fc25", "redesign"}));
-    EXPECT_EQ(window.windowTitle(), "lp300fc25");
+    EXPECT_EQ(shownName(window), "lp300fc25");
     EXPECT_EQ(commands->currentName(), "lp300fc25");
 
     // Later saves use that name.
@@ -233,18 +237,19 @@ TEST_F(DesignFileSheets, OpenWithNoRowsOnlyCloses)
     QTest::mouseClick(sheet->openButton(), Qt::LeftButton);
     EXPECT_FALSE(sheet->isVisible());
     EXPECT_EQ(designer.calls, QStringList({"front"}));
-    EXPECT_EQ(window.windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(window), "(Untitled)");
     EXPECT_EQ(commands->currentName(), std::nullopt);
 }
 
-TEST_F(DesignFileSheets, FailedOpenStillTakesTheNameOutsideProjects)
+TEST_F(DesignFileSheets, FailedOpenKeepsTheTitleAndSaysWhyOutsideProjects)
 {
     writeFile("broken.filt");
     designer.openAnswer = false;
     commands->openMenuItem();
     commands->openSheetOpen();
-    EXPECT_EQ(designer.calls, QStringList({"front", "front", "open:broken", "redesign"}));
-    EXPECT_EQ(window.windowTitle(), "broken");
+    EXPECT_EQ(designer.calls, QStringList({"front", "front", "open:broken", "note"}));
+    EXPECT_EQ(shownName(window), "(Untitled)");
+    EXPECT_EQ(commands->currentName(), std::nullopt);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
@@ -252,7 +257,7 @@ TEST_F(DesignFileSheets, SaveOnUntitledAsksForANameAndSaves)
 {
     saveThroughSheet("lowpass", /*saveAs=*/false);
     EXPECT_EQ(designer.calls, QStringList({"front", "save:lowpass"}));
-    EXPECT_EQ(window.windowTitle(), "lowpass");
+    EXPECT_EQ(shownName(window), "lowpass");
     EXPECT_EQ(contents("lowpass.filt"), "saved");
 
     // The name field is emptied each time the sheet comes up.
@@ -264,7 +269,7 @@ TEST_F(DesignFileSheets, SaveOnUntitledAsksForANameAndSaves)
     QTest::keyClicks(sheet->nameField(), "other");
     QTest::mouseClick(sheet->cancelButton(), Qt::LeftButton);
     EXPECT_FALSE(sheet->isVisible());
-    EXPECT_EQ(window.windowTitle(), "lowpass");
+    EXPECT_EQ(shownName(window), "lowpass");
     EXPECT_FALSE(QFile::exists(QDir(folder).filePath("other.filt")));
 
     // Return in the field saves.
@@ -272,7 +277,7 @@ TEST_F(DesignFileSheets, SaveOnUntitledAsksForANameAndSaves)
     EXPECT_EQ(sheet->nameField()->text(), "");
     QTest::keyClicks(sheet->nameField(), "typed");
     QTest::keyClick(sheet->nameField(), Qt::Key_Return);
-    EXPECT_EQ(window.windowTitle(), "typed");
+    EXPECT_EQ(shownName(window), "typed");
     EXPECT_EQ(contents("typed.filt"), "saved");
 }
 
@@ -325,7 +330,7 @@ TEST_F(DesignFileSheets, SaveAsOntoAnExistingFileAsksReplace)
     EXPECT_EQ(designer.calls, QStringList({"front"}));
     EXPECT_EQ(contents("old.filt"), "old");
     EXPECT_EQ(commands->currentName(), "keep");
-    EXPECT_EQ(window.windowTitle(), "keep");
+    EXPECT_EQ(shownName(window), "keep");
 
     saveThroughSheet("old");
     box = topAlert();
@@ -333,7 +338,7 @@ TEST_F(DesignFileSheets, SaveAsOntoAnExistingFileAsksReplace)
     clickButton(box, "Replace");
     EXPECT_EQ(designer.calls, QStringList({"front", "front", "save:old"}));
     EXPECT_EQ(contents("old.filt"), "saved");
-    EXPECT_EQ(window.windowTitle(), "old");
+    EXPECT_EQ(shownName(window), "old");
 }
 
 TEST_F(DesignFileSheets, EmptyNameIsInvalid)
@@ -346,21 +351,21 @@ TEST_F(DesignFileSheets, EmptyNameIsInvalid)
     EXPECT_EQ(buttonTexts(box), QStringList({"OK"}));
     clickButton(box, "OK");
     EXPECT_EQ(designer.calls, QStringList({"front"}));
-    EXPECT_EQ(window.windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(window), "(Untitled)");
     EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList());
 
     // A blank is a name like any other.
     saveThroughSheet(" ");
-    EXPECT_EQ(window.windowTitle(), " ");
+    EXPECT_EQ(shownName(window), " ");
 }
 
-TEST_F(DesignFileSheets, TitleFollowsTheNameWhenTheModelRefusesToSave)
+TEST_F(DesignFileSheets, TitleStaysWhenTheModelRefusesToSave)
 {
     designer.saveAnswer = false;
     saveThroughSheet("nothing");
-    EXPECT_EQ(designer.calls, QStringList({"front", "save:nothing"}));
-    EXPECT_EQ(window.windowTitle(), "nothing");
-    EXPECT_EQ(commands->currentName(), "nothing");
+    EXPECT_EQ(designer.calls, QStringList({"front", "save:nothing", "note"}));
+    EXPECT_EQ(shownName(window), "(Untitled)");
+    EXPECT_EQ(commands->currentName(), std::nullopt);
 }
 
 TEST_F(DesignFileSheets, NewMakesTheDesignUntitled)
@@ -369,7 +374,7 @@ TEST_F(DesignFileSheets, NewMakesTheDesignUntitled)
     designer.calls.clear();
     commands->newMenuItem();
     EXPECT_EQ(designer.calls, QStringList({"front", "clear"}));
-    EXPECT_EQ(window.windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(window), "(Untitled)");
     EXPECT_EQ(commands->currentName(), std::nullopt);
     // Untitled again, so Save asks for a name.
     commands->saveMenuItem();
@@ -402,9 +407,9 @@ TEST_F(DesignFileSheets, ProjectRefusesAFileWithAnAlert)
     EXPECT_EQ(buttonTexts(box), QStringList({"OK"}));
     clickButton(box, "OK");
     EXPECT_EQ(designer.calls, QStringList({"front", "front", "open:bad"}));
-    // The name is taken, the title is not.
-    EXPECT_EQ(window.windowTitle(), "first");
-    EXPECT_EQ(commands->currentName(), "bad");
+    // Neither the name nor the title is taken.
+    EXPECT_EQ(shownName(window), "first");
+    EXPECT_EQ(commands->currentName(), "first");
 
     // The folder is asked each time: a project of the other type saves elsewhere.
     const QString other = lib.folder("projectTwo");
@@ -424,7 +429,7 @@ TEST_F(DesignFileSheets, ProjectOpenDesignsAndSetsTheTitle)
     commands->openMenuItem();
     commands->openSheetOpen();
     EXPECT_EQ(designer.calls, QStringList({"front", "front", "open:mr", "redesign"}));
-    EXPECT_EQ(window.windowTitle(), "mr");
+    EXPECT_EQ(shownName(window), "mr");
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
@@ -457,7 +462,7 @@ TEST_P(DesignFileKindTexts, ReplaceAndOverwriteAlertsCarryTheDesignersWords)
     EXPECT_EQ(box->text(), "\"taken\" already exists. Do you want to replace it?");
     EXPECT_EQ(box->informativeText(), t.replaceText);
     clickButton(box, "Replace");
-    EXPECT_EQ(window.windowTitle(), "taken");
+    EXPECT_EQ(shownName(window), "taken");
 
     commands->saveMenuItem();
     box = topAlert();

@@ -23,6 +23,16 @@
 
 namespace designer_test {
 
+// The design name a window's title shows: "lp300fc25 — Filter Designer[*]"
+// gives "lp300fc25".
+inline QString shownName(const QWidget& window)
+{
+    QString title = window.windowTitle();
+    title.remove(QStringLiteral("[*]"));
+    const int dash = title.lastIndexOf(QStringLiteral(" — "));
+    return dash >= 0 ? title.left(dash) : title;
+}
+
 // Makes `window` the active window, as a click on it would. The offscreen
 // platform leaves a closed popup active.
 inline void activate(QWidget* window)

@@ -1,6 +1,6 @@
 // The coefficient export window driven as a user would: the list of the
-// library's filters, the two refusals, the save dialog (".csv" always
-// appended), the replace question, and the one-line file checked against the
+// library's filters, the two refusals, the save dialog (".csv" appended
+// when missing), the replace question, and the one-line file checked against the
 // coefficients stored in the filter file.
 #include <QFile>
 #include <QFileDialog>
@@ -155,9 +155,9 @@ TEST_F(FirExportWindow, EightBitFilterGivesOneLineOfIntegers)
     QTest::mouseClick(window->exportButton(), Qt::LeftButton);
     ASSERT_NE(window->saveDialog(), nullptr);
     EXPECT_TRUE(window->saveDialog()->testOption(QFileDialog::DontUseNativeDialog));
-    // A name that already ends in .csv gets the extension a second time.
+    // A name that already ends in .csv keeps it as it is.
     ASSERT_NE(chooseInDialog(out.filePath("coeffs.csv")), nullptr);
-    const QString written = out.filePath("coeffs.csv.csv");
+    const QString written = out.filePath("coeffs.csv");
     EXPECT_EQ(window->selectedDotCsvPath(), written);
     const QByteArray text = readAll(written);
     ASSERT_FALSE(text.isEmpty());

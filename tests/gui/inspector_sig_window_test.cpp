@@ -3,6 +3,7 @@
 // in the inspector, sorted by header clicks, never selected.
 #include <memory>
 
+#include <QLabel>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QTableView>
@@ -115,7 +116,7 @@ TEST_F(SignalInspectorWindow, SavedKilohertzMillivoltDesignAppearsInVoltsAndMega
     EXPECT_EQ(cell(0, "function"), "Acos(fₐ,Φ)+AGN(σ,μ)");
     EXPECT_EQ(cell(0, "a1"), "0.5");
     EXPECT_EQ(cell(0, "fa1"), "35");
-    EXPECT_EQ(cell(0, "fs"), "300000");
+    EXPECT_EQ(cell(0, "fs"), "300");
     EXPECT_EQ(cell(0, "a2"), "");
     EXPECT_EQ(cell(0, "tau"), "");
 }

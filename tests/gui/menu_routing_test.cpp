@@ -19,6 +19,8 @@
 
 #include <gtest/gtest.h>
 
+#include "designer_test_support.h"
+#include "widgets/design_file_commands.h"
 #include "filter/filter_design_window.h"
 #include "filter/filter_inspector_window.h"
 #include "project/fir_export_window.h"
@@ -33,6 +35,8 @@
 #include "widgets/number_field.h"
 #include "widgets/open_sheet.h"
 #include "widgets/save_sheet.h"
+
+using designer_test::shownName;
 
 namespace {
 
@@ -71,7 +75,8 @@ protected:
     }
 
     // Which designers show a save sheet now; each one found is closed again.
-    QStringList windowsWithSaveSheet()
+    // Which designers show their open sheet (closing them again).
+    QStringList windowsWithOpenSheet()
     {
         QStringList found;
         const std::pair<QString, DesignFileCommands*> designers[] = {
@@ -80,9 +85,9 @@ protected:
             {"project", shell->project()->fileCommands()},
         };
         for (const auto& [name, commands] : designers) {
-            if (commands->saveSheet() && commands->saveSheet()->isVisible()) {
+            if (commands->openSheet() && commands->openSheet()->isVisible()) {
                 found << name;
-                commands->saveSheetCancel();
+                commands->openSheetCancel();
             }
         }
         return found;
@@ -127,37 +132,37 @@ TEST_F(MenuRouting, FileCommandsGoToTheActiveDesigner)
     shell->filtInspector()->showGVRWinFiltInspector();
 
     activate(shell->signalDesign());
-    trigger("saveAsAction");
-    EXPECT_EQ(windowsWithSaveSheet(), QStringList{"signal"});
+    trigger("openAction");
+    EXPECT_EQ(windowsWithOpenSheet(), QStringList{"signal"});
 
     activate(shell->filterDesign());
-    trigger("saveAsAction");
-    EXPECT_EQ(windowsWithSaveSheet(), QStringList{"filter"});
+    trigger("openAction");
+    EXPECT_EQ(windowsWithOpenSheet(), QStringList{"filter"});
 
     activate(shell->project());
-    trigger("saveAsAction");
-    EXPECT_EQ(windowsWithSaveSheet(), QStringList{"project"});
+    trigger("openAction");
+    EXPECT_EQ(windowsWithOpenSheet(), QStringList{"project"});
 
     // An inspector or the export window in front: nothing happens.
     activate(shell->filtInspector());
     trigger("saveAction");
     trigger("saveAsAction");
     trigger("openAction");
-    EXPECT_TRUE(windowsWithSaveSheet().isEmpty());
+    EXPECT_TRUE(windowsWithOpenSheet().isEmpty());
     EXPECT_FALSE(shell->filterDesign()->fileCommands()->openSheet() &&
                  shell->filterDesign()->fileCommands()->openSheet()->isVisible());
     shell->firExport()->showGVRWinFirExport();
     activate(shell->firExport());
     trigger("saveAsAction");
-    EXPECT_TRUE(windowsWithSaveSheet().isEmpty());
+    EXPECT_TRUE(windowsWithOpenSheet().isEmpty());
 }
 
 TEST_F(MenuRouting, KeyboardShortcutReachesTheActiveDesigner)
 {
     shell->filterDesign()->showGVRWinFilterDesign();
     activate(shell->filterDesign());
-    QTest::keyClick(shell->filterDesign(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(windowsWithSaveSheet(), QStringList{"filter"});
+    QTest::keyClick(shell->filterDesign(), Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(windowsWithOpenSheet(), QStringList{"filter"});
 }
 
 TEST_F(MenuRouting, NewOnTheProjectWindowClearsOnlyIt)
@@ -169,7 +174,7 @@ TEST_F(MenuRouting, NewOnTheProjectWindowClearsOnlyIt)
     activate(shell->project());
     trigger("newAction");
     EXPECT_EQ(shell->project()->multirateLStepper()->value(), 1);
-    EXPECT_EQ(shell->project()->windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(*shell->project()), "(Untitled)");
     EXPECT_EQ(shell->filterDesign()->thetaCutoffField()->text(), "0.2");
 }
 

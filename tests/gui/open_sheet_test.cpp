@@ -138,18 +138,18 @@ TEST(OpenSheet, HeaderClicksSortTheRowArrayOnTheShownText)
     EXPECT_EQ(names(sheet.files()), QStringList({"mid.filt", "Zed.filt", "alpha.filt"}));
 
     clickHeader(sheet.table(), 0);
-    // Case-sensitive, as a plain comparison of the texts.
-    EXPECT_EQ(names(sheet.files()), QStringList({"Zed.filt", "alpha.filt", "mid.filt"}));
+    // Natural order: case-insensitive.
+    EXPECT_EQ(names(sheet.files()), QStringList({"alpha.filt", "mid.filt", "Zed.filt"}));
     // The selection stays on the file it was on.
     ASSERT_TRUE(sheet.selectedRow());
     EXPECT_EQ(sheet.files().at(*sheet.selectedRow()).fileName(), "mid.filt");
 
     clickHeader(sheet.table(), 0);
-    EXPECT_EQ(names(sheet.files()), QStringList({"mid.filt", "alpha.filt", "Zed.filt"}));
+    EXPECT_EQ(names(sheet.files()), QStringList({"Zed.filt", "mid.filt", "alpha.filt"}));
 
     clickHeader(sheet.table(), 1);
-    // "Dec…" < "Feb…" < "Mar…", whatever the years.
-    EXPECT_EQ(names(sheet.files()), QStringList({"alpha.filt", "Zed.filt", "mid.filt"}));
+    // By time: 2005, 2010, 2020 (not "Dec…" < "Feb…" < "Mar…").
+    EXPECT_EQ(names(sheet.files()), QStringList({"alpha.filt", "mid.filt", "Zed.filt"}));
     EXPECT_EQ(sheet.table()->model()->index(0, 1).data().toString(), "Dec 24, 2005, 11:15 PM");
 
     // New rows come in listing order again, without a sort indicator.

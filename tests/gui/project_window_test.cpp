@@ -19,6 +19,7 @@
 #include "charts/view_block_diagram.h"
 #include "charts/view_proj_freq.h"
 #include "charts/view_proj_time.h"
+#include "designer_test_support.h"
 #include "widgets/design_file_commands.h"
 #include "widgets/open_sheet.h"
 #include "widgets/save_sheet.h"
@@ -30,6 +31,8 @@ static void PrintTo(const QString& text, std::ostream* out)
 {
     *out << '"' << text.toStdString() << '"';
 }
+
+using designer_test::shownName;
 
 namespace {
 
@@ -219,7 +222,7 @@ TEST_F(ProjectWindow, SteppersWrapAndTheZoomTitleFollows)
     EXPECT_EQ(m->value(), 1);
     EXPECT_EQ(zoom->text(), "x16");
     EXPECT_EQ(window->blockDiagramNumber(), 2);
-    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(*window), "(Untitled)");
 }
 
 TEST_F(ProjectWindow, ModeDecidesTheControlsAndTheFolder)
@@ -231,7 +234,7 @@ TEST_F(ProjectWindow, ModeDecidesTheControlsAndTheFolder)
     EXPECT_FALSE(window->autoFilterButton()->isVisible());
     EXPECT_TRUE(window->filterPopUp()->isVisible());
     EXPECT_EQ(window->projectDirectory(), seeded.library.projectOneFolder());
-    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(*window), "(Untitled)");
     EXPECT_EQ(window->signalOneSignPopUp()->count(), 3);
     EXPECT_EQ(window->signalOneSignPopUp()->itemText(1), "-1");
     EXPECT_EQ(window->filterPopUp()->count(), 6);
@@ -297,12 +300,12 @@ TEST_F(ProjectWindow, SaveThenOpenThroughTheSheets)
     QTest::mouseClick(save->saveButton(), Qt::LeftButton);
     const QString path = seeded.library.projectPath(2, "ThreeHalves");
     EXPECT_TRUE(QFile::exists(path));
-    EXPECT_EQ(window->windowTitle(), "ThreeHalves");
+    EXPECT_EQ(shownName(*window), "ThreeHalves");
 
     // Start afresh, then open the saved project from the sheet.
     window->newMenuItem();
     window->multirateLStepper()->setValue(7);
-    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(*window), "(Untitled)");
     EXPECT_TRUE(window->theTimeArray().empty());
     window->openMenuItem();
     GVROpenSheet* open = window->fileCommands()->openSheet();
@@ -316,7 +319,7 @@ TEST_F(ProjectWindow, SaveThenOpenThroughTheSheets)
     open->selectRow(row);
     QTest::mouseClick(open->openButton(), Qt::LeftButton);
 
-    EXPECT_EQ(window->windowTitle(), "ThreeHalves");
+    EXPECT_EQ(shownName(*window), "ThreeHalves");
     EXPECT_EQ(window->signalOnePopUp()->currentText(), "Cos35Fs300");
     EXPECT_EQ(window->signalTwoPopUp()->currentText(), "Cos10M3Fs300");
     EXPECT_EQ(window->signalTwoSignPopUp()->currentIndex(), 1);
@@ -356,7 +359,7 @@ TEST_F(ProjectWindow, ProjectWhoseFilterIsGoneIsRefused)
     EXPECT_EQ(alert->informativeText(),
               "This Project File Contains Erroneous Information and Cannot be Opened");
     alert->accept();
-    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(*window), "(Untitled)");
     EXPECT_EQ(window->signalOnePopUp()->currentText(), "Cos1MHz");
 }
 
@@ -374,7 +377,7 @@ TEST_F(ProjectWindow, SampleProjectsOpenAndDesign)
         ASSERT_EQ(window->theTimeArray().size(), 32784u) << mode;
         EXPECT_DOUBLE_EQ(window->theTimeArray()[8], mode == 1 ? 300.0 : 450.0);
     }
-    EXPECT_EQ(window->windowTitle(), "multirateUser300to450");
+    EXPECT_EQ(shownName(*window), "multirateUser300to450");
     EXPECT_EQ(window->filterPopUp()->currentText(), "lpNormfcp333");
     EXPECT_TRUE(window->userFilterButton()->isChecked());
     EXPECT_TRUE(window->filterPopUp()->isVisible());

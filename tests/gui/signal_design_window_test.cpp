@@ -79,7 +79,7 @@ protected:
 TEST_F(SignalDesignWindow, StartsUntitledInMegahertzAndVolts)
 {
     EXPECT_EQ(window->objectName(), "GVRWinSignalDesign");
-    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(*window), "(Untitled)");
     EXPECT_EQ(window->freqUnitsPopUp()->currentText(), "MHz");
     EXPECT_EQ(window->voltUnitsPopUp()->currentText(), "V");
     EXPECT_EQ(window->zoomStepper()->text(), "x16");
@@ -289,10 +289,10 @@ TEST_F(SignalDesignWindow, SaveNewOpenRestoresUnitsAndValues)
     window->saveAsMenuItem();
     answerSaveSheet("sine35k");
     EXPECT_TRUE(QFileInfo::exists(library->signalPath("sine35k")));
-    EXPECT_EQ(window->windowTitle(), "sine35k");
+    EXPECT_EQ(shownName(*window), "sine35k");
 
     window->newMenuItem();
-    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(*window), "(Untitled)");
     EXPECT_EQ(window->freqUnitsPopUp()->currentIndex(), MHz);
     EXPECT_EQ(window->voltUnitsPopUp()->currentIndex(), V);
     EXPECT_EQ(window->freqSampField()->text(), "");
@@ -303,7 +303,7 @@ TEST_F(SignalDesignWindow, SaveNewOpenRestoresUnitsAndValues)
     stepTo(9);
     window->openMenuItem();
     answerOpenSheet("sine35k.signal");
-    EXPECT_EQ(window->windowTitle(), "sine35k");
+    EXPECT_EQ(shownName(*window), "sine35k");
     EXPECT_EQ(window->signalFilename(), "sine35k");
     EXPECT_EQ(window->yFuncStepper()->value(), 3);
     EXPECT_EQ(window->viewFuncSignalDesign()->functionIndex(), 3);
@@ -339,7 +339,7 @@ TEST_F(SignalDesignWindow, FileActionsCarryTheUsualKeys)
     EXPECT_TRUE(sheet->files().isEmpty());
     QTest::mouseClick(sheet->openButton(), Qt::LeftButton); // nothing to open: just closes
     EXPECT_FALSE(sheet->isVisible());
-    EXPECT_EQ(window->windowTitle(), "(Untitled)");
+    EXPECT_EQ(shownName(*window), "(Untitled)");
 }
 
 } // namespace

@@ -57,7 +57,7 @@ TEST(SigInspector, KilohertzMillivoltDesignShowsVoltsAndMegahertz)
     const GVRInspectSig& row = rows[0];
     EXPECT_EQ(row.filename, QStringLiteral("cos"));
     EXPECT_EQ(row.function, QStringLiteral("Acos(fₐ,Φ)+AGN(σ,μ)"));
-    EXPECT_EQ(row.fs.toDouble(), 300000.0);
+    EXPECT_EQ(row.fs.toDouble(), 300.0);
     EXPECT_DOUBLE_EQ(row.a1.toDouble(), 0.5);
     EXPECT_DOUBLE_EQ(row.fa1.toDouble(), 35.0);
     EXPECT_EQ(row.phi.toDouble(), 0.25);

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+#include <QLabel>
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
