@@ -182,26 +182,6 @@ TEST(ViewsRender, MagnitudeCurveSitsAtTheTopInThePassBand)
     EXPECT_GT(countDark(image, QRect(5, row(image, 0.9 * 400) - 16, 40, 14)), 10);
 }
 
-TEST(ViewsRender, PhaseCurveInGreen)
-{
-    StubWindow window;
-    window.array = chartarrays::filterResponse(800, -60.0, -30.0, 1.0);
-    GVRViewFiltDesign view;
-    view.setMagPhaseSource(&window);
-    view.newChartOfType(1, QStringLiteral("Norm"));
-    const QImage image = render(view, 1024, 400, "filter_phase");
-    expectFrameAndBackground(image);
-    EXPECT_GT(countColour(image, chartcolors::phaseGraph()), 800);
-    EXPECT_EQ(countColour(image, chartcolors::dBMagGraph()), 0);
-    // Phase 0 (the top line, ka = 0 for Pmax 0) at 0.9 H; -30 rad at 0.1 H with
-    // step 5 and 6 divisions.
-    // (A slanted antialiased stroke rarely covers a pixel fully: allow a little tint.)
-    EXPECT_TRUE(columnHas(image, 6, row(image, 0.9 * 400) - 2, row(image, 0.9 * 400) + 2,
-                          chartcolors::phaseGraph(), 8));
-    EXPECT_TRUE(columnHas(image, 1015, row(image, 0.1 * 400) - 3, row(image, 0.1 * 400) + 3,
-                          chartcolors::phaseGraph(), 8));
-}
-
 TEST(ViewsRender, TimeChartsDrawTheSignalAroundTheMiddle)
 {
     StubWindow window;
@@ -250,37 +230,6 @@ TEST(ViewsRender, TimeChartsDrawTheSignalAroundTheMiddle)
     EXPECT_TRUE(columnHas(image, 19, row(image, trough) - 2, row(image, trough) + 2, blue));
 }
 
-TEST(ViewsRender, SpectrumChartsDrawThePeak)
-{
-    StubWindow window;
-    // fs 100, maxFreq 5: zoom 5, bin 164 (≈1 MHz) at x = 164 × 5 × 1200 / 8192 ≈ 120.
-    window.array = chartarrays::signalSpectrum(100.0, 5.0, 164, 0.5, 0, 0);
-    GVRViewFreqSignalDesign view;
-    view.setFreqSource(&window);
-    const QImage image = render(view, 1200, 400, "signal_spectrum");
-    expectFrameAndBackground(image);
-    const QColor green = chartcolors::magSpectrum();
-    EXPECT_TRUE(columnHas(image, 120, row(image, 0.9 * 400) - 2, row(image, 0.9 * 400) + 2, green));
-    // Elsewhere the spectrum lies on the bottom line (x 605: in a gap of its dashed grid line).
-    EXPECT_TRUE(columnHas(image, 605, row(image, 0.1 * 400) - 2, row(image, 0.1 * 400) + 2, green));
-    EXPECT_FALSE(columnHas(image, 605, row(image, 0.9 * 400) - 2, row(image, 0.2 * 400), green));
-
-    std::vector<double> project(16400, 0.0);
-    std::copy(window.array.begin(), window.array.begin() + 8, project.begin());
-    std::copy(window.array.begin(), window.array.begin() + 8, project.begin() + 8);
-    project[16 + 164] = 0.5;
-    project[8208 + 328] = 0.5; // the output's peak at twice the frequency
-    window.array = project;
-    GVRViewProjFreq projView;
-    projView.setFreqSource(&window);
-    QImage in = render(projView, 1200, 400, "project_spectrum_input");
-    EXPECT_TRUE(columnHas(in, 120, row(in, 0.9 * 400) - 2, row(in, 0.9 * 400) + 2, green));
-    projView.selectChartOne(false);
-    QImage out = render(projView, 1200, 400, "project_spectrum_output");
-    EXPECT_FALSE(columnHas(out, 120, row(out, 0.9 * 400) - 2, row(out, 0.9 * 400) + 2, green));
-    EXPECT_TRUE(columnHas(out, 240, row(out, 0.9 * 400) - 2, row(out, 0.9 * 400) + 2, green));
-}
-
 TEST(ViewsRender, NonFiniteDataRendersWithoutBreaking)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
@@ -315,115 +264,4 @@ TEST(ViewsRender, NonFiniteDataRendersWithoutBreaking)
     // A short array.
     window.array = {1.0, 2.0, 3.0};
     expectFrameAndBackground(render(time, 400, 200));
-}
-
-TEST(ViewsRender, ResultsPanelShowsFourBandPassRows)
-{
-    GVRViewResults panel;
-    panel.setFilterType(1);
-    panel.displayFilterDesignResults({{QStringLiteral("KEYFDR_3DB_LOW"), 0.24531},
-                                      {QStringLiteral("KEYFDR_3DB_HIGH"), 0.75469},
-                                      {QStringLiteral("KEYFDR_3DB_BANDWIDTH"), 0.50938},
-                                      {QStringLiteral("KEYFDR_PASSBAND_RIPPLE"), 0.0123},
-                                      {QStringLiteral("KEYFDR_DYNAMIC_RNG"), 96.0},
-                                      {QStringLiteral("KEYFDR_DYNAMIC_RNG_ERR"), 0.1}});
-    const QImage image = render(panel, 360, 125, "results_band_pass");
-    expectFrameAndBackground(image);
-    // Rows at 95, 70, 45, 20: text just above each, captions from x 20, values from x 180.
-    for (int y : {95, 70, 45, 20}) {
-        EXPECT_GT(countDark(image, QRect(20, row(image, y) - 14, 120, 14)), 20) << y;
-        EXPECT_GT(countDark(image, QRect(180, row(image, y) - 14, 100, 14)), 20) << y;
-    }
-    // Nothing left of the captions.
-    EXPECT_EQ(countDark(image, QRect(4, 4, 12, 117)), 0);
-
-    panel.setFilterType(0);
-    const QImage low = render(panel, 360, 125, "results_low_pass");
-    for (int y : {90, 59}) // rows at 90, 90 − 31.25, 90 − 62.5
-        EXPECT_GT(countDark(low, QRect(20, row(low, y) - 14, 120, 14)), 20) << y;
-
-    panel.clearDisplay();
-    panel.setFreqUnits(2);
-    expectFrameOnly(render(panel, 360, 125));
-}
-
-TEST(ViewsRender, FormulaPanelText)
-{
-    GVRViewFuncSignalDesign panel;
-    QImage image = render(panel, 560, 85, "formula_0");
-    expectFrameAndBackground(image);
-    // Lines at heights 55, 30, 5: only the middle one has glyphs for a cosine.
-    const QRect upper(20, row(image, 55) - 14, 500, 14);
-    const QRect middle(20, row(image, 30) - 14, 500, 14);
-    const QRect lower(20, row(image, 5) - 12, 500, 10);
-    EXPECT_EQ(countDark(image, upper), 0);
-    EXPECT_GT(countDark(image, middle), 200);
-    EXPECT_EQ(countDark(image, lower), 0);
-
-    panel.newFunctionWithIndex(2);
-    image = render(panel, 560, 85, "formula_2");
-    EXPECT_GT(countDark(image, upper), 5);
-    EXPECT_GT(countDark(image, middle), 200);
-    EXPECT_GT(countDark(image, lower), 5);
-
-    panel.newFunctionWithIndex(6);
-    image = render(panel, 560, 85, "formula_6");
-    EXPECT_EQ(countDark(image, upper), 0);
-    EXPECT_GT(countDark(image, middle), 200);
-    EXPECT_EQ(countDark(image, lower), 0);
-}
-
-TEST(ViewsRender, BlockDiagramBoxes)
-{
-    GVRViewBlockDiagram view;
-    EXPECT_EQ(view.blockDiagramIndex(), 0);
-    view.newBlockDiagramWithIndex(1);
-    QImage image = render(view, 600, 200, "block_sum_and_filter");
-    expectFrameAndBackground(image);
-    const QColor blue = chartcolors::filter();
-    const QColor green = chartcolors::multi();
-    // The filter box spans x 360-440, y 50-150: light blue inside, nowhere else.
-    EXPECT_TRUE(near(image.pixel(365, row(image, 140)), blue));
-    EXPECT_TRUE(near(image.pixel(435, row(image, 55)), blue));
-    EXPECT_GT(countColour(image, blue), 5000);
-    EXPECT_EQ(countColour(image, blue, QRect(0, 0, 359, 200)), 0);
-    EXPECT_EQ(countColour(image, blue, QRect(442, 0, 158, 200)), 0);
-    EXPECT_EQ(countColour(image, green), 0);
-    // Box outline at x 360 and the output line at height 100 to the right edge.
-    EXPECT_LT(qGray(image.pixel(360, row(image, 100))), 100);
-    EXPECT_LT(qGray(image.pixel(520, row(image, 100) - 1)) + qGray(image.pixel(520, row(image, 100))), 400);
-    // The summing circle passes through (200, 120) and (180, 100).
-    EXPECT_LT(qGray(image.pixel(200, row(image, 120))), 160);
-    EXPECT_LT(qGray(image.pixel(180, row(image, 100))), 160);
-
-    view.newBlockDiagramWithIndex(2);
-    image = render(view, 1000, 200, "block_multirate");
-    expectFrameAndBackground(image);
-    // Filter box 560-640 light blue; up- and downsampler boxes 375-425 and 775-825 light green.
-    EXPECT_TRUE(near(image.pixel(565, row(image, 140)), blue));
-    EXPECT_TRUE(near(image.pixel(380, row(image, 140)), green));
-    EXPECT_TRUE(near(image.pixel(820, row(image, 140)), green));
-    EXPECT_EQ(countColour(image, green, QRect(430, 0, 340, 200)), 0);
-    EXPECT_EQ(countColour(image, blue, QRect(0, 0, 555, 200)), 0);
-    // Title text near (400, 170).
-    EXPECT_GT(countDark(image, QRect(400, row(image, 170) - 18, 140, 18)), 50);
-}
-
-TEST(ViewsRender, KeysAndToolTipsChangeNothing)
-{
-    StubWindow window;
-    window.array = chartarrays::filterResponse(800, -60.0, -30.0, 1.0);
-    GVRViewFiltDesign view;
-    view.setMagPhaseSource(&window);
-    EXPECT_EQ(view.focusPolicy(), Qt::StrongFocus);
-    const QImage before = render(view, 400, 200);
-    for (int key : {Qt::Key_Up, Qt::Key_Plus, Qt::Key_A, Qt::Key_Space}) {
-        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QStringLiteral("a"));
-        QApplication::sendEvent(&view, &press);
-        EXPECT_TRUE(press.isAccepted());
-    }
-    EXPECT_EQ(render(view, 400, 200), before);
-    view.setToolTip(QStringLiteral("should never show"));
-    QHelpEvent help(QEvent::ToolTip, QPoint(10, 10), QPoint(10, 10));
-    EXPECT_TRUE(QApplication::sendEvent(&view, &help));
 }

@@ -197,57 +197,6 @@ TEST_F(DesignFileSheets, OpeningARowNamesTheDesignAndRedesigns)
     EXPECT_EQ(contents("lp300fc25.filt"), "saved");
 }
 
-TEST_F(DesignFileSheets, SheetIsReusedAndRowsRebuiltEachTime)
-{
-    commands->openMenuItem();
-    GVROpenSheet* first = commands->openSheet();
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(first->table()->model()->rowCount(), 0);
-    QTest::mouseClick(first->cancelButton(), Qt::LeftButton);
-    EXPECT_FALSE(first->isVisible());
-
-    writeFile("new.filt");
-    commands->openMenuItem();
-    EXPECT_EQ(commands->openSheet(), first);
-    ASSERT_EQ(commands->openSheetFileArray().size(), 1);
-    EXPECT_EQ(commands->openSheetFileArray().at(0).fileName(), "new.filt");
-    // Return presses the default button.
-    QTest::keyClick(first, Qt::Key_Return);
-    EXPECT_FALSE(first->isVisible());
-    EXPECT_EQ(designer.calls.mid(designer.calls.indexOf("open:new")), QStringList({"open:new", "redesign"}));
-
-    // Once closed, a late Open does nothing.
-    const qsizetype callsBefore = designer.calls.size();
-    commands->openSheetOpen();
-    commands->saveSheetSave();
-    EXPECT_EQ(designer.calls.size(), callsBefore);
-}
-
-TEST_F(DesignFileSheets, OpenWithNoRowsOnlyCloses)
-{
-    folder = lib.root() + "/missing";
-    commands->openMenuItem();
-    GVROpenSheet* sheet = topModal<GVROpenSheet>();
-    ASSERT_NE(sheet, nullptr);
-    EXPECT_EQ(sheet->table()->model()->rowCount(), 0);
-    QTest::mouseClick(sheet->openButton(), Qt::LeftButton);
-    EXPECT_FALSE(sheet->isVisible());
-    EXPECT_EQ(designer.calls, QStringList({"front"}));
-    EXPECT_EQ(window.windowTitle(), "(Untitled)");
-    EXPECT_EQ(commands->currentName(), std::nullopt);
-}
-
-TEST_F(DesignFileSheets, FailedOpenStillTakesTheNameOutsideProjects)
-{
-    writeFile("broken.filt");
-    designer.openAnswer = false;
-    commands->openMenuItem();
-    commands->openSheetOpen();
-    EXPECT_EQ(designer.calls, QStringList({"front", "front", "open:broken", "redesign"}));
-    EXPECT_EQ(window.windowTitle(), "broken");
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-}
-
 TEST_F(DesignFileSheets, SaveOnUntitledAsksForANameAndSaves)
 {
     saveThroughSheet("lowpass", /*saveAs=*/false);
@@ -336,47 +285,6 @@ TEST_F(DesignFileSheets, SaveAsOntoAnExistingFileAsksReplace)
     EXPECT_EQ(window.windowTitle(), "old");
 }
 
-TEST_F(DesignFileSheets, EmptyNameIsInvalid)
-{
-    saveThroughSheet("");
-    QMessageBox* box = topAlert();
-    ASSERT_NE(box, nullptr);
-    EXPECT_EQ(box->text(), "");
-    EXPECT_EQ(box->informativeText(), "The Filename is Invalid");
-    EXPECT_EQ(buttonTexts(box), QStringList({"OK"}));
-    clickButton(box, "OK");
-    EXPECT_EQ(designer.calls, QStringList({"front"}));
-    EXPECT_EQ(window.windowTitle(), "(Untitled)");
-    EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList());
-
-    // A blank is a name like any other.
-    saveThroughSheet(" ");
-    EXPECT_EQ(window.windowTitle(), " ");
-}
-
-TEST_F(DesignFileSheets, TitleFollowsTheNameWhenTheModelRefusesToSave)
-{
-    designer.saveAnswer = false;
-    saveThroughSheet("nothing");
-    EXPECT_EQ(designer.calls, QStringList({"front", "save:nothing"}));
-    EXPECT_EQ(window.windowTitle(), "nothing");
-    EXPECT_EQ(commands->currentName(), "nothing");
-}
-
-TEST_F(DesignFileSheets, NewMakesTheDesignUntitled)
-{
-    saveThroughSheet("named");
-    designer.calls.clear();
-    commands->newMenuItem();
-    EXPECT_EQ(designer.calls, QStringList({"front", "clear"}));
-    EXPECT_EQ(window.windowTitle(), "(Untitled)");
-    EXPECT_EQ(commands->currentName(), std::nullopt);
-    // Untitled again, so Save asks for a name.
-    commands->saveMenuItem();
-    EXPECT_NE(topModal<GVRSaveSheet>(), nullptr);
-    commands->saveSheetCancel();
-}
-
 TEST_F(DesignFileSheets, ProjectRefusesAFileWithAnAlert)
 {
     folder = lib.folder("projectOne");
@@ -414,18 +322,6 @@ TEST_F(DesignFileSheets, ProjectRefusesAFileWithAnAlert)
     commands->openMenuItem();
     EXPECT_TRUE(commands->openSheetFileArray().isEmpty());
     commands->openSheetCancel();
-}
-
-TEST_F(DesignFileSheets, ProjectOpenDesignsAndSetsTheTitle)
-{
-    folder = lib.folder("projectTwo");
-    makeCommands(DesignFileKind::project([this] { return folder; }));
-    writeFile("mr.orvana");
-    commands->openMenuItem();
-    commands->openSheetOpen();
-    EXPECT_EQ(designer.calls, QStringList({"front", "front", "open:mr", "redesign"}));
-    EXPECT_EQ(window.windowTitle(), "mr");
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 // The alert texts of each designer, seen on the alerts themselves.
@@ -490,34 +386,5 @@ INSTANTIATE_TEST_SUITE_P(
             "This Model design has already been saved. Overwriting it will change the original Model "
             "design."}),
     [](const ::testing::TestParamInfo<KindTexts>& info) { return std::string(info.param.label); });
-
-TEST_F(DesignFileSheets, ScreenshotsOfTheSheets)
-{
-    writeFile("lp300fc25.filt");
-    writeFile("bp1k2k.filt");
-    writeFile("hp_quantised.filt");
-    QDir().mkpath(ORVANA_TEST_ARTIFACTS);
-
-    commands->openMenuItem();
-    GVROpenSheet* open = topModal<GVROpenSheet>();
-    ASSERT_NE(open, nullptr);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(open));
-    EXPECT_TRUE(open->grab().save(QString(ORVANA_TEST_ARTIFACTS) + "/open_sheet.png"));
-    commands->openSheetCancel();
-
-    commands->saveAsMenuItem();
-    GVRSaveSheet* save = topModal<GVRSaveSheet>();
-    ASSERT_NE(save, nullptr);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(save));
-    QTest::keyClicks(save->nameField(), "lp300fc25");
-    EXPECT_TRUE(save->grab().save(QString(ORVANA_TEST_ARTIFACTS) + "/save_sheet.png"));
-    QTest::mouseClick(save->saveButton(), Qt::LeftButton);
-
-    QMessageBox* box = topAlert();
-    ASSERT_NE(box, nullptr);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(box));
-    EXPECT_TRUE(box->grab().save(QString(ORVANA_TEST_ARTIFACTS) + "/replace_alert.png"));
-    clickButton(box, "Cancel");
-}
 
 } // namespace

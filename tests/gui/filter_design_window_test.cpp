@@ -179,23 +179,6 @@ TEST_F(FilterDesignWindow, DesignFillsResultsPanelAndChart)
     saveScreenshot(window.get(), "filter_design_window.png");
 }
 
-TEST_F(FilterDesignWindow, BandPassKaiserDesignShowsItsFourResultRows)
-{
-    choose(window->unitsPopUp(), MHz);
-    choose(window->filterTypePopUp(), "Band Pass");
-    choose(window->windowTypePopUp(), "Kaiser");
-    type(window->thetaSamplingField(), "50");
-    type(window->thetaCutoffField(), "3");
-    type(window->thetaCenterField(), "15");
-    type(window->betaUpsilonField(), "4");
-    typeInto(window->filterLengthStepper(), "101");
-    QTest::keyClick(window->betaUpsilonField(), Qt::Key_Return); // Return designs too
-    EXPECT_TRUE(window->viewResult()->hasResults()) << note().toStdString();
-    EXPECT_DOUBLE_EQ(window->filterParameterDictionary().value(KEYFP_FILTER_LENGTH).toDouble(), 101.0);
-    EXPECT_EQ(window->viewResult()->rows().size(), 4);
-    saveScreenshot(window.get(), "filter_design_window_bandpass.png");
-}
-
 TEST_F(FilterDesignWindow, KiloToMegaConvertsFieldsAndDesignsAgain)
 {
     designLowPassKHz();
@@ -227,37 +210,6 @@ TEST_F(FilterDesignWindow, NormalisingAndBackNeedsASamplingFrequency)
     EXPECT_EQ(text(window->thetaCutoffField()), "0.25");
     EXPECT_EQ(note(), "VALID RANGE: fsampling > 0");
     EXPECT_FALSE(window->viewResult()->hasResults());
-}
-
-TEST_F(FilterDesignWindow, NormalisingWithoutASamplingFrequencyKeepsTheCutoff)
-{
-    choose(window->unitsPopUp(), KHz);
-    type(window->thetaCutoffField(), "6");
-    choose(window->unitsPopUp(), Norm);
-    EXPECT_EQ(text(window->thetaCutoffField()), "6");
-    EXPECT_EQ(note(), "VALID RANGE: fcutoff ≤  0.990") << note().toStdString();
-}
-
-TEST_F(FilterDesignWindow, BandPassCentreFollowsTheUnits)
-{
-    choose(window->unitsPopUp(), KHz);
-    choose(window->filterTypePopUp(), "Band Pass");
-    type(window->thetaSamplingField(), "100");
-    type(window->thetaCutoffField(), "5");
-    type(window->thetaCenterField(), "20");
-    choose(window->unitsPopUp(), Norm);
-    EXPECT_EQ(text(window->thetaCutoffField()), "0.1");
-    EXPECT_EQ(text(window->thetaCenterField()), "0.4");
-}
-
-TEST_F(FilterDesignWindow, ChoosingTheSameUnitsChangesNothing)
-{
-    choose(window->unitsPopUp(), KHz);
-    type(window->thetaSamplingField(), "48000");
-    type(window->thetaCutoffField(), "6000");
-    choose(window->unitsPopUp(), KHz);
-    EXPECT_EQ(text(window->thetaSamplingField()), "48000");
-    EXPECT_FALSE(window->viewResult()->hasResults()); // not designed either
 }
 
 TEST_F(FilterDesignWindow, LengthStepperStepsOddAndWraps)
@@ -373,64 +325,6 @@ TEST_F(FilterDesignWindow, SaveThenNewThenOpenGivesTheSameDesignBack)
     ASSERT_EQ(window->viewResult()->rows().size(), savedRows.size());
     for (int i = 0; i < savedRows.size(); ++i)
         EXPECT_EQ(window->viewResult()->rows().at(i).value, savedRows.at(i).value);
-}
-
-TEST_F(FilterDesignWindow, ReplaceAndOverwriteAskFirst)
-{
-    designLowPassKHz();
-    pressShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)); // Save As
-    answerSaveSheet("twice");
-    const QByteArray first = fileContents("twice");
-    ASSERT_FALSE(first.isEmpty());
-
-    // A different design under the same name: Cancel keeps the file.
-    typeInto(window->filterLengthStepper(), "51");
-    QTest::mouseClick(window->designFilterBut(), Qt::LeftButton);
-    window->saveAsMenuItem();
-    answerSaveSheet("twice");
-    QMessageBox* replace = topModal<QMessageBox>();
-    ASSERT_NE(replace, nullptr);
-    EXPECT_EQ(replace->text(), "\"twice\" already exists. Do you want to replace it?");
-    EXPECT_EQ(replace->informativeText(), "A Filter file with the same name already exists. Replacing it "
-                                          "will delete the original Filter design.");
-    clickButton(replace, "Cancel");
-    EXPECT_EQ(fileContents("twice"), first);
-
-    // Save on the named design asks to overwrite; Replace through Save As writes.
-    window->saveMenuItem();
-    QMessageBox* overwrite = topModal<QMessageBox>();
-    ASSERT_NE(overwrite, nullptr);
-    EXPECT_EQ(overwrite->text(), "\"twice\" already exists. Do you want to overwrite its original contents?");
-    clickButton(overwrite, "Cancel");
-    EXPECT_EQ(fileContents("twice"), first);
-    EXPECT_EQ(window->filterFilename(), "twice");
-
-    window->saveAsMenuItem();
-    answerSaveSheet("twice");
-    clickButton(topModal<QMessageBox>(), "Replace");
-    EXPECT_NE(fileContents("twice"), first);
-    EXPECT_EQ(window->windowTitle(), "twice");
-
-    // The saved file holds the 51-tap design.
-    pressShortcut(QKeySequence::New);
-    window->openMenuItem();
-    answerOpenSheet("twice.filt");
-    EXPECT_EQ(window->filterLengthStepper()->value(), 51);
-}
-
-TEST_F(FilterDesignWindow, SaveButtonAndActionsReachTheSameCommands)
-{
-    EXPECT_EQ(window->fileActions().size(), 4);
-    for (QAction* action : window->fileActions()) {
-        EXPECT_EQ(action->shortcutContext(), Qt::WindowShortcut);
-        EXPECT_TRUE(window->actions().contains(action));
-    }
-    QTest::mouseClick(window->saveFilterBut(), Qt::LeftButton);
-    GVRSaveSheet* sheet = topModal<GVRSaveSheet>();
-    ASSERT_NE(sheet, nullptr);
-    QTest::mouseClick(sheet->cancelButton(), Qt::LeftButton);
-    EXPECT_FALSE(sheet->isVisible());
-    EXPECT_EQ(window->windowTitle(), "(Untitled)");
 }
 
 } // namespace

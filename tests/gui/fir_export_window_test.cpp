@@ -122,16 +122,6 @@ TEST_F(FirExportWindow, ListsEveryFilterOfTheLibrary)
     EXPECT_EQ(window->table()->model()->columnCount(), 4);
 }
 
-TEST_F(FirExportWindow, ExportNeedsASelectedRow)
-{
-    QTest::mouseClick(window->exportButton(), Qt::LeftButton);
-    QMessageBox* alert = window->currentAlert();
-    ASSERT_NE(alert, nullptr);
-    EXPECT_EQ(alert->informativeText(), "A Row must first be selected");
-    EXPECT_EQ(window->saveDialog(), nullptr);
-    alert->accept();
-}
-
 TEST_F(FirExportWindow, DoubleFilterIsRefused)
 {
     selectRow(rowOf("bpNormFcp5Fcutp025.filt"));
@@ -222,33 +212,6 @@ TEST_F(FirExportWindow, ExistingFileIsReplacedOnlyOnReplace)
     const auto record = readFilterFile(seeded.library.filterPath("lp300fc25"));
     ASSERT_TRUE(record && record->dfFilterLengthN);
     EXPECT_EQ(text.count(','), qsizetype(*record->dfFilterLengthN) - 1);
-}
-
-TEST_F(FirExportWindow, SortedListExportsTheRowShown)
-{
-    QHeaderView* header = window->table()->horizontalHeader();
-    // Sort by width: the bit widths by their numbers, then "Double".
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
-                      QPoint(header->sectionViewportPosition(FirExportTableModel::WidthColumn) + 5, 5));
-    const auto& rows = window->tableModel()->rows();
-    EXPECT_EQ(rows.last().width, "Double");
-    EXPECT_EQ(rows.first().width, "12-bit");
-    for (int i = 1; i < rows.size(); ++i)
-        EXPECT_LE(QString::compare(rows.at(i - 1).width, rows.at(i).width, Qt::CaseInsensitive), 0);
-
-    const int row = rowOf("bp50fc3fcntr15.filt"); // the one 12-bit sample
-    ASSERT_GE(row, 0);
-    selectRow(row);
-    QTest::mouseClick(window->exportButton(), Qt::LeftButton);
-    ASSERT_NE(chooseInDialog(out.filePath("bp")), nullptr);
-    EXPECT_EQ(window->selectedDotFiltFileName(), "bp50fc3fcntr15.filt");
-    const auto record = readFilterFile(seeded.library.filterPath("bp50fc3fcntr15"));
-    ASSERT_TRUE(record && record->integerCoefficients);
-    EXPECT_EQ(readAll(out.filePath("bp.csv")).count(','), qsizetype(record->integerCoefficients->size()) - 1);
-
-    // The sort holds when the list is rebuilt.
-    seeded.library.announceNewFilterFile();
-    EXPECT_EQ(window->tableModel()->rows().last().width, "Double");
 }
 
 } // namespace

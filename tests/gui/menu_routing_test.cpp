@@ -147,27 +147,6 @@ TEST_F(MenuRouting, FileCommandsGoToTheActiveDesigner)
     EXPECT_TRUE(windowsWithSaveSheet().isEmpty());
 }
 
-TEST_F(MenuRouting, KeyboardShortcutReachesTheActiveDesigner)
-{
-    shell->filterDesign()->showGVRWinFilterDesign();
-    activate(shell->filterDesign());
-    QTest::keyClick(shell->filterDesign(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(windowsWithSaveSheet(), QStringList{"filter"});
-}
-
-TEST_F(MenuRouting, NewOnTheProjectWindowClearsOnlyIt)
-{
-    shell->project()->showGVRWinProjectTwo();
-    shell->project()->multirateLStepper()->setValue(5);
-    shell->filterDesign()->showGVRWinFilterDesign();
-    shell->filterDesign()->thetaCutoffField()->setText("0.2");
-    activate(shell->project());
-    trigger("newAction");
-    EXPECT_EQ(shell->project()->multirateLStepper()->value(), 1);
-    EXPECT_EQ(shell->project()->windowTitle(), "(Untitled)");
-    EXPECT_EQ(shell->filterDesign()->thetaCutoffField()->text(), "0.2");
-}
-
 TEST_F(MenuRouting, WindowMenuOpensEveryWindow)
 {
     trigger("sumAndFilterAction");
@@ -188,27 +167,6 @@ TEST_F(MenuRouting, WindowMenuOpensEveryWindow)
     shell->firExport()->hide();
     trigger("exportAction");
     EXPECT_TRUE(shell->firExport()->isVisible());
-}
-
-TEST_F(MenuRouting, HelpOpensTheManualAndTheWebPages)
-{
-    trigger("manualAction");
-    ASSERT_EQ(opened.size(), 1);
-    ASSERT_TRUE(opened.first().isLocalFile());
-    const QString page = opened.first().toLocalFile();
-    EXPECT_TRUE(page.endsWith("OrvanaUserManual.html"));
-    QFile file(page);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QString html = QString::fromUtf8(file.readAll());
-    EXPECT_TRUE(html.contains("Orvana User Manual"));
-    EXPECT_TRUE(html.contains("Filter Designer"));
-    EXPECT_FALSE(html.contains("## ")); // converted, not raw Markdown
-
-    trigger("orvanaWebsiteAction");
-    trigger("developerWebsiteAction");
-    ASSERT_EQ(opened.size(), 3);
-    EXPECT_EQ(opened.at(1), QUrl("https://orvana.example.org"));
-    EXPECT_EQ(opened.at(2), QUrl("https://orvana.example.org/developers"));
 }
 
 } // namespace

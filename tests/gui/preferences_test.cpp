@@ -92,35 +92,6 @@ TEST_F(Preferences, PanelShowsTheStoreAndWritesAtOnce)
     EXPECT_TRUE(shown.empty());
 }
 
-TEST_F(Preferences, ProjectChoicesExcludeEachOther)
-{
-    auto controller = makeController();
-    controller->setPrefControllerWin();
-    QCheckBox* one = controller->checkbox(W::ProjectOne);
-    QCheckBox* two = controller->checkbox(W::ProjectTwo);
-
-    click(*controller, W::ProjectTwo);
-    EXPECT_TRUE(two->isChecked());
-    EXPECT_TRUE(controller->projectTwoPref());
-    click(*controller, W::ProjectOne);
-    EXPECT_TRUE(one->isChecked());
-    EXPECT_FALSE(two->isChecked());
-    EXPECT_TRUE(settings.value("GVRWinProjectOneKey").toBool());
-    EXPECT_FALSE(settings.value("GVRWinProjectTwoKey").toBool());
-    // Turning one off leaves the other as it is.
-    click(*controller, W::ProjectOne);
-    EXPECT_FALSE(one->isChecked());
-    EXPECT_FALSE(two->isChecked());
-    EXPECT_FALSE(controller->projectOnePref());
-    EXPECT_FALSE(controller->projectTwoPref());
-
-    click(*controller, W::ProjectTwo);
-    shown.clear();
-    controller->showLaunchWindows();
-    EXPECT_EQ(shown.back(), W::ProjectTwo);
-    EXPECT_EQ(std::count(shown.begin(), shown.end(), W::ProjectOne), 0);
-}
-
 TEST_F(Preferences, TheWholeProgramOpensWhatTheStoreSays)
 {
     SeededLibrary seeded;

@@ -92,40 +92,6 @@ TEST_F(SignalDesignWindow, StartsUntitledInMegahertzAndVolts)
     EXPECT_EQ(window->zoomStepper()->toolTip(), "Magnification of Time Domain Signal");
 }
 
-TEST_F(SignalDesignWindow, SymbolsCaptionsAndTipsFollowTheFunction)
-{
-    // Cosine: A fₐ ϕ σ μ.
-    EXPECT_EQ(QStringList({symbol(1), symbol(2), symbol(3), symbol(4), symbol(5), symbol(6)}),
-              QStringList({"A", "fₐ", "ϕ", "σ", "μ", " "}));
-    EXPECT_EQ(QStringList({caption(1), caption(2), caption(3), caption(4), caption(5), caption(6)}),
-              QStringList({"V", "MHz", "Rad", " ", "V", " "}));
-    EXPECT_EQ(parm(1)->toolTip(), "Amplitude of sinusoid");
-    EXPECT_EQ(parm(4)->toolTip(), "Standard of Deviation of the Additive Gaussian Noise (AGN=0 when σ=0)");
-    EXPECT_EQ(parm(6)->toolTip(), "");
-
-    stepTo(1); // two cosines
-    EXPECT_EQ(QStringList({symbol(1), symbol(2), symbol(3), symbol(4), symbol(5), symbol(6)}),
-              QStringList({"A₁", "fₐ₁", "A₂", "fₐ₂", "σ", "μ"}));
-    EXPECT_EQ(QStringList({caption(1), caption(2), caption(3), caption(4), caption(5), caption(6)}),
-              QStringList({"V", "MHz", "V", "MHz", " ", "V"}));
-    EXPECT_EQ(window->viewFuncSignalDesign()->functionIndex(), 1);
-
-    stepTo(2); // sum of cosines
-    EXPECT_EQ(symbol(4), "M");
-    EXPECT_EQ(parm(4)->toolTip(), "Maximum number of distinct sinusoids");
-    stepTo(6); // noise
-    EXPECT_EQ(QStringList({symbol(1), symbol(2), caption(1), caption(2)}), QStringList({"σ", "μ", " ", "V"}));
-    stepTo(8); // rectangle
-    EXPECT_EQ(QStringList({symbol(1), symbol(2), symbol(3), symbol(4)}), QStringList({"A", "τ", "σ", "μ"}));
-    EXPECT_EQ(QStringList({caption(1), caption(2), caption(3), caption(4)}),
-              QStringList({"V", "μS", " ", "V"}));
-    EXPECT_EQ(parm(1)->toolTip(), "Amplitude of rectangle");
-    EXPECT_EQ(parm(2)->toolTip(), "Time at which the amplitude transition occurs");
-    stepTo(10); // sinc squared
-    EXPECT_EQ(QStringList({symbol(1), symbol(2), symbol(3), caption(3)}), QStringList({"β", "σ", "μ", "V"}));
-    EXPECT_EQ(parm(1)->toolTip(), "β=1 for a normalized Sinc function");
-}
-
 TEST_F(SignalDesignWindow, FunctionStepperWrapsAndEmptiesEveryEntry)
 {
     stepTo(10);
@@ -164,29 +130,6 @@ TEST_F(SignalDesignWindow, DesignFillsBothCharts)
     EXPECT_TRUE(note().startsWith("OPTIMAL RATE")) << note().toStdString();
 }
 
-TEST_F(SignalDesignWindow, NoisyTwoToneScreenshot)
-{
-    stepTo(7); // mixer
-    type(window->freqSampField(), "300");
-    typeParms({"1", "25", "0.5", "5", "0.05", "0"});
-    QTest::mouseClick(window->designSignalBut(), Qt::LeftButton);
-    ASSERT_EQ(window->theTimeArray().size(), 16392u) << note().toStdString();
-    saveScreenshot(window.get(), "signal_design_window_mixer.png");
-}
-
-TEST_F(SignalDesignWindow, EmptyFieldsReadAsZero)
-{
-    type(window->freqSampField(), "300");
-    typeParms({"1", "", "-"});
-    QTest::mouseClick(window->designSignalBut(), Qt::LeftButton);
-    const QVariantMap& p = window->signalParameterDictionary();
-    ASSERT_EQ(p.size(), 10);
-    EXPECT_DOUBLE_EQ(p.value(KEYSP_PARM2).toDouble(), 0.0);
-    EXPECT_DOUBLE_EQ(p.value(KEYSP_PARM3).toDouble(), 0.0);
-    EXPECT_EQ(note(), "VALID RANGE: fₐ > 0");
-    EXPECT_TRUE(window->theTimeArray().empty());
-}
-
 TEST_F(SignalDesignWindow, MegaToKiloRescalesRateAndFrequencyOnly)
 {
     type(window->freqSampField(), "300");
@@ -205,27 +148,6 @@ TEST_F(SignalDesignWindow, MegaToKiloRescalesRateAndFrequencyOnly)
     EXPECT_EQ(text(2), "10");
 }
 
-TEST_F(SignalDesignWindow, TwoToneFrequenciesBothRescale)
-{
-    stepTo(4);
-    type(window->freqSampField(), "300");
-    typeParms({"1", "10", "1", "20", "0", "0"});
-    choose(window->freqUnitsPopUp(), KHz);
-    EXPECT_EQ(QStringList({text(2), text(4), text(1), text(3)}), QStringList({"10000", "20000", "1", "1"}));
-}
-
-TEST_F(SignalDesignWindow, RectangleTimeKeepsItsNumberAndChangesCaption)
-{
-    stepTo(8);
-    type(window->freqSampField(), "300");
-    typeParms({"1", "20", "0", "0"});
-    EXPECT_EQ(caption(2), "μS");
-    choose(window->freqUnitsPopUp(), KHz);
-    EXPECT_EQ(window->freqSampField()->text(), "300000");
-    EXPECT_EQ(text(2), "20");
-    EXPECT_EQ(caption(2), "mS");
-}
-
 TEST_F(SignalDesignWindow, VoltsToMillivoltsRescalesAmplitudesAndMeanButNotSigma)
 {
     stepTo(4); // two sines
@@ -239,40 +161,6 @@ TEST_F(SignalDesignWindow, VoltsToMillivoltsRescalesAmplitudesAndMeanButNotSigma
 
     choose(window->voltUnitsPopUp(), V);
     EXPECT_EQ(QStringList({text(1), text(3), text(6)}), QStringList({"1", "0.5", "0.2"}));
-}
-
-TEST_F(SignalDesignWindow, SameUnitAgainChangesNoValueButDesigns)
-{
-    type(window->freqSampField(), "300");
-    typeParms({"1", "10", "0", "0", "0"});
-    ASSERT_TRUE(window->theTimeArray().empty());
-    choose(window->freqUnitsPopUp(), MHz);
-    EXPECT_EQ(window->freqSampField()->text(), "300");
-    EXPECT_EQ(text(2), "10");
-    EXPECT_EQ(window->theTimeArray().size(), 16392u);
-}
-
-TEST_F(SignalDesignWindow, ZoomStepperCaptionAndChart)
-{
-    QSpinBox* zoom = window->zoomStepper();
-    zoom->setFocus();
-    for (int i = 0; i < 4; ++i)
-        QTest::keyClick(zoom, Qt::Key_Up);
-    EXPECT_EQ(zoom->text(), "x256");
-    EXPECT_FLOAT_EQ(window->viewTimeSignalDesign()->zoomFactor(), 256.0f);
-    QTest::keyClick(zoom, Qt::Key_Up); // wraps
-    EXPECT_EQ(zoom->text(), "x1");
-    EXPECT_FLOAT_EQ(window->viewTimeSignalDesign()->zoomFactor(), 1.0f);
-    QTest::keyClick(zoom, Qt::Key_Down);
-    EXPECT_EQ(zoom->text(), "x256");
-
-    // A new function puts the caption back; the chart keeps its zoom until the stepper is used.
-    stepTo(1);
-    EXPECT_EQ(zoom->text(), "x16");
-    EXPECT_FLOAT_EQ(window->viewTimeSignalDesign()->zoomFactor(), 256.0f);
-    zoom->setFocus();
-    QTest::keyClick(zoom, Qt::Key_Up);
-    EXPECT_FLOAT_EQ(window->viewTimeSignalDesign()->zoomFactor(), 32.0f);
 }
 
 TEST_F(SignalDesignWindow, SaveNewOpenRestoresUnitsAndValues)
@@ -322,24 +210,6 @@ TEST_F(SignalDesignWindow, SaveNewOpenRestoresUnitsAndValues)
     choose(window->voltUnitsPopUp(), mV);
     EXPECT_EQ(window->freqSampField()->text(), "300000");
     EXPECT_EQ(text(1), "500");
-}
-
-TEST_F(SignalDesignWindow, FileActionsCarryTheUsualKeys)
-{
-    QStringList keys;
-    for (QAction* action : window->fileActions()) {
-        EXPECT_EQ(action->shortcutContext(), Qt::WindowShortcut);
-        keys << action->shortcut().toString();
-    }
-    EXPECT_EQ(keys, QStringList({"Ctrl+N", "Ctrl+O", "Ctrl+S", "Ctrl+Shift+S"}));
-    activate(window.get());
-    QTest::keySequence(window.get(), QKeySequence(Qt::CTRL | Qt::Key_O));
-    GVROpenSheet* sheet = topModal<GVROpenSheet>();
-    ASSERT_NE(sheet, nullptr);
-    EXPECT_TRUE(sheet->files().isEmpty());
-    QTest::mouseClick(sheet->openButton(), Qt::LeftButton); // nothing to open: just closes
-    EXPECT_FALSE(sheet->isVisible());
-    EXPECT_EQ(window->windowTitle(), "(Untitled)");
 }
 
 } // namespace
