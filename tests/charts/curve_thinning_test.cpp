@@ -112,41 +112,6 @@ TEST(CurveThinning, DenseNoisyCurveKeepsItsPixels)
     }
 }
 
-TEST(CurveThinning, SmoothAndSparseCurvesStayPut)
-{
-    // A slow sine at 2 points per pixel, and a sparse zig-zag at 5 pixels per point.
-    std::vector<double> slow(1200);
-    for (std::size_t i = 0; i < slow.size(); ++i)
-        slow[i] = 100.0 + 80.0 * std::sin(double(i) * 0.01);
-    std::vector<double> zigzag(120);
-    for (std::size_t i = 0; i < zigzag.size(); ++i)
-        zigzag[i] = i % 2 ? 30.0 : 170.0;
-    for (const auto& [ys, spacing] : {std::pair{slow, 0.5}, std::pair{zigzag, 5.0}}) {
-        const QVector<QLineF> full = curveOf(ys, spacing);
-        const ThinCurve thin = thinCurveForPixels(full, 2.0);
-        EXPECT_TRUE(thin.columns.isEmpty());
-        const QImage a = paint(full);
-        const QImage b = paint(thin);
-        EXPECT_LT(strayPixels(a, b), darkPixels(a) / 200 + 2);
-        EXPECT_LT(strayPixels(b, a), darkPixels(a) / 200 + 2);
-    }
-    // The zig-zag has nothing to merge.
-    EXPECT_EQ(thinCurveForPixels(curveOf(zigzag, 5.0), 2.0).segments.size(), 119);
-}
-
-TEST(CurveThinning, StraightRunsBecomeOneSegment)
-{
-    std::vector<double> ys(2048, 50.0);
-    for (std::size_t i = 1024; i < ys.size(); ++i)
-        ys[i] = 150.0 - 0.1 * double(i - 1024);
-    const QVector<QLineF> thin = thinCurveForPixels(curveOf(ys, 0.25), 2.0).segments;
-    // A flat run, the step, a straight slope.
-    ASSERT_EQ(thin.size(), 3);
-    EXPECT_EQ(thin[0].p1(), QPointF(0.0, 50.0));
-    EXPECT_EQ(thin[0].p2(), QPointF(1023 * 0.25, 50.0));
-    EXPECT_EQ(thin[2].p2(), QPointF(2047 * 0.25, 150.0 - 0.1 * 1023));
-}
-
 TEST(CurveThinning, GapsStayGaps)
 {
     QVector<QLineF> segments = curveOf({10, 20, 30, 40}, 10.0);

@@ -26,15 +26,6 @@ int horizontalLines(const ChartScene& scene)
 
 } // namespace
 
-TEST(FilterChartLayout, EmptyArrayDrawsOnlyTheFrame)
-{
-    const ChartScene scene = layoutFilterChart({}, 0, QStringLiteral("Norm"), kW, kH);
-    EXPECT_FALSE(scene.hasData);
-    EXPECT_TRUE(scene.curve.isEmpty());
-    EXPECT_TRUE(scene.gridLines.isEmpty());
-    EXPECT_TRUE(scene.labels.isEmpty());
-}
-
 TEST(FilterChartLayout, MagnitudeAxisForMinus97dB)
 {
     auto a = chartarrays::filterResponse(600, -97.3, -20.0, 1.0);
@@ -104,22 +95,6 @@ TEST(FilterChartLayout, KilohertzAxisStepsOfFive)
     // 25 KHz lies beyond the right edge and is not drawn.
     EXPECT_EQ(texts.mid(7), QStringList({"5.00", "10.00", "15.00", "20.00", "0 KHz"}));
     EXPECT_NEAR(scene.gridLines[7].x1(), kW * 5.0f / 24.0f, 1e-3);
-}
-
-TEST(FilterChartLayout, NonFiniteValuesAreSkippedNotDrawn)
-{
-    auto a = chartarrays::filterResponse(600, -60.0, -20.0, 1.0);
-    a[8 + 100] = std::numeric_limits<double>::quiet_NaN();
-    a[8 + 500] = std::numeric_limits<double>::infinity();
-    a[8 + 1500] = -1e300;
-    const ChartScene scene = layoutFilterChart(a, filterchart::kMagnitude, QStringLiteral("Norm"), kW, kH);
-    // Each bad point removes the two segments that touch it.
-    EXPECT_EQ(scene.curve.size(), 2047 - 6);
-    for (const QLineF& segment : scene.curve) {
-        EXPECT_TRUE(std::isfinite(segment.y1()) && std::isfinite(segment.y2()));
-        EXPECT_GE(segment.y1(), -4.0);
-        EXPECT_LE(segment.y1(), kH + 4.0);
-    }
 }
 
 TEST(FilterChartLayout, AbsurdHeadersStayBounded)

@@ -70,29 +70,3 @@ TEST(ViewResults, TakesOnlySixEntryDictionaries)
     panel.displayFilterDesignResults(seven);
     EXPECT_EQ(panel.rows()[0].value, "0.200 Norm");
 }
-
-TEST(ViewResults, UnitsAndTypeReformatWithoutConverting)
-{
-    GVRViewResults panel;
-    panel.resize(360, 125);
-    panel.displayFilterDesignResults(sixResults(0.24531, 0.75469, 0.50938, 0.0123));
-    panel.setFilterType(1);
-    panel.setFreqUnits(2);
-    auto rows = panel.rows();
-    ASSERT_EQ(rows.size(), 4);
-    EXPECT_EQ(rows[1].value, "0.755 MHz");
-
-    // A low-pass pass zeroes the upper point; switching back shows 0.000.
-    panel.setFilterType(0);
-    QImage image(panel.size(), QImage::Format_ARGB32);
-    panel.render(&image);
-    panel.setFilterType(1);
-    rows = panel.rows();
-    EXPECT_EQ(rows[1].value, "0.000 MHz");
-    EXPECT_EQ(rows[0].value, "0.245 MHz");
-
-    panel.clearDisplay();
-    panel.setFreqUnits(1);
-    EXPECT_FALSE(panel.hasResults());
-    EXPECT_TRUE(panel.rows().isEmpty());
-}

@@ -72,29 +72,6 @@ TEST(TimeChartLayout, AmplitudeGridIsSymmetric)
     EXPECT_EQ(scene.verticalStep->count, 3);
 }
 
-TEST(TimeChartLayout, ProjectHalvesReadTheirOwnHeaderAndSamples)
-{
-    const auto input = chartarrays::signalTime(1.0, 1.0, 64.0, 0, 0);
-    const auto output = chartarrays::signalTime(2.0, -2.0, 32.0, 1, 0);
-    std::vector<double> project(32784, 0.0);
-    std::copy(input.begin(), input.begin() + 8, project.begin());
-    std::copy(output.begin(), output.begin() + 8, project.begin() + 8);
-    std::copy(input.begin() + 8, input.end(), project.begin() + 16);
-    std::copy(output.begin() + 8, output.end(), project.begin() + 16400);
-
-    const ChartScene in = layoutTimeChart(project, 0, 16, 16.0f, kW, kH);
-    const ChartScene out = layoutTimeChart(project, 8, 16400, 16.0f, kW, kH);
-    EXPECT_TRUE(labelTexts(in).contains("0 V"));
-    EXPECT_TRUE(labelTexts(out).contains("0 mV"));
-    // fs 2 MHz at zoom 16: T = 512 μs, step 50 with 11 divisions.
-    EXPECT_EQ(out.horizontalStep->step, 50.0f);
-    // Input sample 16 is the crest of +sin; output sample 8 the trough of -2 sin.
-    EXPECT_GT(in.curve[16].y1(), 0.5f * kH);
-    EXPECT_LT(out.curve[8].y1(), 0.5f * kH);
-    EXPECT_GT(out.curve[24].y1(), 0.5f * kH);
-    EXPECT_EQ(out.curve.size(), 1024);
-}
-
 TEST(TimeChartLayout, BadDataNeverRunsAway)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();

@@ -197,67 +197,6 @@ TEST_F(DesignFileSheets, OpeningARowNamesTheDesignAndRedesigns)
     EXPECT_EQ(contents("lp300fc25.filt"), "saved");
 }
 
-TEST_F(DesignFileSheets, SaveOnUntitledAsksForANameAndSaves)
-{
-    saveThroughSheet("lowpass", /*saveAs=*/false);
-    EXPECT_EQ(designer.calls, QStringList({"front", "save:lowpass"}));
-    EXPECT_EQ(window.windowTitle(), "lowpass");
-    EXPECT_EQ(contents("lowpass.filt"), "saved");
-
-    // The name field is emptied each time the sheet comes up.
-    commands->saveAsMenuItem();
-    GVRSaveSheet* sheet = topModal<GVRSaveSheet>();
-    ASSERT_NE(sheet, nullptr);
-    EXPECT_EQ(sheet->nameField()->text(), "");
-    EXPECT_TRUE(sheet->saveButton()->isDefault());
-    QTest::keyClicks(sheet->nameField(), "other");
-    QTest::mouseClick(sheet->cancelButton(), Qt::LeftButton);
-    EXPECT_FALSE(sheet->isVisible());
-    EXPECT_EQ(window.windowTitle(), "lowpass");
-    EXPECT_FALSE(QFile::exists(QDir(folder).filePath("other.filt")));
-
-    // Return in the field saves.
-    commands->saveAsMenuItem();
-    EXPECT_EQ(sheet->nameField()->text(), "");
-    QTest::keyClicks(sheet->nameField(), "typed");
-    QTest::keyClick(sheet->nameField(), Qt::Key_Return);
-    EXPECT_EQ(window.windowTitle(), "typed");
-    EXPECT_EQ(contents("typed.filt"), "saved");
-}
-
-TEST_F(DesignFileSheets, SaveOnNamedDesignAsksOverwrite)
-{
-    saveThroughSheet("bp");
-    designer.calls.clear();
-    QFile::remove(QDir(folder).filePath("bp.filt"));
-
-    commands->saveMenuItem();
-    QMessageBox* box = topAlert();
-    ASSERT_NE(box, nullptr);
-    EXPECT_EQ(buttonTexts(box), QStringList({"Cancel", "Overwrite"}));
-    EXPECT_EQ(box->defaultButton()->text(), "Overwrite");
-    clickButton(box, "Cancel");
-    EXPECT_TRUE(designer.calls.isEmpty());
-    EXPECT_FALSE(QFile::exists(QDir(folder).filePath("bp.filt")));
-    EXPECT_EQ(commands->currentName(), "bp");
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-
-    // Escape is Cancel too.
-    commands->saveMenuItem();
-    box = topAlert();
-    ASSERT_NE(box, nullptr);
-    QTest::keyClick(box, Qt::Key_Escape);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(designer.calls.isEmpty());
-
-    commands->saveMenuItem();
-    box = topAlert();
-    ASSERT_NE(box, nullptr);
-    clickButton(box, "Overwrite");
-    EXPECT_EQ(designer.calls, QStringList({"save:bp"}));
-    EXPECT_EQ(contents("bp.filt"), "saved");
-}
-
 TEST_F(DesignFileSheets, SaveAsOntoAnExistingFileAsksReplace)
 {
     saveThroughSheet("keep");

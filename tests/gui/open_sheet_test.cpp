@@ -98,28 +98,3 @@ TEST(DesignFileListing, ListsOnlyFilesWithTheExtension)
     EXPECT_TRUE(designFilesInFolder(lib.root() + "/missing", ".filt").isEmpty());
     EXPECT_TRUE(designFilesInFolder(QString(), ".filt").isEmpty());
 }
-
-TEST(OpenSheet, ShowsRowsInGivenOrderWithRowZeroSelected)
-{
-    QWidget window;
-    window.show();
-    GVROpenSheet sheet(&window);
-    EXPECT_EQ(sheet.windowModality(), Qt::WindowModal);
-    EXPECT_TRUE(sheet.openButton()->isDefault());
-    EXPECT_EQ(sheet.openButton()->text(), "Open");
-    EXPECT_EQ(sheet.cancelButton()->text(), "Cancel");
-
-    sheet.setFiles({{"b.filt", "Mar 5, 2010, 4:07 PM"}, {"a.filt", "Feb 1, 2020, 9:00 AM"}});
-    sheet.open();
-    QAbstractItemModel* model = sheet.table()->model();
-    EXPECT_EQ(model->headerData(0, Qt::Horizontal).toString(), "Name");
-    EXPECT_EQ(model->headerData(1, Qt::Horizontal).toString(), "Date");
-    ASSERT_EQ(model->rowCount(), 2);
-    EXPECT_EQ(model->index(0, 0).data().toString(), "b.filt");
-    EXPECT_EQ(model->index(0, 1).data().toString(), "Mar 5, 2010, 4:07 PM");
-    EXPECT_EQ(sheet.selectedRow(), 0);
-
-    sheet.setFiles({});
-    EXPECT_EQ(model->rowCount(), 0);
-    EXPECT_EQ(sheet.selectedRow(), std::nullopt);
-}

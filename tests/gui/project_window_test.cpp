@@ -160,33 +160,6 @@ TEST_F(ProjectWindow, MultirateWithTheAutomaticFilter)
     EXPECT_TRUE(window->filterLabel()->isVisible());
 }
 
-TEST_F(ProjectWindow, MismatchedRatesGiveTheErrorAndKeepTheCharts)
-{
-    show(1);
-    choose(window->signalOnePopUp(), "Cos1MHz"); // 20 MHz
-    choose(window->signalTwoPopUp(), "Cos35Fs300");
-    choose(window->filterPopUp(), "lp300fc25");
-    design();
-    EXPECT_EQ(window->noteField()->text(), kSumRateError);
-    EXPECT_TRUE(window->theTimeArray().empty());
-    EXPECT_FALSE(window->projectModel().validResultsFlag());
-
-    // A good design, then a bad one: the good arrays stay.
-    choose(window->signalOnePopUp(), "Cos10M3Fs300");
-    design();
-    EXPECT_EQ(window->noteField()->text(), QString());
-    const std::vector<double> good = window->theTimeArray();
-    ASSERT_EQ(good.size(), 32784u);
-    choose(window->signalTwoPopUp(), "Cos1MHz");
-    design();
-    EXPECT_EQ(window->noteField()->text(), kSumRateError);
-    EXPECT_EQ(window->theTimeArray(), good);
-    // A signal left out (sign 0) is not checked.
-    choose(window->signalTwoSignPopUp(), "0");
-    design();
-    EXPECT_EQ(window->noteField()->text(), QString());
-}
-
 TEST_F(ProjectWindow, SaveThenOpenThroughTheSheets)
 {
     show(2);
@@ -243,50 +216,6 @@ TEST_F(ProjectWindow, SaveThenOpenThroughTheSheets)
     EXPECT_EQ(alert->text(),
               "\"ThreeHalves\" already exists. Do you want to overwrite its original contents?");
     alert->reject();
-}
-
-TEST_F(ProjectWindow, ProjectWhoseFilterIsGoneIsRefused)
-{
-    show(1);
-    // The sample project names lp300fc25.
-    ASSERT_TRUE(QFile::remove(seeded.library.filterPath("lp300fc25")));
-    seeded.library.announceNewFilterFile();
-    choose(window->signalOnePopUp(), "Cos1MHz");
-    window->openMenuItem();
-    GVROpenSheet* open = window->fileCommands()->openSheet();
-    ASSERT_NE(open, nullptr);
-    ASSERT_EQ(open->files().size(), 1);
-    EXPECT_EQ(open->files().first().fileName(), "Cos10M3andCos35.orvana");
-    open->selectRow(0);
-    QTest::mouseClick(open->openButton(), Qt::LeftButton);
-
-    QMessageBox* alert = window->fileCommands()->currentAlert();
-    ASSERT_NE(alert, nullptr);
-    EXPECT_EQ(alert->informativeText(),
-              "This Project File Contains Erroneous Information and Cannot be Opened");
-    alert->accept();
-    EXPECT_EQ(window->windowTitle(), "(Untitled)");
-    EXPECT_EQ(window->signalOnePopUp()->currentText(), "Cos1MHz");
-}
-
-TEST_F(ProjectWindow, SampleProjectsOpenAndDesign)
-{
-    for (int mode : {1, 2}) {
-        show(mode);
-        window->openMenuItem();
-        GVROpenSheet* open = window->fileCommands()->openSheet();
-        ASSERT_NE(open, nullptr);
-        ASSERT_EQ(open->files().size(), 1);
-        open->selectRow(0);
-        QTest::mouseClick(open->openButton(), Qt::LeftButton);
-        EXPECT_EQ(window->noteField()->text(), QString());
-        ASSERT_EQ(window->theTimeArray().size(), 32784u) << mode;
-        EXPECT_DOUBLE_EQ(window->theTimeArray()[8], mode == 1 ? 300.0 : 450.0);
-    }
-    EXPECT_EQ(window->windowTitle(), "multirateUser300to450");
-    EXPECT_EQ(window->filterPopUp()->currentText(), "lpNormfcp333");
-    EXPECT_TRUE(window->userFilterButton()->isChecked());
-    EXPECT_TRUE(window->filterPopUp()->isVisible());
 }
 
 } // namespace
