@@ -153,29 +153,3 @@ TEST(FrequencyResponse, LowerHalfEqualsTheFullResponse)
         }
     }
 }
-
-TEST(FrequencyResponse, EveryVectorWidthAgrees)
-{
-    // Each width is its own compiled code; they differ at most by fused multiply-adds.
-    using vector_dispatch::Width;
-    const std::vector<double> c = design(255, 0.2, kFilterBandPass, 0.5, kWindowKaiser, 5.0);
-    const auto respondAt = [&](Width width) {
-        vector_dispatch::capWidth(width);
-        std::vector<double> dB(kResponseHalf), phase(kResponseHalf), U(kResponseHalf);
-        fftFilterHalf(c, dB, phase);
-        unwrapPhase(phase, dB, U);
-        vector_dispatch::capWidth(Width::Bytes64);
-        return std::make_tuple(dB, phase, U);
-    };
-    const auto [dB16, phase16, U16] = respondAt(Width::Bytes16);
-    for (Width width : {Width::Bytes32, Width::Bytes64}) {
-        if (vector_dispatch::widest() < width)
-            continue;
-        const auto [dB, phase, U] = respondAt(width);
-        for (std::size_t k = 0; k < kResponseHalf; ++k) {
-            ASSERT_NEAR(dB[k], dB16[k], 1e-12 * std::max(1.0, std::fabs(dB16[k]))) << k;
-            ASSERT_NEAR(phase[k], phase16[k], 1e-14) << k;
-            ASSERT_NEAR(U[k], U16[k], 1e-12) << k;
-        }
-    }
-}

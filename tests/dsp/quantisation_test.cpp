@@ -125,33 +125,3 @@ TEST(Symmetry, Codes)
         q[i] = 3;
     EXPECT_EQ(verifySymmetry(13, c, q), kSymmetryPositive);
 }
-
-TEST(Quantisation, EveryVectorWidthRoundsAlike)
-{
-    // Integers leave no room for rounding differences: each width's code must give the reference.
-    using vector_dispatch::Width;
-    std::vector<double> c(251);
-    for (std::size_t n = 0; n < c.size(); ++n)
-        c[n] = std::sin(0.37 * static_cast<double>(n)) * std::exp(-0.01 * static_cast<double>(n));
-    c[7] = 1.0;             // full scale
-    c[8] = exactSteps(2.5); // halves, both signs
-    c[9] = -exactSteps(2.5);
-    c[10] = -1e9; // saturates
-    c[11] = std::numeric_limits<double>::quiet_NaN();
-    c[250] = exactSteps(-0.5); // in the scalar tail
-    const double cmax = 1.0, fullScale = 127.0;
-    for (const Width width : {Width::Bytes16, Width::Bytes32, Width::Bytes64}) {
-        if (vector_dispatch::widest() < width)
-            continue;
-        vector_dispatch::capWidth(width);
-        const Quantised r = quantise(13, c);
-        vector_dispatch::capWidth(Width::Bytes64);
-        for (std::size_t n = 0; n < c.size(); ++n) {
-            const double t = std::round(c[n] / cmax * fullScale);
-            const std::int32_t want = std::isnan(t)       ? 0
-                                      : t < -2147483648.0 ? std::numeric_limits<std::int32_t>::min()
-                                                          : static_cast<std::int32_t>(t);
-            ASSERT_EQ(r.q[n], want) << "width " << static_cast<int>(width) << " n " << n;
-        }
-    }
-}

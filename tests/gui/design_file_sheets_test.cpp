@@ -197,33 +197,6 @@ TEST_F(DesignFileSheets, OpeningARowNamesTheDesignAndRedesigns)
     EXPECT_EQ(contents("lp300fc25.filt"), "saved");
 }
 
-TEST_F(DesignFileSheets, SaveAsOntoAnExistingFileAsksReplace)
-{
-    saveThroughSheet("keep");
-    writeFile("old.filt");
-    designer.calls.clear();
-
-    saveThroughSheet("old");
-    QMessageBox* box = topAlert();
-    ASSERT_NE(box, nullptr);
-    EXPECT_EQ(box->text(), "\"old\" already exists. Do you want to replace it?");
-    EXPECT_EQ(buttonTexts(box), QStringList({"Cancel", "Replace"}));
-    EXPECT_EQ(box->defaultButton()->text(), "Replace");
-    clickButton(box, "Cancel");
-    EXPECT_EQ(designer.calls, QStringList({"front"}));
-    EXPECT_EQ(contents("old.filt"), "old");
-    EXPECT_EQ(commands->currentName(), "keep");
-    EXPECT_EQ(window.windowTitle(), "keep");
-
-    saveThroughSheet("old");
-    box = topAlert();
-    ASSERT_NE(box, nullptr);
-    clickButton(box, "Replace");
-    EXPECT_EQ(designer.calls, QStringList({"front", "front", "save:old"}));
-    EXPECT_EQ(contents("old.filt"), "saved");
-    EXPECT_EQ(window.windowTitle(), "old");
-}
-
 TEST_F(DesignFileSheets, ProjectRefusesAFileWithAnAlert)
 {
     folder = lib.folder("projectOne");

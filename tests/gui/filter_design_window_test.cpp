@@ -80,40 +80,6 @@ protected:
     std::unique_ptr<GVRWinFilterDesign> window;
 };
 
-TEST_F(FilterDesignWindow, DesignFillsResultsPanelAndChart)
-{
-    const QImage emptyChart = snapshot(window->viewFiltDesign());
-    EXPECT_FALSE(window->viewResult()->hasResults());
-
-    designLowPassKHz();
-
-    EXPECT_TRUE(window->viewResult()->hasResults());
-    EXPECT_EQ(window->theMagPhaseArray().size(), 4104u);
-    const QVariantMap& p = window->filterParameterDictionary();
-    EXPECT_EQ(p.size(), 9);
-    EXPECT_EQ(p.value(KEYFP_UNITS).toInt(), KHz);
-    EXPECT_DOUBLE_EQ(p.value(KEYFP_SAMPLING_FREQ).toDouble(), 48000.0);
-    EXPECT_DOUBLE_EQ(p.value(KEYFP_CUTOFF_FREQ).toDouble(), 6000.0);
-    EXPECT_DOUBLE_EQ(p.value(KEYFP_FILTER_LENGTH).toDouble(), 25.0);
-    EXPECT_DOUBLE_EQ(window->filterDesignModel().thetaCutoffFreqNormalized(), 0.25);
-    // A low pass panel: rows with values in KHz.
-    const auto rows = window->viewResult()->rows();
-    ASSERT_FALSE(rows.isEmpty());
-    bool kiloHertz = false;
-    for (const auto& row : rows)
-        kiloHertz = kiloHertz || row.caption.contains("KHz") || row.value.contains("KHz");
-    EXPECT_TRUE(kiloHertz);
-    EXPECT_NE(snapshot(window->viewFiltDesign()), emptyChart);
-
-    // The phase response is another picture of the same design.
-    const QImage magnitude = snapshot(window->viewFiltDesign());
-    choose(window->chartTypePopUp(), "Phase");
-    EXPECT_EQ(window->viewFiltDesign()->chartType(), 1);
-    EXPECT_EQ(window->viewFiltDesign()->freqUnitsString(), "KHz");
-    EXPECT_NE(snapshot(window->viewFiltDesign()), magnitude);
-    choose(window->chartTypePopUp(), "Magnitude");
-}
-
 TEST_F(FilterDesignWindow, KiloToMegaConvertsFieldsAndDesignsAgain)
 {
     designLowPassKHz();

@@ -119,47 +119,6 @@ TEST_F(ProjectWindow, SumAndFilterOfTheSamplesDrawsInputAndOutput)
     EXPECT_GT(countPixels(window->viewProjTime(), chartcolors::timeGraph()), 50);
 }
 
-TEST_F(ProjectWindow, MultirateWithTheAutomaticFilter)
-{
-    show(2);
-    EXPECT_EQ(window->viewBlockDiagram()->blockDiagramIndex(), 2);
-    EXPECT_TRUE(window->autoFilterButton()->isChecked());
-    EXPECT_FALSE(window->filterPopUp()->isVisible());
-    EXPECT_FALSE(window->filterLabel()->isVisible());
-    EXPECT_TRUE(window->multirateLStepper()->isVisible());
-    EXPECT_EQ(window->graphPopUp()->itemText(0), "Input: x[n]");
-    EXPECT_EQ(window->graphPopUp()->itemText(1), "Output: y[k]");
-
-    choose(window->signalOnePopUp(), "Cos35Fs300");
-    choose(window->signalTwoPopUp(), "Cos10M3Fs300");
-    QTest::keyClick(window->multirateLStepper(), Qt::Key_Up);
-    QTest::keyClick(window->multirateLStepper(), Qt::Key_Up);
-    QTest::keyClick(window->multirateMStepper(), Qt::Key_Up);
-    EXPECT_EQ(window->multirateLStepper()->value(), 3);
-    EXPECT_EQ(window->multirateMStepper()->value(), 2);
-    design();
-
-    EXPECT_EQ(window->noteField()->text(), QString());
-    const QVariantMap& p = window->projectParameterDictionary();
-    EXPECT_EQ(p.value(KEYMOD_BLOCK_DIAGRAM).toInt(), 2);
-    EXPECT_EQ(p.value(KEYMOD_MULTIRATE_L).toInt(), 3);
-    EXPECT_EQ(p.value(KEYMOD_MULTIRATE_M).toInt(), 2);
-    EXPECT_EQ(p.value(KEYMOD_MULTIRATE_FILT).toInt(), 1);
-    const std::vector<double> time = window->theTimeArray();
-    ASSERT_EQ(time.size(), 32784u);
-    EXPECT_DOUBLE_EQ(time[0], 300.0);
-    EXPECT_DOUBLE_EQ(time[8], 450.0); // 300 · 3 / 2
-    choose(window->graphPopUp(), "Output: y[k]");
-    EXPECT_GT(countPixels(window->viewProjTime(), chartcolors::timeGraph()), 50);
-    EXPECT_GT(countPixels(window->viewProjFreq(), chartcolors::magSpectrum()), 20);
-
-    // The user's filter brings its list back.
-    QTest::mouseClick(window->userFilterButton(), Qt::LeftButton, {}, QPoint(5, 5));
-    EXPECT_TRUE(window->userFilterButton()->isChecked());
-    EXPECT_TRUE(window->filterPopUp()->isVisible());
-    EXPECT_TRUE(window->filterLabel()->isVisible());
-}
-
 TEST_F(ProjectWindow, SaveThenOpenThroughTheSheets)
 {
     show(2);

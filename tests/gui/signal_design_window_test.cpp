@@ -76,27 +76,6 @@ protected:
     std::unique_ptr<GVRWinSignalDesign> window;
 };
 
-TEST_F(SignalDesignWindow, DesignFillsBothCharts)
-{
-    const QImage emptyTime = snapshot(window->viewTimeSignalDesign());
-    const QImage emptyFreq = snapshot(window->viewFreqSignalDesign());
-    type(window->freqSampField(), "300");
-    typeParms({"1", "10", "0", "0", "0"});
-    QTest::mouseClick(window->designSignalBut(), Qt::LeftButton);
-    EXPECT_EQ(window->theTimeArray().size(), 16392u) << note().toStdString();
-    EXPECT_EQ(window->theFreqArray().size(), 8200u);
-    EXPECT_EQ(window->signalParameterDictionary().size(), 10);
-    EXPECT_DOUBLE_EQ(window->signalParameterDictionary().value(KEYSP_FREQ_SAMP).toDouble(), 300.0);
-    EXPECT_NE(snapshot(window->viewTimeSignalDesign()), emptyTime);
-    EXPECT_NE(snapshot(window->viewFreqSignalDesign()), emptyFreq);
-    EXPECT_EQ(note(), "");
-
-    // Too slow a rate for fₐ: the model's notice.
-    type(window->freqSampField(), "50");
-    QTest::keyClick(window->freqSampField(), Qt::Key_Return);
-    EXPECT_TRUE(note().startsWith("OPTIMAL RATE")) << note().toStdString();
-}
-
 TEST_F(SignalDesignWindow, MegaToKiloRescalesRateAndFrequencyOnly)
 {
     type(window->freqSampField(), "300");
@@ -113,21 +92,6 @@ TEST_F(SignalDesignWindow, MegaToKiloRescalesRateAndFrequencyOnly)
     choose(window->freqUnitsPopUp(), MHz);
     EXPECT_EQ(window->freqSampField()->text(), "300");
     EXPECT_EQ(text(2), "10");
-}
-
-TEST_F(SignalDesignWindow, VoltsToMillivoltsRescalesAmplitudesAndMeanButNotSigma)
-{
-    stepTo(4); // two sines
-    type(window->freqSampField(), "300");
-    typeParms({"1", "10", "0.5", "20", "0.1", "0.2"});
-    choose(window->voltUnitsPopUp(), mV);
-    EXPECT_EQ(QStringList({text(1), text(3), text(6)}), QStringList({"1000", "500", "200"}));
-    EXPECT_EQ(QStringList({text(2), text(4), text(5)}), QStringList({"10", "20", "0.1"}));
-    EXPECT_EQ(QStringList({caption(1), caption(3), caption(6)}), QStringList({"mV", "mV", "mV"}));
-    EXPECT_EQ(window->previousVoltUnitsSelected(), mV);
-
-    choose(window->voltUnitsPopUp(), V);
-    EXPECT_EQ(QStringList({text(1), text(3), text(6)}), QStringList({"1", "0.5", "0.2"}));
 }
 
 TEST_F(SignalDesignWindow, SaveNewOpenRestoresUnitsAndValues)
