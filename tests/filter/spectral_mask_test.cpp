@@ -75,8 +75,9 @@ TEST(SpectralMask, EachFilterTypeStaysInsideItsMask)
         for (std::size_t k = 0; k < 2048; ++k) {
             const double theta = static_cast<double>(k) / 2048.0;
             const double dB = directDecibels(c, k);
-            if (dB > -110.0)
+            if (dB > -110.0) {
                 ASSERT_NEAR(plotted[8 + k], dB, 1e-3) << "θ " << theta;
+            }
             if (inside(m.pass, theta)) {
                 ASSERT_NEAR(dB, 0.0, 0.01) << "θ " << theta;
                 ++passPoints;
