@@ -6,10 +6,13 @@ set -euo pipefail
 packages=(
   cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-base-dev-tools libgl-dev
-  libfftw3-dev libplist-dev
+  libfftw3-dev libplist-dev libliquid-dev
   libgtest-dev
   python3 python3-numpy python3-scipy
-  xvfb xauth fonts-urw-base35
+  xvfb xauth x11-utils fonts-urw-base35
+  qt6-svg-dev
+  help2man desktop-file-utils appstream libxml2-utils shared-mime-info
+  dpkg-dev file man-db lintian
 )
 
 missing=()

@@ -6,6 +6,7 @@
 #include "shell/sample_designs.h"
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QLocale>
 
 #include <cmath>
@@ -30,6 +31,30 @@ std::optional<double> parseNumber(const QString& text)
     return v;
 }
 
+namespace {
+QString& commandName()
+{
+    static QString name = QStringLiteral("orvana-cli");
+    return name;
+}
+} // namespace
+
+void setCommandName(const QString& name)
+{
+    commandName() = name;
+}
+
+QString helpText(const QCommandLineParser& parser)
+{
+    QString text = parser.helpText();
+    // Qt names the program by argv[0], which may be a long path.
+    const QString program = QCoreApplication::arguments().value(0);
+    const QString usage = QStringLiteral("Usage: ");
+    if (!program.isEmpty() && text.startsWith(usage + program))
+        text.replace(usage.size(), program.size(), commandName());
+    return text;
+}
+
 std::optional<int> parseVerbArguments(QCommandLineParser& parser, const QStringList& args,
                                       Positionals positionals)
 {
@@ -38,11 +63,11 @@ std::optional<int> parseVerbArguments(QCommandLineParser& parser, const QStringL
         QString message = parser.errorText();
         if (parsed)
             message = QStringLiteral("Unexpected argument: %1").arg(parser.positionalArguments().join(' '));
-        printErr(message + QLatin1Char('\n') + parser.helpText());
+        printErr(message + QLatin1Char('\n') + helpText(parser));
         return Usage;
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        printOut(parser.helpText());
+        printOut(helpText(parser));
         return Designed;
     }
     return std::nullopt;

@@ -43,6 +43,12 @@ QCommandLineOption libraryOption();
 // in without replacing anything. Problems are printed as warnings.
 DesignLibrary& prepareCliLibrary(const QString& verb, const QString& optionValue);
 
+// The help text of a verb's parser with the usage line naming the command as
+// typed ("Usage: orvana-cli filter [options]") rather than the binary's path.
+QString helpText(const QCommandLineParser& parser);
+// What the usage line names; main sets it to "orvana-cli <verb>".
+void setCommandName(const QString& name);
+
 void printOut(const QString& text);
 void printOut(const std::string& text);
 void printErr(const QString& text);

@@ -4,9 +4,9 @@
 #include "cli/verbs.h"
 
 #include "archive/filter_archive.h"
-#include "project/fir_export_model.h"
 #include "library/design_library.h"
 #include "library/library_design_source.h"
+#include "project/fir_export_model.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -30,7 +30,7 @@ int runExport(const QStringList& args)
     const QStringList positional = parser.positionalArguments();
     if (positional.size() != 2) {
         printErr(QStringLiteral("orvana-cli export: give a filter design name and an output file.\n") +
-                 parser.helpText());
+                 helpText(parser));
         return Usage;
     }
     QString name = positional.at(0);

@@ -4,11 +4,13 @@
 #include "cli/cli_options.h"
 #include "cli/cli_output.h"
 #include "cli/json_writer.h"
+#include "cli/measured_output.h"
 #include "cli/verbs.h"
 
 #include "filter/filter_design_view.h"
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
+#include "filter/mask_design.h"
 #include "library/design_library.h"
 #include "library/note_format.h"
 
@@ -115,6 +117,15 @@ void writeJson(const GVRFilterDesignerModel& model, const CollectingView& view, 
         json.null();
     json.key("response");
     json.array(valid ? view.response : noDoubles);
+    json.key("measured");
+    if (valid)
+        writeMeasuredJson(json, model);
+    else
+        json.null();
+    if (model.design().mask && valid) {
+        json.key("mask");
+        writeMaskJson(json, model);
+    }
     json.endObject();
     printOut(json.text() + "\n");
 }
@@ -148,6 +159,8 @@ void writeText(const GVRFilterDesignerModel& model, const CollectingView& view, 
                .arg(view.results.value(KEYFDR_PASSBAND_RIPPLE).toDouble(), 0, 'f', 6);
     out += QStringLiteral("Dynamic Range:    %1\n").arg(model.dynamicRange(), 0, 'g', 10);
     out += QStringLiteral("Dynamic Range Error: %1 %\n").arg(model.dynamicRangeError(), 0, 'g', 10);
+    out += measuredText(model);
+    out += maskText(model);
     out += QStringLiteral("\n   n  coefficient             quantised               integer\n");
     const auto& c = model.filterCoefficients();
     const auto& cp = model.filterPrecisionCoefficients();
@@ -161,12 +174,26 @@ void writeText(const GVRFilterDesignerModel& model, const CollectingView& view, 
     printOut(out);
 }
 
-} // namespace
+// Two comma-separated numbers at most ("0.2" or "0.2,0.4"); nothing when one is not a number.
+std::optional<std::pair<double, double>> edgePair(const QString& text)
+{
+    const QStringList parts = text.split(QLatin1Char(','));
+    if (parts.size() > 2)
+        return std::nullopt;
+    const auto first = parseNumber(parts[0]);
+    const auto second = parts.size() == 2 ? parseNumber(parts[1]) : std::optional<double>(0.0);
+    if (!first || !second)
+        return std::nullopt;
+    return std::make_pair(*first, *second);
+}
 
-int runFilter(const QStringList& args)
+// The filter verb, or with `sweep` the sweep verb: the same design options, the word-length sweep printed.
+int runFilterDesign(const QStringList& args, bool sweep)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Design a window-method FIR filter."));
+    parser.setApplicationDescription(
+        sweep ? QStringLiteral("Quantise a filter design at 8 to 20 bits and in double, and measure each.")
+              : QStringLiteral("Design a window-method FIR filter, or the shortest one that meets a mask."));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption units(QStringLiteral("units"), QStringLiteral("norm, khz or mhz (default mhz)."),
                                    QStringLiteral("units"), QStringLiteral("mhz"));
@@ -190,10 +217,25 @@ int runFilter(const QStringList& args)
     const QCommandLineOption width(QStringLiteral("width"), QStringLiteral("double, or 20 down to 8 bits."),
                                    QStringLiteral("width"), QStringLiteral("double"));
     const QCommandLineOption json = jsonOption();
-    const QCommandLineOption save(QStringLiteral("save"), QStringLiteral("Save the design in the library as NAME."),
+    const QCommandLineOption save(QStringLiteral("save"),
+                                  QStringLiteral("Save the design in the library as NAME."),
                                   QStringLiteral("name"));
     const QCommandLineOption library = libraryOption();
+    const QCommandLineOption method(QStringLiteral("method"),
+                                    QStringLiteral("Design to a mask: kaiser or equiripple."), QStringLiteral("method"));
+    const QCommandLineOption passEdge(QStringLiteral("passband-edge"),
+                                      QStringLiteral("Mask passband edge F, or F1,F2 for a band pass."),
+                                      QStringLiteral("F[,F2]"));
+    const QCommandLineOption stopEdge(QStringLiteral("stopband-edge"),
+                                      QStringLiteral("Mask stopband edge F, or F1,F2 for a band pass."),
+                                      QStringLiteral("F[,F2]"));
+    const QCommandLineOption ripple(QStringLiteral("ripple"), QStringLiteral("Mask passband ripple Rp, dB."),
+                                    QStringLiteral("dB"));
+    const QCommandLineOption attenuation(QStringLiteral("attenuation"),
+                                         QStringLiteral("Mask stopband attenuation As, dB."), QStringLiteral("dB"));
     parser.addOptions({help, units, type, fs, cutoff, center, taps, window, param, width, json, save, library});
+    if (!sweep)
+        parser.addOptions({method, passEdge, stopEdge, ripple, attenuation});
     if (const auto finished = parseVerbArguments(parser, args, Positionals::None))
         return *finished;
 
@@ -206,7 +248,7 @@ int runFilter(const QStringList& args)
     };
     if (!pickChoice(units, kUnits, KEYFP_UNITS) || !pickChoice(type, kTypes, KEYFP_FILTER_TYPE) ||
         !pickChoice(window, kWindows, KEYFP_WINDOW_TYPE)) {
-        printErr(QStringLiteral("orvana-cli filter: unknown units, type or window.\n") + parser.helpText());
+        printErr(QStringLiteral("orvana-cli filter: unknown units, type or window.\n") + helpText(parser));
         return Usage;
     }
     const auto widthIndex = widthChoice(parser.value(width));
@@ -237,10 +279,48 @@ int runFilter(const QStringList& args)
     GVRFilterDesignerModel model;
     model.setWindow(&view);
     model.setLibrary(designLibrary);
-    model.designFilterWithParameters(parameters);
+    const bool toMask = !sweep && parser.isSet(method);
+    if (toMask) {
+        const QString name = parser.value(method).trimmed().toLower();
+        const auto pass = edgePair(parser.value(passEdge));
+        const auto stop = edgePair(parser.value(stopEdge));
+        const auto rp = parseNumber(parser.value(ripple));
+        const auto as = parseNumber(parser.value(attenuation));
+        if ((name != QLatin1String("kaiser") && name != QLatin1String("equiripple")) || !pass || !stop || !rp ||
+            !as) {
+            printErr(QStringLiteral("orvana-cli filter: --method takes kaiser or equiripple, with "
+                                    "--passband-edge, --stopband-edge, --ripple and --attenuation as numbers."));
+            return Usage;
+        }
+        ToleranceMask mask;
+        mask.passband[0] = pass->first;
+        mask.passband[1] = pass->second;
+        mask.stopband[0] = stop->first;
+        mask.stopband[1] = stop->second;
+        mask.rippleDb = *rp;
+        mask.attenuationDb = *as;
+        std::optional<int> fixedTaps;
+        if (parser.isSet(taps))
+            fixedTaps = static_cast<int>(parameters.value(KEYFP_FILTER_LENGTH).toDouble());
+        model.designFilterToMask(parameters, name == QLatin1String("equiripple") ? kMaskEquiripple : kMaskKaiser,
+                                 mask, fixedTaps);
+    } else {
+        model.designFilterWithParameters(parameters);
+    }
 
-    const bool refused = view.note.startsWith(QStringLiteral("VALID RANGE: "));
+    const bool refused = view.note.startsWith(QStringLiteral("VALID RANGE: ")) ||
+                         view.note.startsWith(QStringLiteral("ERROR: the equiripple"));
     const bool valid = !refused && model.validResultsFlag();
+    if (sweep) {
+        if (parser.isSet(json)) {
+            JsonWriter out;
+            writeSweepJson(out, model);
+            printOut(valid ? out.text() + "\n" : std::string("{\"rows\": []}\n"));
+        } else {
+            printOut(noteLine(view.note) + (valid ? sweepText(model) : QString()));
+        }
+        return refused ? Refused : valid ? Designed : kDesignedNotValid;
+    }
     if (parser.isSet(json))
         writeJson(model, view, valid);
     else
@@ -252,7 +332,25 @@ int runFilter(const QStringList& args)
                         designLibrary->filterPath(name), parser.isSet(json)))
             return Refused;
     }
-    return refused ? Refused : Designed;
+    if (refused)
+        return Refused;
+    if (toMask) {
+        const auto check = model.maskCheck();
+        return valid && check && check->met ? Designed : kDesignedNotValid;
+    }
+    return Designed;
+}
+
+} // namespace
+
+int runFilter(const QStringList& args)
+{
+    return runFilterDesign(args, false);
+}
+
+int runSweep(const QStringList& args)
+{
+    return runFilterDesign(args, true);
 }
 
 } // namespace cli

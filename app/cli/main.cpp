@@ -21,42 +21,55 @@ constexpr Verb kVerbs[] = {
     {"project", cli::runProject, "run a Sum & Filter or Multirate project from saved designs"},
     {"export", cli::runExport, "write a saved filter's integer coefficients as CSV"},
     {"open", cli::runOpen, "print a saved design's keys and values"},
+    {"window", cli::runWindow, "print a window's values and its properties"},
+    {"sweep", cli::runSweep, "measure a filter design at every width from 8 to 20 bits"},
+    {"tune-fft", cli::runTuneFft, "measure this processor's FFT plans once, for faster designs"},
 };
 
-void printUsage()
+QString usageText()
 {
     QString text = QStringLiteral("Usage: orvana-cli <verb> [options]\n\nVerbs:\n");
     for (const Verb& v : kVerbs)
-        text += QStringLiteral("  %1  %2\n").arg(QString::fromLatin1(v.name), -8).arg(QString::fromLatin1(v.summary));
+        text += QStringLiteral("  %1  %2\n")
+                    .arg(QString::fromLatin1(v.name), -9)
+                    .arg(QString::fromLatin1(v.summary));
+    text +=
+        QStringLiteral("\nOptions:\n  -h, --help     Show this help.\n  -v, --version  Show the version.\n");
     text += QStringLiteral("\nRun 'orvana-cli <verb> --help' for the options of a verb.\n");
-    cli::printErr(text);
+    return text;
 }
 
-}  // namespace
+} // namespace
 
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Orvana"));
     QStringList args = QCoreApplication::arguments();
+    QCoreApplication::setApplicationVersion(QStringLiteral(ORVANA_VERSION));
     if (args.size() < 2) {
-        printUsage();
+        cli::printErr(usageText());
         return cli::Usage;
     }
     const QString verb = args.at(1);
     if (verb == QLatin1String("--help") || verb == QLatin1String("-h") || verb == QLatin1String("help")) {
-        printUsage();
+        cli::printOut(usageText());
+        return 0;
+    }
+    if (verb == QLatin1String("--version") || verb == QLatin1String("-v")) {
+        cli::printOut(QStringLiteral("orvana-cli %1\n").arg(QCoreApplication::applicationVersion()));
         return 0;
     }
     for (const Verb& v : kVerbs) {
         if (verb == QLatin1String(v.name)) {
             args.removeAt(1);
             args[0] = QStringLiteral("orvana-cli ") + verb;
-            loadBundledFftWisdom();
+            cli::setCommandName(args[0]);
+            if (verb != QLatin1String("tune-fft"))
+                loadFftWisdom();
             return v.run(args);
         }
     }
-    cli::printErr(QStringLiteral("Unknown verb \"%1\".").arg(verb));
-    printUsage();
+    cli::printErr(QStringLiteral("Unknown verb \"%1\".\n").arg(verb) + usageText());
     return cli::Usage;
 }

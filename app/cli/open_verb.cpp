@@ -185,7 +185,7 @@ int runOpen(const QStringList& args)
                                    kind != QLatin1String("project"))) {
         printErr(
             QStringLiteral("orvana-cli open: give a kind (filter, signal or project) and a design name.\n") +
-            parser.helpText());
+            helpText(parser));
         return Usage;
     }
     QString name = positional.at(1);

@@ -20,10 +20,11 @@ namespace cli {
 
 namespace {
 
-const QStringList kFunctions{QStringLiteral("cosine"), QStringLiteral("two-cosines"), QStringLiteral("cosine-sum"),
-                             QStringLiteral("sine"),   QStringLiteral("two-sines"),   QStringLiteral("sine-sum"),
-                             QStringLiteral("noise"),  QStringLiteral("mixer"),       QStringLiteral("rectangle"),
-                             QStringLiteral("sinc"),   QStringLiteral("sinc-squared")};
+const QStringList kFunctions{
+    QStringLiteral("cosine"), QStringLiteral("two-cosines"), QStringLiteral("cosine-sum"),
+    QStringLiteral("sine"),   QStringLiteral("two-sines"),   QStringLiteral("sine-sum"),
+    QStringLiteral("noise"),  QStringLiteral("mixer"),       QStringLiteral("rectangle"),
+    QStringLiteral("sinc"),   QStringLiteral("sinc-squared")};
 // Parameter symbols per function, as the window labels them.
 const QStringList kSymbols[6] = {
     QStringLiteral("A,A₁,A,A,A₁,A,σ,A₁,A,β,β").split(QLatin1Char(',')),
@@ -74,7 +75,8 @@ void writeText(const GVRSignalDesignerModel& model, const CollectingView& view, 
     for (int slot = 0; slot < 6; ++slot) {
         const QString symbol = kSymbols[slot].value(index).trimmed();
         if (!symbol.isEmpty())
-            parms << QStringLiteral("%1 = %2").arg(symbol).arg(model.parms()[static_cast<std::size_t>(slot)], 0, 'g', 10);
+            parms << QStringLiteral("%1 = %2").arg(symbol).arg(model.parms()[static_cast<std::size_t>(slot)],
+                                                               0, 'g', 10);
     }
     out += parms.join(QStringLiteral(", ")) + QLatin1Char('\n');
     out += QStringLiteral("Highest frequency: %1 %2\n").arg(t[1], 0, 'g', 10).arg(freqUnit);
@@ -106,20 +108,23 @@ void writeText(const GVRSignalDesignerModel& model, const CollectingView& view, 
     printOut(out);
 }
 
-}  // namespace
+} // namespace
 
 int runSignal(const QStringList& args)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Design a 16384-sample test signal."));
     const QCommandLineOption help = helpOption();
-    const QCommandLineOption freqUnits(QStringLiteral("freq-units"), QStringLiteral("mhz or khz (default mhz)."),
-                                       QStringLiteral("units"), QStringLiteral("mhz"));
+    const QCommandLineOption freqUnits(QStringLiteral("freq-units"),
+                                       QStringLiteral("mhz or khz (default mhz)."), QStringLiteral("units"),
+                                       QStringLiteral("mhz"));
     const QCommandLineOption voltUnits(QStringLiteral("volt-units"), QStringLiteral("v or mv (default v)."),
                                        QStringLiteral("units"), QStringLiteral("v"));
-    const QCommandLineOption fs(QStringLiteral("fs"), QStringLiteral("Sampling frequency."), QStringLiteral("number"));
+    const QCommandLineOption fs(QStringLiteral("fs"), QStringLiteral("Sampling frequency."),
+                                QStringLiteral("number"));
     const QCommandLineOption function(QStringLiteral("function"),
-                                      QStringLiteral("0..10 or a name: ") + kFunctions.join(QStringLiteral(", ")),
+                                      QStringLiteral("0..10 or a name: ") +
+                                          kFunctions.join(QStringLiteral(", ")),
                                       QStringLiteral("function"), QStringLiteral("0"));
     QList<QCommandLineOption> parms;
     for (int slot = 0; slot < 6; ++slot) {
@@ -127,12 +132,14 @@ int runSignal(const QStringList& args)
         for (int i = 0; i < kFunctions.size(); ++i)
             if (!kSymbols[slot][i].trimmed().isEmpty())
                 uses << QStringLiteral("%1 %2").arg(i).arg(kSymbols[slot][i]);
-        parms << QCommandLineOption(QStringLiteral("p%1").arg(slot + 1),
-                                    QStringLiteral("Parameter %1 (%2).").arg(slot + 1).arg(uses.join(QStringLiteral(", "))),
-                                    QStringLiteral("number"));
+        parms << QCommandLineOption(
+            QStringLiteral("p%1").arg(slot + 1),
+            QStringLiteral("Parameter %1 (%2).").arg(slot + 1).arg(uses.join(QStringLiteral(", "))),
+            QStringLiteral("number"));
     }
     const QCommandLineOption json = jsonOption();
-    const QCommandLineOption save(QStringLiteral("save"), QStringLiteral("Save the design in the library as NAME."),
+    const QCommandLineOption save(QStringLiteral("save"),
+                                  QStringLiteral("Save the design in the library as NAME."),
                                   QStringLiteral("name"));
     const QCommandLineOption library = libraryOption();
     parser.addOptions({help, freqUnits, voltUnits, fs, function, json, save, library});
@@ -145,7 +152,7 @@ int runSignal(const QStringList& args)
     const auto index = functionChoice(parser.value(function));
     if ((freqText != QLatin1String("mhz") && freqText != QLatin1String("khz")) ||
         (voltText != QLatin1String("v") && voltText != QLatin1String("mv")) || !index) {
-        printErr(QStringLiteral("orvana-cli signal: unknown units or function.\n") + parser.helpText());
+        printErr(QStringLiteral("orvana-cli signal: unknown units or function.\n") + helpText(parser));
         return Usage;
     }
     auto number = [&](const QCommandLineOption& option) -> std::optional<double> {
@@ -173,7 +180,8 @@ int runSignal(const QStringList& args)
     model.setWinSignalDesign(&view);
     model.setLibrary(designLibrary);
     model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
-        freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index, values));
+        freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index,
+        values));
     const bool designed = !view.time.empty();
     if (parser.isSet(json))
         printNoteAndChartsJson(view.note, view.time, view.freq, designed);
@@ -189,4 +197,4 @@ int runSignal(const QStringList& args)
     return designed ? Designed : Refused;
 }
 
-}  // namespace cli
+} // namespace cli

@@ -11,5 +11,8 @@ int runSignal(const QStringList& args);
 int runProject(const QStringList& args);
 int runExport(const QStringList& args);
 int runOpen(const QStringList& args);
+int runWindow(const QStringList& args);
+int runSweep(const QStringList& args);
+int runTuneFft(const QStringList& args);
 
-}  // namespace cli
+} // namespace cli

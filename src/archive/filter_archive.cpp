@@ -1,4 +1,5 @@
-// GVRFilter <-> keyed archive, nineteen keys in the record's declaration order.
+// GVRFilter <-> keyed archive, nineteen keys in the record's declaration order,
+// then the mask keys, written only when a design has them.
 #include "archive/filter_archive.h"
 
 #include "archive/design_codec.h"
@@ -28,6 +29,13 @@ constexpr ArchiveField kFields[] = {
     {"integerCoefficients", K::IntegerArray, kMaxFilterCoefficients},
     {"filterCoefficients", K::RealArray, kMaxFilterCoefficients},
     {"filterPrecisionCoefficients", K::RealArray, kMaxFilterCoefficients},
+    {"designMethod", K::Integer, 0, true},
+    {"dfMaskPassbandEdge", K::Real, 0, true},
+    {"dfMaskPassbandEdge2", K::Real, 0, true},
+    {"dfMaskStopbandEdge", K::Real, 0, true},
+    {"dfMaskStopbandEdge2", K::Real, 0, true},
+    {"dfMaskRipple", K::Real, 0, true},
+    {"dfMaskAttenuation", K::Real, 0, true},
 };
 
 ArchiveRecord toArchive(const GVRFilter& f)
@@ -50,7 +58,14 @@ ArchiveRecord toArchive(const GVRFilter& f)
             toValue(f.dfDynamicRangeError),
             toValue(f.integerCoefficients),
             toValue(f.filterCoefficients),
-            toValue(f.filterPrecisionCoefficients)};
+            toValue(f.filterPrecisionCoefficients),
+            toValue(f.designMethod),
+            toValue(f.dfMaskPassbandEdge),
+            toValue(f.dfMaskPassbandEdge2),
+            toValue(f.dfMaskStopbandEdge),
+            toValue(f.dfMaskStopbandEdge2),
+            toValue(f.dfMaskRipple),
+            toValue(f.dfMaskAttenuation)};
 }
 
 GVRFilter fromArchive(const ArchiveRecord& v)
@@ -75,6 +90,13 @@ GVRFilter fromArchive(const ArchiveRecord& v)
     f.integerCoefficients = fromValue<std::vector<std::int64_t>>(v[16]);
     f.filterCoefficients = fromValue<std::vector<double>>(v[17]);
     f.filterPrecisionCoefficients = fromValue<std::vector<double>>(v[18]);
+    f.designMethod = fromValue<std::int64_t>(v[19]);
+    f.dfMaskPassbandEdge = fromValue<double>(v[20]);
+    f.dfMaskPassbandEdge2 = fromValue<double>(v[21]);
+    f.dfMaskStopbandEdge = fromValue<double>(v[22]);
+    f.dfMaskStopbandEdge2 = fromValue<double>(v[23]);
+    f.dfMaskRipple = fromValue<double>(v[24]);
+    f.dfMaskAttenuation = fromValue<double>(v[25]);
     return f;
 }
 

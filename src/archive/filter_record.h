@@ -27,6 +27,15 @@ struct GVRFilter {
     std::optional<std::vector<std::int64_t>> integerCoefficients;
     std::optional<std::vector<double>> filterCoefficients;
     std::optional<std::vector<double>> filterPrecisionCoefficients;
+    // A design made from a tolerance mask; absent in a window design. Frequencies normalised;
+    // the second edges belong to a band pass.
+    std::optional<std::int64_t> designMethod;  // 0 window method, 1 equiripple
+    std::optional<double> dfMaskPassbandEdge;
+    std::optional<double> dfMaskPassbandEdge2;
+    std::optional<double> dfMaskStopbandEdge;
+    std::optional<double> dfMaskStopbandEdge2;
+    std::optional<double> dfMaskRipple;
+    std::optional<double> dfMaskAttenuation;
 
     bool operator==(const GVRFilter&) const = default;
 };

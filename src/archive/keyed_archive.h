@@ -16,6 +16,7 @@ struct ArchiveField {
     const char* key;
     ArchiveKind kind;
     std::size_t maxCount = 0;  // arrays only: most elements a reader accepts
+    bool omittedWhenAbsent = false;  // an absent value leaves the key out instead of archiving null
 };
 
 // One record class and its keys, in archiving order.

@@ -190,6 +190,8 @@ std::optional<QByteArray> encodeKeyedArchive(const ArchiveSchema& schema,
         plist_t dict = plist_new_dict();
         for (std::size_t i = 0; i < record.size(); ++i) {
             const ArchiveValue& value = record[i];
+            if (schema.fields[i].omittedWhenAbsent && std::holds_alternative<std::monostate>(value))
+                continue;
             std::uint64_t uid = 0;  // $null
             if (const auto* text = std::get_if<std::string>(&value))
                 uid = archiver.string(*text);

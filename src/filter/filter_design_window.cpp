@@ -21,6 +21,7 @@
 #include "widgets/design_file_commands.h"
 #include "widgets/design_file_kind.h"
 #include "filter/filter_keys.h"
+#include "filter/mask_section.h"
 #include "widgets/number_field.h"
 #include "library/design_library.h"
 #include "widgets/window_parts.h"
@@ -162,7 +163,7 @@ GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent) 
             displayNoteField(filterDesignModel_.lastFileError(), 0.0, false);
         return saved;
     };
-    hooks.redesign = [this] { pressDesignFilterBut(); };
+    hooks.redesign = [this] { redesignAfterOpen(); };
     DesignLibrary* lib = &library;
     fileCommands_ = new DesignFileCommands(
         this, DesignFileKind::filter([lib] { return lib->filterFolder(); }), std::move(hooks), this);
@@ -201,8 +202,7 @@ void GVRWinFilterDesign::buildControls()
     auto* chartColumn = new QVBoxLayout(charts);
     chartColumn->setContentsMargins(0, 0, 0, 0);
     chartColumn->setSpacing(6);
-    chartColumn->addWidget(viewFiltDesign_, 1);
-    chartColumn->addWidget(viewResult_, 0);
+    buildAnalysisControls(chartColumn);
 
     QSplitter* split = makeFormAndCharts(buildForm(), charts, this);
     split->setObjectName(QStringLiteral("filterSplit"));
@@ -285,6 +285,8 @@ QWidget* GVRWinFilterDesign::buildForm()
     displayGrid->addWidget(chartTypePopUp_, 0, 1);
     displayGrid->setColumnStretch(1, 1);
     column->addWidget(display);
+
+    column->addWidget(buildMaskSection());
 
     auto* buttons = new QHBoxLayout;
     designFilterBut_ = new QPushButton(tr("Design"), form);
@@ -378,6 +380,7 @@ void GVRWinFilterDesign::initializeWithMandatoryFlag(bool mandatory)
     fill(bitWidthPopUp_, bitWidthTitle(), 0);
     fill(windowTypePopUp_, windowTypeTitle(), 0);
     fill(chartTypePopUp_, chartTypeTitle(), 0);
+    chartTypePopUp_->addItem(tr("Word Length"));
 
     filterLengthStepper_->setRange(kLengthMin, kLengthMax);
     filterLengthStepper_->setSingleStep(kLengthStep);
@@ -415,6 +418,7 @@ void GVRWinFilterDesign::updateUnitsAndHiddenFields()
 
     viewResult_->setFreqUnits(units);
     viewResult_->setFilterType(type);
+    maskSection_->setFilterType(type);
 }
 
 void GVRWinFilterDesign::selectUnitsPopUpBut(int now)
@@ -458,6 +462,8 @@ void GVRWinFilterDesign::selectUnitsPopUpBut(int now)
 
 void GVRWinFilterDesign::selectChartTypePopUpBut()
 {
+    if (showWordLengthChart())
+        return;
     viewFiltDesign_->newChartOfType(chartTypePopUp_->currentIndex(),
                                     unitsFieldTitle().value(unitsPopUp_->currentIndex()));
 }
@@ -512,12 +518,14 @@ void GVRWinFilterDesign::displayFilterDesignResults(const QVariantMap& results)
 void GVRWinFilterDesign::clearFilterDesignResults()
 {
     viewResult_->clearDisplay();
+    refreshAnalysis();
 }
 
 void GVRWinFilterDesign::plotMagnitudeAndPhaseWithArray(const std::vector<double>& array)
 {
     dBmagAndPhaseArray_ = array;
     selectChartTypePopUpBut();
+    refreshAnalysis();
 }
 
 void GVRWinFilterDesign::clearFilterDesignParameters()

@@ -23,7 +23,13 @@ class DesignLibrary;
 class GVRNumberField;
 class GVRViewFiltDesign;
 class GVRViewResults;
+class GVRViewWordLength;
+class MaskSection;
+class MeasuredPanel;
 class QAction;
+class QStackedWidget;
+class QTabWidget;
+class QVBoxLayout;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -97,6 +103,11 @@ public:
     QPushButton* saveFilterBut() const { return saveFilterBut_; }
     GVRViewFiltDesign* viewFiltDesign() const { return viewFiltDesign_; }
     GVRViewResults* viewResult() const { return viewResult_; }
+    // Measured analysis and design to a mask (filter_design_window_analysis.cpp).
+    MeasuredPanel* measuredPanel() const { return measuredPanel_; }
+    QTabWidget* resultsTabs() const { return resultsTabs_; }
+    MaskSection* maskSection() const { return maskSection_; }
+    GVRViewWordLength* wordLengthChart() const { return wordLengthChart_; }
     // Window-level New, Open, Save and Save As (Ctrl+N, Ctrl+O, Ctrl+S, Ctrl+Shift+S).
     QList<QAction*> fileActions() const { return fileActions_; }
 
@@ -113,6 +124,8 @@ public slots:
     // A unit chosen in the units list (also the same one again).
     void selectUnitsPopUpBut(int index);
     void selectChartTypePopUpBut();
+    // Designs the shortest filter that meets the mask section's mask.
+    void pressDesignToMaskBut();
 
 private:
     void buildControls();
@@ -121,6 +134,14 @@ private:
     void setToolTips();
     void connectControls();
     void designFromForm();
+    // The analysis additions: chart stack and results tabs, the mask section, their refresh.
+    void buildAnalysisControls(QVBoxLayout* chartColumn);
+    QWidget* buildMaskSection();
+    void refreshAnalysis();
+    // True when the "Word Length" chart is chosen (and then shown).
+    bool showWordLengthChart();
+    // After an open: a mask design is made again from its mask, anything else as usual.
+    void redesignAfterOpen();
 
     GVRFilterDesignerModel filterDesignModel_;
     DesignFileCommands* fileCommands_ = nullptr;
@@ -152,4 +173,10 @@ private:
     GVRViewFiltDesign* viewFiltDesign_ = nullptr;
     GVRViewResults* viewResult_ = nullptr;
     QList<QAction*> fileActions_;
+    MeasuredPanel* measuredPanel_ = nullptr;
+    QTabWidget* resultsTabs_ = nullptr;
+    QStackedWidget* chartStack_ = nullptr;
+    GVRViewWordLength* wordLengthChart_ = nullptr;
+    MaskSection* maskSection_ = nullptr;
+    QLabel* equirippleLabel_ = nullptr;
 };

@@ -99,6 +99,10 @@ void GVRFilterDesignerModel::designFilterWithParameters(const QVariantMap& param
 
     if (!checkParametersWithCutoffFreq(cutoff, center))
         return;
+    if (!maskDesignRunning_) {
+        d_.designMethod = 0;
+        d_.mask.reset();
+    }
     firFilter();
 }
 
@@ -221,6 +225,8 @@ void GVRFilterDesignerModel::firFilter()
     winfun(d_.windowType, d_.betaUpsilon, w);
     winSync(h, w, hw);
     filt(d_.filterType, d_.thetaCenterFreqNormalized, hw, c);
+    if (presetCoefficients_ && presetCoefficients_->size() == N)
+        std::copy(presetCoefficients_->begin(), presetCoefficients_->end(), c.begin());
 
     const PrecisionResult precision = bitPrecison(d_.filterWidth, c, q, cp);
     d_.dynamicRange = precision.dynamicRange;

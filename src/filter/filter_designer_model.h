@@ -7,8 +7,14 @@
 #include <QString>
 #include <QVariantMap>
 
+#include "dsp/filter_analysis.h"
+#include "dsp/tolerance_mask.h"
+#include "dsp/word_length_sweep.h"
+
+#include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class DesignLibrary;
@@ -59,6 +65,10 @@ public:
         std::vector<std::int64_t> integerCoefficients;
         std::vector<double> filterCoefficients;
         std::vector<double> filterPrecisionCoefficients;
+        // Design to a mask (filter_designer_model_mask.cpp): 0 window method, 1 equiripple;
+        // the mask in normalised frequencies while one is set.
+        int designMethod = 0;
+        std::optional<ToleranceMask> mask;
     };
     const Design& design() const { return d_; }
     void restoreDesign(const Design& design) { d_ = design; }
@@ -97,6 +107,22 @@ public:
     // The nine KEYFP_ entries rebuilt from an opened file, for the window's restoration.
     const QVariantMap& filterRestorationDictionary() const { return filterRestorationDictionary_; }
 
+    // Design to a tolerance mask (filter_designer_model_mask.cpp). `parameters` gives units, fs, type
+    // and width; `typedMask` is in the design's units; method 0 Kaiser window, 1 equiripple. Finds the
+    // shortest N (or designs at `taps`) and designs it as an ordinary design. False, with the reason in
+    // the note line, for a mask that is refused or a design that fails.
+    bool designFilterToMask(const QVariantMap& parameters, int method, const ToleranceMask& typedMask,
+                            std::optional<int> taps = std::nullopt);
+    // The current design against its mask, on the 16384-point response of cp; nothing without a mask.
+    std::optional<MaskCheck> maskCheck() const;
+    // The measured analysis and the word-length sweep of the current design (computed on each call).
+    FilterMeasurement measured() const;
+    std::array<SweepRow, kSweepRows> wordLengthSweep() const;
+    // The cutoff as typed (not complemented), normalised.
+    double typedCutoffNormalized() const;
+    // The method and mask (normalised) of the design last opened, when it had them.
+    const std::optional<std::pair<int, ToleranceMask>>& restoredMask() const { return restoredMask_; }
+
     // Index values no pop-up list holds (not a whole number, or beyond int) are stored as this.
     static constexpr int kInvalidIndex = -1;
 
@@ -117,4 +143,8 @@ private:
     DesignLibrary* library_ = nullptr;
     QString lastFileError_;
     QVariantMap filterRestorationDictionary_;
+    // Set while a mask design runs: its coefficients replace the window method's.
+    const std::vector<double>* presetCoefficients_ = nullptr;
+    bool maskDesignRunning_ = false;
+    std::optional<std::pair<int, ToleranceMask>> restoredMask_;
 };

@@ -35,6 +35,15 @@ bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
     record.integerCoefficients = d_.integerCoefficients;
     record.filterCoefficients = d_.filterCoefficients;
     record.filterPrecisionCoefficients = d_.filterPrecisionCoefficients;
+    if (d_.mask) {
+        record.designMethod = d_.designMethod;
+        record.dfMaskPassbandEdge = d_.mask->passband[0];
+        record.dfMaskPassbandEdge2 = d_.mask->passband[1];
+        record.dfMaskStopbandEdge = d_.mask->stopband[0];
+        record.dfMaskStopbandEdge2 = d_.mask->stopband[1];
+        record.dfMaskRipple = d_.mask->rippleDb;
+        record.dfMaskAttenuation = d_.mask->attenuationDb;
+    }
 
     lastFileError_ = designSaveNameProblem(QStringLiteral("filter"), name);
     if (!lastFileError_.isEmpty())
@@ -89,6 +98,19 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
         return false;
     }
     filterRestorationDictionary_ = restored;
+    restoredMask_.reset();
+    if (record->dfMaskPassbandEdge && record->dfMaskStopbandEdge && record->dfMaskRipple &&
+        record->dfMaskAttenuation) {
+        ToleranceMask mask;
+        mask.type = static_cast<int>(record->filterType.value_or(0));
+        mask.passband[0] = *record->dfMaskPassbandEdge;
+        mask.passband[1] = record->dfMaskPassbandEdge2.value_or(0.0);
+        mask.stopband[0] = *record->dfMaskStopbandEdge;
+        mask.stopband[1] = record->dfMaskStopbandEdge2.value_or(0.0);
+        mask.rippleDb = *record->dfMaskRipple;
+        mask.attenuationDb = *record->dfMaskAttenuation;
+        restoredMask_.emplace(record->designMethod.value_or(0) == 1 ? 1 : 0, mask);
+    }
     if (winFilterDesign_)
         winFilterDesign_->restoreFilterParameters(filterRestorationDictionary_);
     return true;

@@ -28,7 +28,7 @@ std::optional<bool> asBool(const QVariant& stored)
     return std::nullopt;
 }
 
-}  // namespace
+} // namespace
 
 LaunchPreferences::LaunchPreferences() : owned_(std::make_unique<QSettings>()), settings_(owned_.get()) {}
 
@@ -37,12 +37,18 @@ LaunchPreferences::LaunchPreferences(QSettings& settings) : settings_(&settings)
 const char* LaunchPreferences::key(LaunchWindow window)
 {
     switch (window) {
-    case LaunchWindow::FilterDesign: return "GVRWinFilterDesignKey";
-    case LaunchWindow::SignalDesign: return "GVRWinSignalDesignKey";
-    case LaunchWindow::ProjectOne: return "GVRWinProjectOneKey";
-    case LaunchWindow::ProjectTwo: return "GVRWinProjectTwoKey";
-    case LaunchWindow::FilterInspector: return "GVRWinFilterInspectorKey";
-    case LaunchWindow::SignalInspector: return "GVRWinSignalInspectorKey";
+    case LaunchWindow::FilterDesign:
+        return "GVRWinFilterDesignKey";
+    case LaunchWindow::SignalDesign:
+        return "GVRWinSignalDesignKey";
+    case LaunchWindow::ProjectOne:
+        return "GVRWinProjectOneKey";
+    case LaunchWindow::ProjectTwo:
+        return "GVRWinProjectTwoKey";
+    case LaunchWindow::FilterInspector:
+        return "GVRWinFilterInspectorKey";
+    case LaunchWindow::SignalInspector:
+        return "GVRWinSignalInspectorKey";
     }
     return "";
 }

@@ -9,7 +9,14 @@
 
 #include <QSettings>
 
-enum class LaunchWindow { FilterDesign, SignalDesign, ProjectOne, ProjectTwo, FilterInspector, SignalInspector };
+enum class LaunchWindow {
+    FilterDesign,
+    SignalDesign,
+    ProjectOne,
+    ProjectTwo,
+    FilterInspector,
+    SignalInspector
+};
 
 class LaunchPreferences {
 public:

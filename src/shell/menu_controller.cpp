@@ -2,8 +2,10 @@
 #include "shell/menu_controller.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -13,20 +15,12 @@
 #include "filter/filter_inspector_window.h"
 #include "project/fir_export_window.h"
 #include "project/project_window.h"
+#include "shell/about_box.h"
 #include "shell/pref_controller.h"
+#include "shell/recent_files.h"
 #include "shell/user_manual.h"
 #include "signal/signal_design_window.h"
 #include "signal/signal_inspector_window.h"
-
-QUrl GVRMenuController::orvanaWebsite()
-{
-    return QUrl(QStringLiteral("https://orvana.example.org"));
-}
-
-QUrl GVRMenuController::developerWebsite()
-{
-    return QUrl(QStringLiteral("https://orvana.example.org/developers"));
-}
 
 GVRMenuController::GVRMenuController(Targets targets, QObject* parent)
     : QObject(parent), targets_(targets),
@@ -112,10 +106,10 @@ void GVRMenuController::createActions()
 
     helpActions_ = {
         addAction("manualAction", tr("Orvana User Manual"), [this] { viewManual(); }),
-        addAction("orvanaWebsiteAction", tr("Orvana Web Site"), [this] { viewOrvanaWebsite(); }),
-        addAction("developerWebsiteAction", tr("Developer Web Site"), [this] { viewDunmereWebsite(); }),
+        addAction("aboutAction", tr("&About Orvana"), [this] { showAbout(); }),
     };
     helpActions_.first()->setShortcut(QKeySequence::HelpContents);
+    helpActions_.last()->setMenuRole(QAction::AboutRole);
 }
 
 QAction* GVRMenuController::action(const QString& name) const
@@ -147,7 +141,12 @@ void GVRMenuController::installMenus(QMainWindow* window)
     auto* bar = new QMenuBar(window);
     bar->setObjectName(QStringLiteral("orvanaMenuBar"));
     QMenu* file = bar->addMenu(tr("&File"));
-    file->addActions(fileActions_.mid(0, 4));
+    file->addActions(fileActions_.mid(0, 2));
+    QMenu* recent = file->addMenu(tr("Open &Recent"));
+    recent->setObjectName(QStringLiteral("openRecentMenu"));
+    fillRecentMenu(recent);
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(recent); });
+    file->addActions(fileActions_.mid(2, 2));
     file->addSeparator();
     file->addAction(fileActions_.at(4));
     file->addSeparator();
@@ -216,12 +215,34 @@ void GVRMenuController::viewManual()
     openUrl(QUrl::fromLocalFile(page));
 }
 
-void GVRMenuController::viewOrvanaWebsite()
+void GVRMenuController::showAbout()
 {
-    openUrl(orvanaWebsite());
+    showAboutBox(QApplication::activeWindow());
 }
 
-void GVRMenuController::viewDunmereWebsite()
+void GVRMenuController::fillRecentMenu(QMenu* menu)
 {
-    openUrl(developerWebsite());
+    menu->clear();
+    const QStringList paths = targets_.recentFiles ? targets_.recentFiles->paths() : QStringList();
+    for (const QString& path : paths) {
+        // A file gone since stays listed, greyed, until the list moves on.
+        const QFileInfo info(path);
+        QAction* item = menu->addAction(info.fileName());
+        item->setToolTip(path);
+        item->setData(path);
+        item->setEnabled(info.isFile());
+        connect(item, &QAction::triggered, this, [this, path] {
+            if (targets_.openPath)
+                targets_.openPath(path);
+        });
+    }
+    if (!paths.isEmpty())
+        menu->addSeparator();
+    QAction* clear = menu->addAction(tr("Clear Menu"));
+    clear->setObjectName(QStringLiteral("clearRecentAction"));
+    clear->setEnabled(!paths.isEmpty());
+    connect(clear, &QAction::triggered, this, [this] {
+        if (targets_.recentFiles)
+            targets_.recentFiles->clear();
+    });
 }

@@ -2,8 +2,8 @@
 // Help). New, Open, Save and Save As go to whichever designer window is the
 // active window: the signal designer, the filter designer or the project
 // window, asked in that order; with an inspector or the export window in
-// front they do nothing. Help opens the built-in user manual and the two web
-// sites in the user's browser.
+// front they do nothing. File ▸ Open Recent lists the recent designs. Help
+// opens the built-in user manual in the user's browser and the About box.
 #pragma once
 
 #include <functional>
@@ -22,7 +22,9 @@ class GVRWinSigInspector;
 class GVRWinSignalDesign;
 class QAction;
 class QMainWindow;
+class QMenu;
 class QMenuBar;
+class RecentFiles;
 
 class GVRMenuController : public QObject {
     Q_OBJECT
@@ -36,11 +38,10 @@ public:
         GVRWinSigInspector* sigInspector = nullptr;
         GVRWinFirExport* firExport = nullptr;
         GVRPrefController* preferences = nullptr;
+        RecentFiles* recentFiles = nullptr;
+        // Opens a design file by path in its designer (File ▸ Open Recent).
+        std::function<void(const QString& path)> openPath;
     };
-
-    // Placeholders until the project has its own web pages.
-    static QUrl orvanaWebsite();
-    static QUrl developerWebsite();
 
     explicit GVRMenuController(Targets targets, QObject* parent = nullptr);
     ~GVRMenuController() override;
@@ -64,13 +65,14 @@ public slots:
     void saveAsMenuItem();
 
     void viewManual();
-    void viewOrvanaWebsite();
-    void viewDunmereWebsite();
+    void showAbout();
 
 private:
     void createActions();
     QAction* addAction(const char* name, const QString& text, std::function<void()> run);
     void openUrl(const QUrl& url);
+    // Fills an Open Recent menu from the recent list, just before it shows.
+    void fillRecentMenu(QMenu* menu);
     // The first of signal designer, filter designer and project window that is active.
     template <typename Command> void routeToKeyWindow(Command command);
 

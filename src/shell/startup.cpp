@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
 #include <QMainWindow>
 #include <QMessageBox>
 
@@ -17,6 +18,19 @@ QString orvanaVersion()
     return QStringLiteral(ORVANA_VERSION);
 }
 
+namespace {
+
+// "~/.local/share/Orvana" rather than one user's home, which the man page would keep.
+QString homeAsTilde(const QString& path)
+{
+    const QString home = QDir::homePath();
+    if (home.size() > 1 && (path == home || path.startsWith(home + QLatin1Char('/'))))
+        return QLatin1Char('~') + path.mid(home.size());
+    return path;
+}
+
+} // namespace
+
 StartupOptions parseStartupOptions(const QStringList& arguments)
 {
     QCommandLineParser parser;
@@ -29,13 +43,18 @@ StartupOptions parseStartupOptions(const QStringList& arguments)
         QStringLiteral("library"),
         QCoreApplication::translate("Startup", "Design library folder (default: the %1 environment variable, "
                                                "then %2).")
-            .arg(QLatin1String(kLibraryEnvironmentVariable), defaultLibraryRoot()),
+            .arg(QLatin1String(kLibraryEnvironmentVariable), homeAsTilde(defaultLibraryRoot())),
         QStringLiteral("DIR"));
     parser.addOption(library);
+    parser.addPositionalArgument(
+        QStringLiteral("files"),
+        QCoreApplication::translate("Startup", "Design files to open (.filt, .signal, .orvana)."),
+        QStringLiteral("[FILE...]"));
 
     parser.process(arguments);
     StartupOptions options;
     options.library = parser.value(library);
+    options.files = parser.positionalArguments();
     return options;
 }
 

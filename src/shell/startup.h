@@ -15,7 +15,8 @@ class QMessageBox;
 class QWidget;
 
 struct StartupOptions {
-    QString library; // --library DIR; empty: ORVANA_LIBRARY, then the default folder
+    QString library;   // --library DIR; empty: ORVANA_LIBRARY, then the default folder
+    QStringList files; // design files to open, as given (.filt, .signal, .orvana)
 };
 
 // Seams for programs built around the same start-up (the window tour of the
@@ -30,7 +31,9 @@ struct StartupHooks {
 QString orvanaVersion();
 
 // Reads the options of `arguments` (program name first). --help and
-// --version print and end the process, as does an unknown option.
+// --version print to standard output and end the process with 0; an unknown
+// option prints to standard error and ends it with 1. Needs only a
+// QCoreApplication.
 StartupOptions parseStartupOptions(const QStringList& arguments);
 
 // Opens (without waiting) a warning that names each folder the library

@@ -13,6 +13,7 @@ namespace {
 
 const char kResourcePath[] = ":/manual/user-manual.md";
 const char kPageName[] = "OrvanaUserManual.html";
+const char kImagesPath[] = ":/manual/images";
 
 QString tr(const char* text)
 {
@@ -52,6 +53,17 @@ QString writeUserManualHtml(const QString& folder, QString* error)
     document.setMetaInformation(QTextDocument::DocumentTitle, tr("Orvana User Manual"));
     const QString path = QDir(folder).filePath(QString::fromLatin1(kPageName));
     QString writeError;
+    // The pictures go first, so the page never points at a missing one.
+    const QDir images(QString::fromLatin1(kImagesPath));
+    if (!images.isEmpty() && !QDir().mkpath(QDir(folder).filePath(QStringLiteral("images"))))
+        return fail(tr("The folder \"%1\" for the user manual could not be made.").arg(folder));
+    for (const QString& name : images.entryList(QDir::Files)) {
+        QFile image(images.filePath(name));
+        if (!image.open(QIODevice::ReadOnly) ||
+            !writeFileAtomically(QDir(folder).filePath(QStringLiteral("images/") + name), image.readAll(),
+                                 &writeError))
+            return fail(writeError);
+    }
     if (!writeFileAtomically(path, document.toHtml().toUtf8(), &writeError))
         return fail(writeError);
     if (error)

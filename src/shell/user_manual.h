@@ -11,7 +11,7 @@ QString userManualMarkdown();
 // Folder the HTML page is written to: the per-user cache folder + "/manual".
 QString userManualCacheFolder();
 
-// Writes "OrvanaUserManual.html" into `folder` (made if missing), replacing
-// an older copy atomically. Returns its path, or an empty string with the
-// reason in `error`.
+// Writes "OrvanaUserManual.html" into `folder` (made if missing), with the
+// manual's pictures in `folder`/images, replacing older copies atomically. Returns its path, or an empty
+// string with the reason in `error`.
 QString writeUserManualHtml(const QString& folder, QString* error = nullptr);

@@ -92,7 +92,11 @@ void DesignFileCommands::openSheetOpen()
     if (!row)
         return;
 
-    const QString name = stripExtension(file.fileName(), kind_.extension);
+    openDesignNamed(stripExtension(file.fileName(), kind_.extension));
+}
+
+void DesignFileCommands::openDesignNamed(const QString& name)
+{
     // The name is taken before the model tries the file.
     setName(name, false);
     bringToFront();
@@ -104,6 +108,8 @@ void DesignFileCommands::openSheetOpen()
     if (hooks_.redesign)
         hooks_.redesign();
     setName(name, true);
+    if (opened)
+        emit designFileUsed(pathForName(name));
 }
 
 void DesignFileCommands::openSheetCancel()
@@ -161,9 +167,10 @@ void DesignFileCommands::saveUnderName(const QString& name)
         return;
     setName(name, false);
     // The title follows the name even when the model has nothing to save.
-    if (hooks_.saveDesign)
-        hooks_.saveDesign(name);
+    const bool saved = hooks_.saveDesign ? hooks_.saveDesign(name) : false;
     setName(name, true);
+    if (saved)
+        emit designFileUsed(pathForName(name));
 }
 
 void DesignFileCommands::ensureOpenSheet()
@@ -172,6 +179,9 @@ void DesignFileCommands::ensureOpenSheet()
         return;
     openSheet_ = new GVROpenSheet(window_);
     connect(openSheet_, &GVROpenSheet::openPressed, this, &DesignFileCommands::openSheetOpen);
+    connect(openSheet_, &GVROpenSheet::renamePressed, this, &DesignFileCommands::openSheetRename);
+    connect(openSheet_, &GVROpenSheet::duplicatePressed, this, &DesignFileCommands::openSheetDuplicate);
+    connect(openSheet_, &GVROpenSheet::deletePressed, this, &DesignFileCommands::openSheetDelete);
 }
 
 void DesignFileCommands::ensureSaveSheet()

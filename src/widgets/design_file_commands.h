@@ -1,5 +1,6 @@
 // New, Open, Save and Save As of a designer window: the open and save
-// sheets, the alerts, the current design name and the window title. One
+// sheets, the alerts, the current design name and the window title; and the
+// open sheet's Rename, Duplicate and Move to Trash of a saved design. One
 // instance per designer, configured with its folder, extension and texts
 // and with hooks into its model.
 #pragma once
@@ -51,6 +52,21 @@ public:
     void openSheetCancel();
     void saveSheetSave();
     void saveSheetCancel();
+    // Housekeeping buttons of the open sheet, on the selected row: Rename asks
+    // for the new name, Move to Trash for a confirmation, both non-blocking.
+    void openSheetRename();
+    void openSheetDuplicate();
+    void openSheetDelete();
+
+    // Opens the design `name` of this designer's folder as the open sheet does.
+    void openDesignNamed(const QString& name);
+
+    // The library housekeeping itself; each returns an empty string when done,
+    // else why not. The current design follows a rename, and becomes untitled
+    // when its file goes to the trash.
+    QString renameDesign(const QString& from, const QString& to);
+    QString duplicateDesign(const QString& name, QString* copyName = nullptr);
+    QString trashDesign(const QString& name);
 
     // Name of the current design, none while untitled.
     const std::optional<QString>& currentName() const { return name_; }
@@ -72,6 +88,10 @@ public:
 signals:
     // After every change of name or title.
     void nameChanged(const std::optional<QString>& name);
+    // A design file was opened or saved (the recent files follow).
+    void designFileUsed(const QString& path);
+    // A design file was renamed, duplicated or moved to the trash.
+    void designFilesChanged();
 
 private:
     void ensureOpenSheet();
@@ -81,6 +101,10 @@ private:
     // The completion of Replace and Overwrite, and the plain save.
     void saveUnderName(const QString& name);
     void showAlert(QMessageBox* box);
+    // After housekeeping: the sheet lists the folder again, `select` selected.
+    void refreshOpenSheet(const QString& select);
+    QString selectedDesignName() const;
+    void showProblem(const QString& problem);
 
     QPointer<QWidget> window_;
     DesignFileKind kind_;

@@ -10,7 +10,10 @@
 
 GVROpenSheet::GVROpenSheet(QWidget* designerWindow)
     : QDialog(designerWindow), model_(new FileTableModel(this)), table_(new QTableView(this)),
-      openButton_(new QPushButton(tr("Open"), this)), cancelButton_(new QPushButton(tr("Cancel"), this))
+      openButton_(new QPushButton(tr("Open"), this)), cancelButton_(new QPushButton(tr("Cancel"), this)),
+      renameButton_(new QPushButton(tr("Rename…"), this)),
+      duplicateButton_(new QPushButton(tr("Duplicate"), this)),
+      deleteButton_(new QPushButton(tr("Move to Trash…"), this))
 {
     setObjectName(QStringLiteral("GVROpenSheet"));
     setWindowTitle(tr("Open"));
@@ -51,7 +54,19 @@ GVROpenSheet::GVROpenSheet(QWidget* designerWindow)
     openButton_->setAutoDefault(false);
     cancelButton_->setAutoDefault(false);
     openButton_->setDefault(true);
+    renameButton_->setObjectName(QStringLiteral("openSheetRenameButton"));
+    duplicateButton_->setObjectName(QStringLiteral("openSheetDuplicateButton"));
+    deleteButton_->setObjectName(QStringLiteral("openSheetDeleteButton"));
     auto* buttons = new QDialogButtonBox(this);
+    for (QPushButton* button : {renameButton_, duplicateButton_, deleteButton_}) {
+        button->setAutoDefault(false);
+        buttons->addButton(button, QDialogButtonBox::ActionRole);
+    }
+    connect(renameButton_, &QPushButton::clicked, this, &GVROpenSheet::renamePressed);
+    connect(duplicateButton_, &QPushButton::clicked, this, &GVROpenSheet::duplicatePressed);
+    connect(deleteButton_, &QPushButton::clicked, this, &GVROpenSheet::deletePressed);
+    connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { updateButtons(); });
     buttons->addButton(cancelButton_, QDialogButtonBox::RejectRole);
     buttons->addButton(openButton_, QDialogButtonBox::AcceptRole);
     connect(openButton_, &QPushButton::clicked, this, &GVROpenSheet::openPressed);
@@ -60,7 +75,8 @@ GVROpenSheet::GVROpenSheet(QWidget* designerWindow)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(table_);
     layout->addWidget(buttons);
-    resize(460, 300);
+    resize(620, 300);
+    updateButtons();
 }
 
 void GVROpenSheet::setFiles(QList<GVRFile> files)
@@ -82,7 +98,16 @@ void GVROpenSheet::selectRow(int row)
 {
     if (row < 0 || row >= model_->rowCount()) {
         table_->clearSelection();
+        updateButtons();
         return;
     }
     table_->selectRow(row);
+    updateButtons();
+}
+
+void GVROpenSheet::updateButtons()
+{
+    const bool any = selectedRow().has_value();
+    for (QPushButton* button : {renameButton_, duplicateButton_, deleteButton_})
+        button->setEnabled(any);
 }

@@ -1,12 +1,16 @@
 // The shared menus: every window carries File, Window and Help; New, Open,
 // Save and Save As reach the active designer window only (signal designer,
 // filter designer, project window), never an inspector or the export window;
-// the Window menu opens each window; Help opens the manual and the web pages.
+// the Window menu opens each window; Help opens the manual and the About box.
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QSpinBox>
 #include <QTemporaryDir>
@@ -15,19 +19,20 @@
 
 #include <gtest/gtest.h>
 
-#include "widgets/design_file_commands.h"
 #include "filter/filter_design_window.h"
 #include "filter/filter_inspector_window.h"
-#include "widgets/number_field.h"
-#include "widgets/open_sheet.h"
-#include "widgets/save_sheet.h"
 #include "project/fir_export_window.h"
 #include "project/project_window.h"
 #include "seeded_library.h"
 #include "shell/menu_controller.h"
 #include "shell/orvana_shell.h"
+#include "shell/startup.h"
 #include "signal/signal_design_window.h"
 #include "signal/signal_inspector_window.h"
+#include "widgets/design_file_commands.h"
+#include "widgets/number_field.h"
+#include "widgets/open_sheet.h"
+#include "widgets/save_sheet.h"
 
 namespace {
 
@@ -167,6 +172,42 @@ TEST_F(MenuRouting, WindowMenuOpensEveryWindow)
     shell->firExport()->hide();
     trigger("exportAction");
     EXPECT_TRUE(shell->firExport()->isVisible());
+}
+
+TEST_F(MenuRouting, HelpOpensTheManualAndTheAboutBox)
+{
+    trigger("manualAction");
+    ASSERT_EQ(opened.size(), 1);
+    ASSERT_TRUE(opened.first().isLocalFile());
+    const QString page = opened.first().toLocalFile();
+    EXPECT_TRUE(page.endsWith("OrvanaUserManual.html"));
+    QFile file(page);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString html = QString::fromUtf8(file.readAll());
+    EXPECT_TRUE(html.contains("Orvana User Manual"));
+    EXPECT_TRUE(html.contains("Filter Designer"));
+    EXPECT_FALSE(html.contains("## ")); // converted, not raw Markdown
+    // Every picture the page shows is written beside it.
+    const QRegularExpression image(QStringLiteral("<img src=\"([^\"]+)\""));
+    int pictures = 0;
+    for (auto it = image.globalMatch(html); it.hasNext(); ++pictures)
+        EXPECT_TRUE(QFileInfo(QFileInfo(page).dir().filePath(it.next().captured(1))).isFile());
+    EXPECT_GE(pictures, 8);
+
+    // Nothing else opens a web address; About names the versions in use.
+    EXPECT_EQ(shell->menuController()->action("orvanaWebsiteAction"), nullptr);
+    trigger("aboutAction");
+    EXPECT_EQ(opened.size(), 1);
+    QMessageBox* about = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w->objectName() == "aboutBox" && w->isVisible())
+            about = qobject_cast<QMessageBox*>(w);
+    ASSERT_NE(about, nullptr);
+    EXPECT_TRUE(about->text().contains(orvanaVersion()));
+    for (const QString& name :
+         {QStringLiteral("Qt ") + qVersion(), QStringLiteral("FFTW 3."), QStringLiteral("libplist 2.")})
+        EXPECT_TRUE(about->informativeText().contains(name)) << name.toStdString();
+    about->close();
 }
 
 } // namespace

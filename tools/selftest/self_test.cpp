@@ -20,16 +20,16 @@
 #include <QTableView>
 #include <QTimer>
 
-#include "widgets/design_file_commands.h"
 #include "filter/filter_design_window.h"
 #include "filter/filter_inspector_window.h"
-#include "widgets/open_sheet.h"
 #include "project/fir_export_window.h"
 #include "project/project_window.h"
 #include "shell/orvana_shell.h"
 #include "shell/pref_controller.h"
 #include "signal/signal_design_window.h"
 #include "signal/signal_inspector_window.h"
+#include "widgets/design_file_commands.h"
+#include "widgets/open_sheet.h"
 
 namespace {
 
@@ -53,11 +53,12 @@ bool openThroughSheet(DesignFileCommands* commands, const std::function<void()>&
     return false;
 }
 
-bool designSampleFilter(GVRWinFilterDesign* window)
+bool designSampleFilter(GVRWinFilterDesign* window,
+                        const QString& fileName = QStringLiteral("lp300fc25.filt"))
 {
     window->showGVRWinFilterDesign();
     const bool opened = openThroughSheet(
-        window->fileCommands(), [window] { window->openMenuItem(); }, QStringLiteral("lp300fc25.filt"));
+        window->fileCommands(), [window] { window->openMenuItem(); }, fileName);
     window->designFilterBut()->click();
     return opened && window->noteField()->text().indexOf(QLatin1String("VALID RANGE")) < 0 &&
            !window->theMagPhaseArray().empty();
@@ -118,12 +119,20 @@ void SelfTest::runWindowTour(OrvanaShell& shell, const QString& folder)
 {
     QDir().mkpath(folder);
     auto* script = new Script(500);
-    auto shoot = [folder](QWidget* window, const QString& name) {
+    // Every picture at one fixed size per kind of window, whatever the screen.
+    auto shoot = [folder](QWidget* window, const QString& name, QSize size) {
+        window->resize(size.expandedTo(window->minimumSizeHint()));
+        QCoreApplication::processEvents();
         window->grab().save(QDir(folder).filePath(name + QStringLiteral(".png")), "PNG");
     };
+    const QSize designer(1040, 720);
+    const QSize table(1240, 320);
 
-    script->add([&shell] { designSampleFilter(shell.filterDesign()); });
-    script->add([&shell, shoot] { shoot(shell.filterDesign(), QStringLiteral("1_filter_designer")); });
+    script->add(
+        [&shell] { designSampleFilter(shell.filterDesign(), QStringLiteral("bp50fc3fcntr15.filt")); });
+    script->add([&shell, shoot, designer] {
+        shoot(shell.filterDesign(), QStringLiteral("filter-designer"), designer);
+    });
 
     script->add([&shell] {
         GVRWinSignalDesign* w = shell.signalDesign();
@@ -131,7 +140,9 @@ void SelfTest::runWindowTour(OrvanaShell& shell, const QString& folder)
         openThroughSheet(
             w->fileCommands(), [w] { w->openMenuItem(); }, QStringLiteral("Cos10M3Fs300.signal"));
     });
-    script->add([&shell, shoot] { shoot(shell.signalDesign(), QStringLiteral("2_signal_designer")); });
+    script->add([&shell, shoot, designer] {
+        shoot(shell.signalDesign(), QStringLiteral("signal-designer"), designer);
+    });
 
     for (int mode : {1, 2}) {
         script->add([&shell, mode] {
@@ -148,30 +159,29 @@ void SelfTest::runWindowTour(OrvanaShell& shell, const QString& folder)
                 sheet->openButton()->click();
             }
         });
-        script->add([&shell, shoot, mode] {
-            shoot(shell.project(),
-                  mode == 1 ? QStringLiteral("3_sum_and_filter") : QStringLiteral("4_multirate"));
+        script->add([&shell, shoot, mode, designer] {
+            shoot(shell.project(), mode == 1 ? QStringLiteral("sum-and-filter") : QStringLiteral("multirate"),
+                  designer);
         });
     }
 
     script->add([&shell] { shell.filtInspector()->showGVRWinFiltInspector(); });
-    script->add([&shell, shoot] { shoot(shell.filtInspector(), QStringLiteral("5_filter_inspector")); });
+    script->add(
+        [&shell, shoot, table] { shoot(shell.filtInspector(), QStringLiteral("filter-inspector"), table); });
     script->add([&shell] { shell.sigInspector()->showGVRWinSigInspector(); });
-    script->add([&shell, shoot] { shoot(shell.sigInspector(), QStringLiteral("6_signal_inspector")); });
+    script->add(
+        [&shell, shoot, table] { shoot(shell.sigInspector(), QStringLiteral("signal-inspector"), table); });
     script->add([&shell] {
         GVRWinFirExport* w = shell.firExport();
         w->showGVRWinFirExport();
         w->table()->selectRow(0);
     });
-    script->add([&shell, shoot] { shoot(shell.firExport(), QStringLiteral("7_fir_export")); });
+    script->add([&shell, shoot] { shoot(shell.firExport(), QStringLiteral("fir-export"), QSize(720, 420)); });
     script->add([&shell] { shell.prefController()->setPrefControllerWin(); });
     script->add([&shell, shoot] {
         if (QDialog* panel = shell.prefController()->prefControllerWindow())
-            shoot(panel, QStringLiteral("8_preferences"));
+            shoot(panel, QStringLiteral("preferences"), panel->sizeHint());
     });
-    script->add([folder] {
-        grabScreen().save(QDir(folder).filePath(QStringLiteral("9_screen.png")), "PNG");
-        QCoreApplication::exit(0);
-    });
+    script->add([] { QCoreApplication::exit(0); });
     script->start();
 }
