@@ -95,30 +95,6 @@ protected:
     QList<QUrl> opened;
 };
 
-TEST_F(MenuRouting, EveryWindowCarriesTheThreeMenus)
-{
-    for (QMainWindow* window : shell->windows()) {
-        QMenuBar* bar = window->menuBar();
-        ASSERT_NE(bar, nullptr);
-        QStringList titles;
-        for (QAction* a : bar->actions())
-            titles << a->text().remove('&');
-        EXPECT_EQ(titles, QStringList({"File", "Window", "Help"})) << window->objectName().toStdString();
-    }
-    EXPECT_EQ(shell->menuController()->action("newAction")->shortcut(), QKeySequence("Ctrl+N"));
-    EXPECT_EQ(shell->menuController()->action("openAction")->shortcut(), QKeySequence("Ctrl+O"));
-    EXPECT_EQ(shell->menuController()->action("saveAction")->shortcut(), QKeySequence("Ctrl+S"));
-    EXPECT_EQ(shell->menuController()->action("saveAsAction")->shortcut(), QKeySequence("Ctrl+Shift+S"));
-    // Each key has one owner: the designers' own window shortcuts gave theirs up.
-    for (QMainWindow* window : shell->windows()) {
-        for (QAction* a : window->actions()) {
-            if (a->parent() != shell->menuController()) {
-                EXPECT_NE(a->shortcut(), QKeySequence("Ctrl+S")) << window->objectName().toStdString();
-            }
-        }
-    }
-}
-
 TEST_F(MenuRouting, FileCommandsGoToTheActiveDesigner)
 {
     shell->filterDesign()->showGVRWinFilterDesign();

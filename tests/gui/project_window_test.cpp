@@ -83,42 +83,6 @@ protected:
     GVRWinProject* window = nullptr;
 };
 
-TEST_F(ProjectWindow, SumAndFilterOfTheSamplesDrawsInputAndOutput)
-{
-    show(1);
-    choose(window->signalOnePopUp(), "Cos10M3Fs300");
-    choose(window->signalTwoPopUp(), "Cos35Fs300");
-    choose(window->filterPopUp(), "lp300fc25");
-    design();
-
-    EXPECT_EQ(window->noteField()->text(), QString());
-    const QVariantMap& p = window->projectParameterDictionary();
-    ASSERT_EQ(p.size(), 9);
-    EXPECT_EQ(p.value(KEYMOD_BLOCK_DIAGRAM).toInt(), 1);
-    EXPECT_EQ(p.value(KEYMOD_SIG_ONE_NAME).toString(), "Cos10M3Fs300");
-    EXPECT_EQ(p.value(KEYMOD_SIG_TWO_NAME).toString(), "Cos35Fs300");
-    EXPECT_EQ(p.value(KEYMOD_FILTER_NAME).toString(), "lp300fc25");
-    EXPECT_EQ(p.value(KEYMOD_SIG_ONE_SIGN).toInt(), 0);
-    EXPECT_EQ(p.value(KEYMOD_MULTIRATE_FILT).toInt(), 1); // automatic, as first shown
-
-    const std::vector<double> time = window->theTimeArray();
-    const std::vector<double> freq = window->theFreqArray();
-    ASSERT_EQ(time.size(), 32784u);
-    ASSERT_EQ(freq.size(), 16400u);
-    EXPECT_DOUBLE_EQ(time[0], 300.0); // KHz, both signals and the filter
-    EXPECT_DOUBLE_EQ(time[8], 300.0); // Sum & Filter keeps the rate
-    EXPECT_GT(time[4], time[5]);
-
-    // Both charts show curves in their colours; the graph choice flips them to the output.
-    EXPECT_GT(countPixels(window->viewProjTime(), chartcolors::timeGraph()), 50);
-    EXPECT_GT(countPixels(window->viewProjFreq(), chartcolors::magSpectrum()), 20);
-    EXPECT_EQ(window->graphPopUp()->itemText(1), "Output: y[n]");
-    choose(window->graphPopUp(), "Output: y[n]");
-    EXPECT_FALSE(window->viewProjTime()->showsInput());
-    EXPECT_FALSE(window->viewProjFreq()->showsInput());
-    EXPECT_GT(countPixels(window->viewProjTime(), chartcolors::timeGraph()), 50);
-}
-
 TEST_F(ProjectWindow, SaveThenOpenThroughTheSheets)
 {
     show(2);

@@ -76,24 +76,6 @@ protected:
     std::unique_ptr<GVRWinSignalDesign> window;
 };
 
-TEST_F(SignalDesignWindow, MegaToKiloRescalesRateAndFrequencyOnly)
-{
-    type(window->freqSampField(), "300");
-    typeParms({"1", "10", "0.5", "0.1", "0.2"});
-    choose(window->freqUnitsPopUp(), KHz);
-    EXPECT_EQ(window->freqSampField()->text(), "300000");
-    EXPECT_EQ(text(2), "10000");
-    EXPECT_EQ(QStringList({text(1), text(3), text(4), text(5)}), QStringList({"1", "0.5", "0.1", "0.2"}));
-    EXPECT_EQ(window->freqUnitsLabel()->text(), "KHz");
-    EXPECT_EQ(caption(2), "KHz");
-    EXPECT_EQ(window->previousFreqUnitsSelected(), KHz);
-    EXPECT_EQ(window->theTimeArray().size(), 16392u); // designed at once
-
-    choose(window->freqUnitsPopUp(), MHz);
-    EXPECT_EQ(window->freqSampField()->text(), "300");
-    EXPECT_EQ(text(2), "10");
-}
-
 TEST_F(SignalDesignWindow, SaveNewOpenRestoresUnitsAndValues)
 {
     stepTo(3); // sine
