@@ -186,6 +186,29 @@ TEST(BinaryPlistHostile, BadStrings)
     EXPECT_EQ(plist->string(0), "\xce\xa9\xf0\x9f\x98\x80");
 }
 
+TEST(BinaryPlistHostile, ArrayAsDictionaryKey)
+{
+    BplistBuilder b;
+    b.dict({1}, {2});
+    b.array({});
+    b.integer(1);
+    EXPECT_EQ(refusal(b.build(0)), "object 0 is a dictionary with a key that is not a string");
+}
+
+TEST(BinaryPlistHostile, DatesThatAreNotNumbers)
+{
+    for (double seconds : {std::nan(""), std::numeric_limits<double>::infinity(),
+                           -std::numeric_limits<double>::infinity()}) {
+        BplistBuilder b;
+        b.array({1});
+        b.date(seconds);
+        EXPECT_EQ(refusal(b.build(0)), "object 1 is a date that is not a number");
+    }
+    BplistBuilder b;
+    b.date(0.0);
+    EXPECT_TRUE(BinaryPlist::parse(b.build(0), nullptr));
+}
+
 TEST(BinaryPlistHostile, EveryUnassignedMarker)
 {
     const std::set<unsigned> assigned = [] {
@@ -234,6 +257,22 @@ TEST(BinaryPlistHostile, DeepNesting)
         b.array({std::uint64_t(i + 1)});
     b.array({});
     EXPECT_TRUE(BinaryPlist::parse(b.build(0), nullptr));
+}
+
+TEST(BinaryPlistHostile, DepthCountsTheLongestPathNotTheFirst)
+{
+    // Object 1 is reached first from the top directly, then again at the end
+    // of a chain of 14; the longer path makes the list 17 levels deep.
+    BplistBuilder real;
+    std::vector<std::uint64_t> topRefs{1, 2};
+    real.array(topRefs);              // 0: top, level 1
+    real.array({std::uint64_t(17)});  // 1: shallow route to the tail
+    for (int i = 2; i < 16; ++i)      // 2..15: the long route
+        real.array({std::uint64_t(i + 1)});
+    real.array({std::uint64_t(1)});   // 16: rejoins object 1
+    real.array({std::uint64_t(18)});  // 17
+    real.array({});                   // 18
+    EXPECT_EQ(refusal(real.build(0)), "it nests deeper than 16 levels");
 }
 
 TEST(BinaryPlistHostile, Cycles)

@@ -161,6 +161,18 @@ TEST(KeyedArchiveHostile, ReferencesOutOfBounds)
     }
 }
 
+TEST(KeyedArchiveHostile, OneObjectUnderKeysOfDifferentTypes)
+{
+    KeyedArchiveBuilder k;
+    const auto shared = k.entry(k.plist.integer(1));
+    EXPECT_EQ(projectRefusal(oneRecord(k, "GVRProject", {{"blockDiagramNumber", shared}, {"filterName", shared}})),
+              "the value under “filterName” is not a text");
+    KeyedArchiveBuilder f;
+    const auto number = f.entry(f.plist.real(7.0));
+    EXPECT_EQ(filterRefusal(oneRecord(f, "GVRFilter", {{"dfFilterLengthN", number}, {"windowType", number}})),
+              "the value under “windowType” is not a whole number");
+}
+
 TEST(KeyedArchiveHostile, Cycles)
 {
     {
