@@ -55,6 +55,7 @@ TEST(FirSynthesis, PassbandCountsAndMask)
     EXPECT_EQ(passbandCount(255, 0.99), 126u);
     EXPECT_EQ(passbandCount(25, 0.01), 0u); // N·θ < 1
     EXPECT_EQ(passbandCount(51, 0.2), 5u);  // floor(11.2/2)
+    EXPECT_EQ(passbandCount(25, 0.2), 3u);  // N·θ = 5: floor(6/2), the half bin rounds up
 
     std::vector<double> H(255);
     idealLowPassSamples(126, H);
