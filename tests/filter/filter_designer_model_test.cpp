@@ -3,7 +3,9 @@
 // warning path that keeps the previous results, and bad input of every kind.
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
+#include "library/design_library.h"
 #include "recording_filter_view.h"
+#include "support/temp_library.h"
 
 #include <gtest/gtest.h>
 
@@ -37,7 +39,9 @@ protected:
         return view.note;
     }
     RecordingFilterView view;
-    GVRFilterDesignerModel model;
+    TempLibrary temp;
+    DesignLibrary library{temp.root()};
+    GVRFilterDesignerModel model{library};
 };
 
 const QString kWarning = QStringLiteral("WARNING: Increase Filter Length (3dB Point Not Found)");

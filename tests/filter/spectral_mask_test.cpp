@@ -11,6 +11,8 @@
 
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
+#include "library/design_library.h"
+#include "support/temp_library.h"
 
 namespace {
 
@@ -56,7 +58,9 @@ TEST(SpectralMask, EachFilterTypeStaysInsideItsMask)
     };
     for (const Mask& m : masks) {
         SCOPED_TRACE(m.name);
-        GVRFilterDesignerModel model;
+        TempLibrary temp;
+        DesignLibrary library(temp.root());
+        GVRFilterDesignerModel model(library);
         model.designFilterWithParameters({{KEYFP_UNITS, 0},
                                           {KEYFP_FILTER_TYPE, m.type},
                                           {KEYFP_SAMPLING_FREQ, 0.0},

@@ -2,7 +2,6 @@
 // new-file announcements.
 #include "library/design_library.h"
 
-#include <set>
 
 #include <unistd.h>
 
