@@ -41,7 +41,7 @@ src/dsp/frequency_response.cpp @@ const std::size_t from = k == 0 ? 1 : k - 1; @
 src/dsp/frequency_response.cpp @@ step[j] = notch ? down : -up; @@ step[j] = notch ? -up : down;
 src/dsp/filter_measurements.cpp @@ (at(k) + 3.0) / (at(k) - at(k + 1)) @@ (at(k) + 3.0) / (at(k) - at(k - 1))
 src/dsp/filter_measurements.cpp @@ std::max(0.0, std::max(high, -low)) @@ std::max(0.0, std::max(high, low))
-src/dsp/quantisation.cpp @@ ? 21 - widthIndex : 0; @@ ? 22 - widthIndex : 0;
+src/dsp/quantisation.cpp @@ ? kBitsPlusIndex - widthIndex : 0; @@ ? kBitsPlusIndex + 1 - widthIndex : 0;
 src/dsp/unit_conversion.cpp @@ copyScaled(x1, code1 == 1 ? 1000.0 : 1.0, x1Out); @@ copyScaled(x1, code1 == 1 ? 1.0 : 1000.0, x1Out);
 src/dsp/multirate.cpp @@ const std::size_t first = (up - i % up) % up; @@ const std::size_t first = (up - i % up);
 src/dsp/sum_and_filter.cpp @@ sign2 == 1 ? -v2 : 0.0; @@ sign2 == 1 ? v2 : 0.0;

@@ -31,9 +31,9 @@ TEST(TimeChartLayout, TimeAxisFollowsRateUnitsAndZoom)
         qsizetype segments;
     };
     const Case cases[] = {
-        {1.0, 0, 0, 16.0f, 0.1f, 11, u"0 mS", 1024},          {100.0, 1, 0, 16.0f, 1.0f, 11, u"0 \u03bcS", 1024},
-        {100.0, 0, 1, 1.0f, 20.0f, 9, u"0 mS", 16383},        {100000.0, 0, 1, 1.0f, 20.0f, 9, u"0 \u03bcS", 16383},
-        {48.0, 0, 1, 256.0f, 0.1f, 14, u"0 mS", 64},           {48.0, 0, 1, 2.0f, 0.0f, 0, nullptr, 8192},
+        {1.0, 0, 0, 16.0f, 0.1f, 11, u"0 mS", 1024},   {100.0, 1, 0, 16.0f, 1.0f, 11, u"0 \u03bcS", 1024},
+        {100.0, 0, 1, 1.0f, 20.0f, 9, u"0 mS", 16383}, {100000.0, 0, 1, 1.0f, 20.0f, 9, u"0 \u03bcS", 16383},
+        {48.0, 0, 1, 256.0f, 0.1f, 14, u"0 mS", 64},   {48.0, 0, 1, 2.0f, 0.0f, 0, nullptr, 8192},
     };
     for (const Case& c : cases) {
         const auto a = chartarrays::signalTime(c.fs, 1.0, 64.0, c.voltUnit, c.freqUnit);

@@ -17,7 +17,7 @@
 namespace {
 
 struct Band {
-    double from, to;  // normalised: 1 is half the sampling rate
+    double from, to; // normalised: 1 is half the sampling rate
 };
 
 struct Mask {
@@ -45,7 +45,7 @@ bool inside(const std::vector<Band>& bands, double theta)
     return false;
 }
 
-}  // namespace
+} // namespace
 
 TEST(SpectralMask, EachFilterTypeStaysInsideItsMask)
 {
