@@ -31,21 +31,6 @@ TEST(ProjectArchive, RoundTripThroughAFile)
     EXPECT_EQ(*read, partial);
 }
 
-TEST(ProjectArchive, ReadersTakeTheLastRecord)
-{
-    GVRProject first = awkwardProject();
-    GVRProject second = awkwardProject();
-    second.blockDiagramNumber = 1;
-    second.signalTwoName = "Cos35Fs300";
-    const auto back = decodeProjectArchive(encodeProjectArchive(std::vector<GVRProject>{first, second}));
-    ASSERT_TRUE(back);
-    EXPECT_EQ(*back, second);
-
-    QString error;
-    EXPECT_FALSE(decodeProjectArchive(encodeProjectArchive(std::vector<GVRProject>{}), &error));
-    EXPECT_EQ(error, "This is not an Orvana project: it holds no design.");
-}
-
 TEST(ProjectArchive, PlistlibSeesIntegersAndStrings)
 {
     QTemporaryDir dir;

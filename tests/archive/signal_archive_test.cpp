@@ -50,16 +50,6 @@ TEST(SignalArchive, RoundTripKeepsEveryBit)
     EXPECT_EQ(*empty, GVRSignal{});
 }
 
-TEST(SignalArchive, ReadersTakeTheLastRecord)
-{
-    GVRSignal second;
-    second.yStepIndex = 7.0;
-    second.freqUnits = 1;
-    const auto back = decodeSignalArchive(encodeSignalArchive(std::vector<GVRSignal>{awkwardSignal(), second}));
-    ASSERT_TRUE(back);
-    EXPECT_EQ(*back, second);
-}
-
 TEST(SignalArchive, OnlyWholeSignalsAreWritten)
 {
     QString error;

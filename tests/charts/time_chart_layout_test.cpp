@@ -18,64 +18,35 @@ constexpr float kH = 400.0f;
 
 } // namespace
 
-TEST(TimeChartLayout, MegahertzRecordShownInMilliseconds)
+// Time axis per sampling rate, units and zoom: step, divisions, unit of the
+// last label and segments drawn (z shows 16384 / z samples).
+TEST(TimeChartLayout, TimeAxisFollowsRateUnitsAndZoom)
 {
-    const auto a = chartarrays::signalTime(1.0, 1.0, 64.0, 0, 0);
-    const ChartScene scene = layoutTimeChart(a, 0, 8, 16.0f, kW, kH);
-    ASSERT_TRUE(scene.horizontalStep);
-    EXPECT_FLOAT_EQ(scene.horizontalStep->step, 0.1f);
-    EXPECT_EQ(scene.horizontalStep->count, 11);
-    EXPECT_EQ(labelTexts(scene).last(), "0 mS");
-    // z 16 shows 1024 samples: 1024 segments.
-    EXPECT_EQ(scene.curve.size(), 1024);
-    EXPECT_EQ(scene.curveColor, chartcolors::timeGraph());
-}
-
-TEST(TimeChartLayout, MegahertzRecordShownInMicroseconds)
-{
-    const auto a = chartarrays::signalTime(100.0, 1.0, 64.0, 1, 0);
-    const ChartScene scene = layoutTimeChart(a, 0, 8, 16.0f, kW, kH);
-    // T = 10.24 μs: step 1 with 11 divisions.
-    EXPECT_EQ(scene.horizontalStep->step, 1.0f);
-    EXPECT_EQ(scene.horizontalStep->count, 11);
-    const QStringList texts = labelTexts(scene);
-    EXPECT_EQ(texts.last(), QStringLiteral("0 \u03bcS"));
-    EXPECT_TRUE(texts.contains("0 mV"));
-}
-
-TEST(TimeChartLayout, KilohertzRecordAtZoomOne)
-{
-    const auto a = chartarrays::signalTime(100.0, 1.0, 64.0, 0, 1);
-    const ChartScene scene = layoutTimeChart(a, 0, 8, 1.0f, kW, kH);
-    EXPECT_EQ(scene.horizontalStep->step, 20.0f);
-    EXPECT_EQ(scene.horizontalStep->count, 9);
-    EXPECT_EQ(labelTexts(scene).last(), "0 mS");
-    // 16383 segments, the last ending 1/16384 of the width short of the edge.
-    ASSERT_EQ(scene.curve.size(), 16383);
-    EXPECT_NEAR(scene.curve.last().x2(), kW * 16383.0f / 16384.0f, 1e-3);
-}
-
-TEST(TimeChartLayout, KilohertzRecordShortSpanInMicroseconds)
-{
-    const auto a = chartarrays::signalTime(100000.0, 1.0, 64.0, 0, 1);
-    const ChartScene scene = layoutTimeChart(a, 0, 8, 1.0f, kW, kH);
-    // T = 0.16384 ms < 1: 163.84 μS.
-    EXPECT_EQ(labelTexts(scene).last(), QStringLiteral("0 \u03bcS"));
-    EXPECT_EQ(scene.horizontalStep->step, 20.0f);
-}
-
-TEST(TimeChartLayout, HighZoomAndZoomTwo)
-{
-    const auto a = chartarrays::signalTime(48.0, 1.0, 64.0, 0, 1);
-    ChartScene scene = layoutTimeChart(a, 0, 8, 256.0f, kW, kH);
-    EXPECT_EQ(labelTexts(scene).last(), "0 mS");
-    EXPECT_FLOAT_EQ(scene.horizontalStep->step, 0.1f);
-    EXPECT_EQ(scene.horizontalStep->count, 14);
-    EXPECT_EQ(scene.curve.size(), 64);
-
-    scene = layoutTimeChart(a, 0, 8, 2.0f, kW, kH);
-    ASSERT_EQ(scene.curve.size(), 8192);
-    EXPECT_NEAR(scene.curve.last().x2(), kW, 1e-3);
+    struct Case {
+        double fs;
+        int voltUnit, freqUnit;
+        float zoom, step;
+        int count;
+        const char16_t* unit;
+        qsizetype segments;
+    };
+    const Case cases[] = {
+        {1.0, 0, 0, 16.0f, 0.1f, 11, u"0 mS", 1024},   {100.0, 1, 0, 16.0f, 1.0f, 11, u"0 \u03bcS", 1024},
+        {100.0, 0, 1, 1.0f, 20.0f, 9, u"0 mS", 16383}, {100000.0, 0, 1, 1.0f, 20.0f, 9, u"0 \u03bcS", 16383},
+        {48.0, 0, 1, 256.0f, 0.1f, 14, u"0 mS", 64},   {48.0, 0, 1, 2.0f, 0.0f, 0, nullptr, 8192},
+    };
+    for (const Case& c : cases) {
+        const auto a = chartarrays::signalTime(c.fs, 1.0, 64.0, c.voltUnit, c.freqUnit);
+        const ChartScene scene = layoutTimeChart(a, 0, 8, c.zoom, kW, kH);
+        SCOPED_TRACE(testing::Message() << c.fs << " zoom " << c.zoom);
+        EXPECT_EQ(scene.curve.size(), c.segments);
+        EXPECT_EQ(scene.curveColor, chartcolors::timeGraph());
+        if (!c.unit)
+            continue;
+        EXPECT_FLOAT_EQ(scene.horizontalStep->step, c.step);
+        EXPECT_EQ(scene.horizontalStep->count, c.count);
+        EXPECT_EQ(labelTexts(scene).last(), QString::fromUtf16(c.unit));
+    }
 }
 
 TEST(TimeChartLayout, AmplitudeGridIsSymmetric)
@@ -99,42 +70,6 @@ TEST(TimeChartLayout, AmplitudeGridIsSymmetric)
     scene = layoutTimeChart(a, 0, 8, 16.0f, kW, kH);
     EXPECT_EQ(scene.verticalStep->step, 0.5f);
     EXPECT_EQ(scene.verticalStep->count, 3);
-}
-
-TEST(TimeChartLayout, AllZeroRecordIsAFlatLineAtMid)
-{
-    auto a = chartarrays::signalTime(1.0, 0.0, 64.0, 0, 0);
-    a[4] = 0.0;
-    a[5] = 0.0;
-    const ChartScene scene = layoutTimeChart(a, 0, 8, 16.0f, kW, kH);
-    EXPECT_FLOAT_EQ(scene.verticalStep->step, 0.01f);
-    EXPECT_EQ(scene.verticalStep->count, 1);
-    EXPECT_EQ(labelTexts(scene).mid(0, 3), QStringList({"-0.01", "0 V", "0.01"}));
-    for (const QLineF& segment : scene.curve)
-        EXPECT_FLOAT_EQ(segment.y1(), 0.5f * kH);
-}
-
-TEST(TimeChartLayout, ProjectHalvesReadTheirOwnHeaderAndSamples)
-{
-    const auto input = chartarrays::signalTime(1.0, 1.0, 64.0, 0, 0);
-    const auto output = chartarrays::signalTime(2.0, -2.0, 32.0, 1, 0);
-    std::vector<double> project(32784, 0.0);
-    std::copy(input.begin(), input.begin() + 8, project.begin());
-    std::copy(output.begin(), output.begin() + 8, project.begin() + 8);
-    std::copy(input.begin() + 8, input.end(), project.begin() + 16);
-    std::copy(output.begin() + 8, output.end(), project.begin() + 16400);
-
-    const ChartScene in = layoutTimeChart(project, 0, 16, 16.0f, kW, kH);
-    const ChartScene out = layoutTimeChart(project, 8, 16400, 16.0f, kW, kH);
-    EXPECT_TRUE(labelTexts(in).contains("0 V"));
-    EXPECT_TRUE(labelTexts(out).contains("0 mV"));
-    // fs 2 MHz at zoom 16: T = 512 μs, step 50 with 11 divisions.
-    EXPECT_EQ(out.horizontalStep->step, 50.0f);
-    // Input sample 16 is the crest of +sin; output sample 8 the trough of -2 sin.
-    EXPECT_GT(in.curve[16].y1(), 0.5f * kH);
-    EXPECT_LT(out.curve[8].y1(), 0.5f * kH);
-    EXPECT_GT(out.curve[24].y1(), 0.5f * kH);
-    EXPECT_EQ(out.curve.size(), 1024);
 }
 
 TEST(TimeChartLayout, BadDataNeverRunsAway)

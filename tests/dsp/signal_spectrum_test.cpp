@@ -13,15 +13,6 @@ namespace {
 constexpr std::size_t N = kSpectrumLength;
 }
 
-TEST(SignalSpectrum, MeasureFindsExtremes)
-{
-    const std::vector<double> x{0.5, -2.0, 3.0, 1.0};
-    const SignalExtremes e = measureSignal(x);
-    EXPECT_EQ(e.max, 3.0);
-    EXPECT_EQ(e.min, -2.0);
-    EXPECT_EQ(measureSignal({}).max, 0.0);
-}
-
 // A cosine on bin 2048 (37.5 of fs 300) shows A/2 there and in its mirror.
 TEST(SignalSpectrum, CosineOnABinHasHalfItsAmplitudeThere)
 {

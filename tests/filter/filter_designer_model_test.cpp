@@ -49,18 +49,6 @@ const QString kPositive = QStringLiteral("Filter Coefficients: Positive Symmetry
 
 } // namespace
 
-TEST_F(FilterModel, StartsEmpty)
-{
-    GVRFilterDesignerModel fresh(library);
-    EXPECT_FALSE(fresh.validResultsFlag());
-    EXPECT_TRUE(fresh.dBmagAndPhaseArray().empty());
-    EXPECT_TRUE(fresh.filterCoefficients().empty());
-    EXPECT_TRUE(fresh.filterResultsDictionary().isEmpty());
-    EXPECT_EQ(fresh.thetaSamplingFreq(), 0.0);
-    fresh.designFilterWithParameters(Params{}.map()); // no window: nothing to call, no crash
-    EXPECT_TRUE(fresh.validResultsFlag());
-}
-
 TEST_F(FilterModel, ValidationMessagesInOrder)
 {
     struct Case {

@@ -97,18 +97,6 @@ TEST_F(FiltInspector, MegahertzBandPassScalesByHalfTheRate)
     EXPECT_EQ(row.length, QStringLiteral("61"));
 }
 
-TEST_F(FiltInspector, ParameterCellOnlyForKaiserAndChebyshev)
-{
-    for (int window = 0; window <= 8; ++window) {
-        const GVRInspectFilt row =
-            saved(QStringLiteral("w%1").arg(window), 1, 0, 48.0, 6.0, 0.0, window, 7.0);
-        EXPECT_EQ(row.parm, QString()) << window;
-        EXPECT_EQ(row.window, GVRInspectorFiltModel::windowTypeTitle().at(window));
-        EXPECT_EQ(row.fcutoff, QStringLiteral("6.00000"));
-        EXPECT_EQ(row.units, QStringLiteral("KHz"));
-    }
-}
-
 TEST_F(FiltInspector, UnreadableFileShowsOnlyItsName)
 {
     saved(QStringLiteral("good"), 0, 0, 0.0, 0.2, 0.0);
@@ -133,22 +121,6 @@ TEST_F(FiltInspector, MissingFolderGivesNoRows)
 {
     ASSERT_TRUE(QDir(library.filterFolder()).removeRecursively());
     EXPECT_TRUE(GVRInspectorFiltModel(library).getFiltInspectorArray().isEmpty());
-}
-
-TEST(InspectFilt, CellsByColumnIdentifier)
-{
-    EXPECT_EQ(GVRInspectFilt::keys(),
-              (QStringList{"filename", "filter", "fs", "window", "parm", "width", "length", "fcutoff",
-                           "fcenter", "db3band", "db3low", "db3high", "ripple", "units"}));
-    GVRInspectFilt row;
-    for (const QString& key : GVRInspectFilt::keys())
-        EXPECT_TRUE(row.setValue(key, key + QStringLiteral("!")));
-    EXPECT_EQ(row.db3high, QStringLiteral("db3high!"));
-    EXPECT_EQ(row.filename, QStringLiteral("filename!"));
-    for (const QString& key : GVRInspectFilt::keys())
-        EXPECT_EQ(row.value(key), key + QStringLiteral("!"));
-    EXPECT_FALSE(row.setValue(QStringLiteral("nope"), QStringLiteral("x")));
-    EXPECT_EQ(row.value(QStringLiteral("nope")), QString());
 }
 
 TEST(InspectFilt, HostileRecordValuesGiveEmptyCells)

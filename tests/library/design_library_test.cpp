@@ -2,7 +2,6 @@
 // new-file announcements.
 #include "library/design_library.h"
 
-#include <set>
 
 #include <unistd.h>
 
@@ -38,17 +37,6 @@ protected:
     QString root = dir.path() + QStringLiteral("/data/Orvana");
     DesignLibrary library{root};
 };
-
-TEST_F(DesignLibraryTest, PathsAreFolderSlashNameExtension)
-{
-    EXPECT_EQ(library.filterPath("lp300fc25"), root + "/filter/lp300fc25.filt");
-    EXPECT_EQ(library.signalPath("Cos1MHz"), root + "/signal/Cos1MHz.signal");
-    EXPECT_EQ(library.projectPath(1, "p"), root + "/projectOne/p.orvana");
-    EXPECT_EQ(library.projectPath(2, "p"), root + "/projectTwo/p.orvana");
-    EXPECT_EQ(library.projectTwoFolder(), root + "/projectTwo");
-    library.setRoot(dir.path() + "/");
-    EXPECT_EQ(library.signalPath("a b"), dir.path() + "/signal/a b.signal");
-}
 
 TEST_F(DesignLibraryTest, FirstLaunchMakesRootAndFourFolders)
 {
@@ -221,19 +209,6 @@ TEST_F(DesignLibraryTest, AnnouncementsReachListeners)
     library.announceNewSignalFile();
     EXPECT_EQ(filters.count(), 2);
     EXPECT_EQ(signalFiles.count(), 1);
-}
-
-TEST(DesignLibraryNames, FoldersAndExtensions)
-{
-    EXPECT_EQ(DesignLibrary::folderName(Folder::ProjectOne), "projectOne");
-    EXPECT_EQ(DesignLibrary::extension(Folder::Signal), ".signal");
-    EXPECT_EQ(DesignLibrary::extension(Folder::ProjectTwo), ".orvana");
-    EXPECT_EQ(DesignLibrary::projectFolder(1), Folder::ProjectOne);
-    EXPECT_EQ(DesignLibrary::projectFolder(2), Folder::ProjectTwo);
-    std::set<std::string> names;
-    for (const auto& sample : DesignLibrary::kSamples)
-        names.insert(sample.fileName);
-    EXPECT_EQ(names.size(), 13u);
 }
 
 }  // namespace

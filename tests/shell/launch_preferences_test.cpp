@@ -31,16 +31,6 @@ TEST_F(LaunchPreferencesTest, FirstLaunchDefaults)
     EXPECT_TRUE(store.allKeys().isEmpty());
 }
 
-TEST_F(LaunchPreferencesTest, KeysAreTheStoreNames)
-{
-    EXPECT_STREQ(LaunchPreferences::key(W::FilterDesign), "GVRWinFilterDesignKey");
-    EXPECT_STREQ(LaunchPreferences::key(W::SignalDesign), "GVRWinSignalDesignKey");
-    EXPECT_STREQ(LaunchPreferences::key(W::ProjectOne), "GVRWinProjectOneKey");
-    EXPECT_STREQ(LaunchPreferences::key(W::ProjectTwo), "GVRWinProjectTwoKey");
-    EXPECT_STREQ(LaunchPreferences::key(W::FilterInspector), "GVRWinFilterInspectorKey");
-    EXPECT_STREQ(LaunchPreferences::key(W::SignalInspector), "GVRWinSignalInspectorKey");
-}
-
 TEST_F(LaunchPreferencesTest, ChoicesPersistToTheNextLaunch)
 {
     prefs.setSignalDesignPref(true);

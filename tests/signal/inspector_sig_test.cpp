@@ -131,20 +131,3 @@ TEST(SigInspector, UnreadableFilesNeverShowAnotherFilesValues)
     ASSERT_TRUE(QDir(library.signalFolder()).removeRecursively());
     EXPECT_TRUE(GVRInspectorSigModel(library).getSigInspectorArray().isEmpty());
 }
-
-TEST(InspectSig, CellsByColumnIdentifier)
-{
-    EXPECT_EQ(GVRInspectSig::keys(), (QStringList{"filename", "function", "fs", "a1", "fa1", "phi", "a2",
-                                                  "fa2", "m", "tau", "beta", "sigma", "mu"}));
-    GVRInspectSig row;
-    double v = 1.0;
-    for (const QString& key : GVRInspectSig::keys().mid(2))
-        EXPECT_TRUE(row.setValue(key, v++));
-    EXPECT_TRUE(row.setValue(QStringLiteral("function"), QStringLiteral("f")));
-    EXPECT_EQ(row.fs.toDouble(), 1.0);
-    EXPECT_EQ(row.mu.toDouble(), 11.0);
-    EXPECT_EQ(row.value(QStringLiteral("tau")).toDouble(), 8.0);
-    EXPECT_EQ(row.value(QStringLiteral("function")).toString(), QStringLiteral("f"));
-    EXPECT_FALSE(row.setValue(QStringLiteral("zeta"), 1.0));
-    EXPECT_FALSE(row.value(QStringLiteral("zeta")).isValid());
-}

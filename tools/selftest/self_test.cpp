@@ -1,6 +1,6 @@
 // Automated runs of the real program's windows: pictures of them after
 // designs made through their own widgets.
-#include "support/self_test.h"
+#include "selftest/self_test.h"
 
 #include <cstdio>
 #include <functional>

@@ -10,7 +10,7 @@
 
 #include "library/fft_tuning.h"
 #include "shell/startup.h"
-#include "support/self_test.h"
+#include "selftest/self_test.h"
 
 int main(int argc, char* argv[])
 {
