@@ -1,5 +1,6 @@
 // Driving the designer windows as a user would: choosing from pop-up lists
-// through their popups, typing into fields, answering sheets and alerts.
+// through their popups, typing into fields, answering sheets and alerts, and
+// saving screenshots for a person to look at.
 #pragma once
 
 #include <QAbstractItemView>
@@ -84,6 +85,13 @@ inline void type(QLineEdit* field, const QString& text)
     QTest::keyClicks(field, text);
 }
 
+inline void typeInto(QSpinBox* box, const QString& text)
+{
+    ASSERT_NE(box, nullptr);
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, text);
+}
 
 // The modal widget on top, which must be of the kind expected.
 template <class T> T* topModal()
@@ -139,6 +147,14 @@ inline void answerOpenSheet(const QString& fileName)
 inline QImage snapshot(QWidget* widget)
 {
     return widget->grab().toImage();
+}
+
+// Saves a screenshot of `widget` under the test artifacts folder.
+inline void saveScreenshot(QWidget* widget, const QString& fileName)
+{
+    const QString folder = QStringLiteral(ORVANA_TEST_ARTIFACTS);
+    QDir().mkpath(folder);
+    EXPECT_TRUE(widget->grab().save(QDir(folder).filePath(fileName))) << fileName.toStdString();
 }
 
 } // namespace designer_test
