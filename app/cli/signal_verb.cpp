@@ -173,14 +173,15 @@ int runSignal(const QStringList& args)
     }
 
     // The library is touched only when the design is to be saved there.
-    DesignLibrary* designLibrary =
-        parser.isSet(save) ? &prepareCliLibrary(QStringLiteral("signal"), parser.value(library)) : nullptr;
+    DesignLibrary designLibrary(cliLibraryRoot(parser.value(library)));
+    if (parser.isSet(save))
+        prepareCliLibrary(designLibrary, QStringLiteral("signal"));
     CollectingView view;
-    GVRSignalDesignerModel model;
+    GVRSignalDesignerModel model(designLibrary);
     model.setWinSignalDesign(&view);
-    model.setLibrary(designLibrary);
     const DesignOutcome outcome = model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
-        freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index, values));
+        freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index,
+        values));
     const bool designed = outcome == DesignOutcome::Designed;
     if (parser.isSet(json))
         printNoteAndChartsJson(view.note, view.time, view.freq, designed);
@@ -190,7 +191,7 @@ int runSignal(const QStringList& args)
         const QString name = parser.value(save);
         const bool saved = model.saveSignalDesignWithFileName(name);
         if (!reportSave(QStringLiteral("signal"), QStringLiteral("design"), saved, model.lastFileError(),
-                        designLibrary->signalPath(name), parser.isSet(json)))
+                        designLibrary.signalPath(name), parser.isSet(json)))
             return Refused;
     }
     return exitStatusOf(outcome);
