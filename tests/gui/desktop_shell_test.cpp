@@ -24,8 +24,11 @@
 #include "shell/recent_files.h"
 #include "shell/window_places.h"
 #include "signal/signal_design_window.h"
+#include "designer_test_support.h"
 #include "widgets/design_file_commands.h"
 #include "widgets/open_sheet.h"
+
+using designer_test::shownName;
 
 namespace {
 
@@ -67,9 +70,9 @@ TEST_F(DesktopShell, DesignFilesOpenByPathInTheirDesigners)
     EXPECT_EQ(shell->openDesignFiles({outside, broken, dir.filePath("notes.txt"), project}), 2);
     // The outside filter was copied into the library once, and the inspector lists it.
     EXPECT_TRUE(QFile::exists(seeded.library.filterPath("mine")));
-    EXPECT_EQ(shell->filterDesign()->windowTitle(), "mine");
+    EXPECT_EQ(shownName(*shell->filterDesign()), "mine");
     EXPECT_TRUE(inspectorNames().contains("mine"));
-    EXPECT_EQ(shell->project()->windowTitle(), "multirateUser300to450");
+    EXPECT_EQ(shownName(*shell->project()), "multirateUser300to450");
     EXPECT_NE(shell->openFileAlert(), nullptr);
     EXPECT_TRUE(shell->openDesignFile(outside));
     EXPECT_FALSE(QFile::exists(seeded.library.filterPath("mine 2")));
@@ -149,7 +152,7 @@ TEST_F(DesktopShell, OpenSheetRenamesDuplicatesAndTrashes)
     ask->accept();
     EXPECT_TRUE(QFile::exists(seeded.library.filterPath("lowpass300")));
     EXPECT_FALSE(QFile::exists(seeded.library.filterPath("lp300fc25")));
-    EXPECT_EQ(window->windowTitle(), "lowpass300");
+    EXPECT_EQ(shownName(*window), "lowpass300");
     EXPECT_TRUE(inspectorNames().contains("lowpass300"));
     EXPECT_FALSE(inspectorNames().contains("lp300fc25"));
     // A taken name is refused and nothing moves.
@@ -172,7 +175,7 @@ TEST_F(DesktopShell, OpenSheetRenamesDuplicatesAndTrashes)
         EXPECT_EQ(QFile::exists(seeded.library.filterPath("lowpass300")), !confirm);
     }
     EXPECT_FALSE(inspectorNames().contains("lowpass300"));
-    EXPECT_EQ(window->windowTitle(), DesignFileCommands::untitledTitle());
+    EXPECT_EQ(shownName(*window), DesignFileCommands::untitledTitle());
 }
 
 } // namespace
