@@ -35,7 +35,7 @@ TEST_F(ExportFormats, ExtensionOrFormatChoosesAndRefusalsWriteNothing)
 {
     // The saved band pass (12-bit, 43 taps) and high pass (17-bit, integers needing 18 bits)
     // of the format tests.
-    const QString golden = QFileInfo(QStringLiteral(__FILE__)).absolutePath() + "/../project/golden/";
+    const QString golden = QStringLiteral(ORVANA_TESTS_DIR "/project/golden/");
     ASSERT_TRUE(QDir(lib()).mkpath("filter"));
     ASSERT_TRUE(QFile::copy(golden + "bp_anti.filt", lib() + "/filter/bp.filt"));
     ASSERT_TRUE(QFile::copy(golden + "hp17.filt", lib() + "/filter/hp.filt"));

@@ -25,7 +25,7 @@
 namespace {
 
 using Values = std::vector<double>;
-const QString kGolden = QFileInfo(QStringLiteral(__FILE__)).absolutePath() + QStringLiteral("/golden/");
+const QString kGolden = QStringLiteral(ORVANA_TESTS_DIR "/project/golden/");
 
 struct Case {
     QString name; // the design name the identifiers come from
