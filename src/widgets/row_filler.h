@@ -12,6 +12,10 @@
 #include <QHeaderView>
 #include <QList>
 #include <QTableView>
+#include <algorithm>
+
+#include <QThread>
+#include <QThreadPool>
 #include <QtConcurrent/QtConcurrentMap>
 
 #include "widgets/row_table_model.h"
@@ -64,9 +68,22 @@ public:
                              if (!watcher->isCanceled() && done)
                                  done();
                          });
-        watcher_->setFuture(QtConcurrent::mapped(std::move(indexes), [make = std::move(make)](qsizetype i) {
+        watcher_->setFuture(QtConcurrent::mapped(backgroundPool(), std::move(indexes), [make = std::move(make)](qsizetype i) {
             return make(i);
         }));
+    }
+
+    // Decoding leaves one core to the window thread, at low priority, so a
+    // large library does not hold up the first paint.
+    static QThreadPool* backgroundPool()
+    {
+        static QThreadPool* pool = [] {
+            auto* p = new QThreadPool;
+            p->setMaxThreadCount(std::max(1, QThread::idealThreadCount() - 1));
+            p->setThreadPriority(QThread::LowestPriority);
+            return p;
+        }();
+        return pool;
     }
 
     // True while rows are still being decoded.
