@@ -5,8 +5,11 @@
 #include "cli/cli_output.h"
 #include "cli/json_writer.h"
 #include "cli/measured_output.h"
+#include "cli/plot_output.h"
 #include "cli/verbs.h"
 
+#include "charts/chart_series.h"
+#include "charts/filter_chart_layout.h"
 #include "filter/filter_design_view.h"
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
@@ -222,7 +225,8 @@ int runFilterDesign(const QStringList& args, bool sweep)
                                   QStringLiteral("name"));
     const QCommandLineOption library = libraryOption();
     const QCommandLineOption method(QStringLiteral("method"),
-                                    QStringLiteral("Design to a mask: kaiser or equiripple."), QStringLiteral("method"));
+                                    QStringLiteral("Design to a mask: kaiser or equiripple."),
+                                    QStringLiteral("method"));
     const QCommandLineOption passEdge(QStringLiteral("passband-edge"),
                                       QStringLiteral("Mask passband edge F, or F1,F2 for a band pass."),
                                       QStringLiteral("F[,F2]"));
@@ -232,12 +236,19 @@ int runFilterDesign(const QStringList& args, bool sweep)
     const QCommandLineOption ripple(QStringLiteral("ripple"), QStringLiteral("Mask passband ripple Rp, dB."),
                                     QStringLiteral("dB"));
     const QCommandLineOption attenuation(QStringLiteral("attenuation"),
-                                         QStringLiteral("Mask stopband attenuation As, dB."), QStringLiteral("dB"));
-    parser.addOptions({help, units, type, fs, cutoff, center, taps, window, param, width, json, save, library});
-    if (!sweep)
+                                         QStringLiteral("Mask stopband attenuation As, dB."),
+                                         QStringLiteral("dB"));
+    parser.addOptions(
+        {help, units, type, fs, cutoff, center, taps, window, param, width, json, save, library});
+    PlotRequest plot({QStringLiteral("magnitude"), QStringLiteral("phase")}, false);
+    if (!sweep) {
         parser.addOptions({method, passEdge, stopEdge, ripple, attenuation});
+        plot.addOptionsTo(parser);
+    }
     if (const auto finished = parseVerbArguments(parser, args, Positionals::None))
         return *finished;
+    if (const auto refusedPlot = plot.read(parser, QStringLiteral("filter")))
+        return *refusedPlot;
 
     QVariantMap parameters;
     auto pickChoice = [&](const QCommandLineOption& option, const QStringList& names, const QString& key) {
@@ -286,10 +297,11 @@ int runFilterDesign(const QStringList& args, bool sweep)
         const auto stop = edgePair(parser.value(stopEdge));
         const auto rp = parseNumber(parser.value(ripple));
         const auto as = parseNumber(parser.value(attenuation));
-        if ((name != QLatin1String("kaiser") && name != QLatin1String("equiripple")) || !pass || !stop || !rp ||
-            !as) {
-            printErr(QStringLiteral("orvana-cli filter: --method takes kaiser or equiripple, with "
-                                    "--passband-edge, --stopband-edge, --ripple and --attenuation as numbers."));
+        if ((name != QLatin1String("kaiser") && name != QLatin1String("equiripple")) || !pass || !stop ||
+            !rp || !as) {
+            printErr(
+                QStringLiteral("orvana-cli filter: --method takes kaiser or equiripple, with "
+                               "--passband-edge, --stopband-edge, --ripple and --attenuation as numbers."));
             return Usage;
         }
         ToleranceMask mask;
@@ -302,8 +314,8 @@ int runFilterDesign(const QStringList& args, bool sweep)
         std::optional<int> fixedTaps;
         if (parser.isSet(taps))
             fixedTaps = static_cast<int>(parameters.value(KEYFP_FILTER_LENGTH).toDouble());
-        model.designFilterToMask(parameters, name == QLatin1String("equiripple") ? kMaskEquiripple : kMaskKaiser,
-                                 mask, fixedTaps);
+        model.designFilterToMask(
+            parameters, name == QLatin1String("equiripple") ? kMaskEquiripple : kMaskKaiser, mask, fixedTaps);
     } else {
         model.designFilterWithParameters(parameters);
     }
@@ -334,6 +346,22 @@ int runFilterDesign(const QStringList& args, bool sweep)
     }
     if (refused)
         return Refused;
+    if (plot.wanted()) {
+        const int chartType =
+            plot.chart() == QLatin1String("phase") ? filterchart::kPhase : filterchart::kMagnitude;
+        const QString unitLabel =
+            QStringList{QStringLiteral("Norm"), QStringLiteral("KHz"), QStringLiteral("MHz")}.value(
+                parameters.value(KEYFP_UNITS).toInt());
+        const std::vector<double>& response = view.response;
+        const int written = plot.write(
+            [&](float w, float h) { return layoutFilterChart(response, chartType, unitLabel, w, h); },
+            chartseries::filterSeries(response, chartType, unitLabel),
+            chartType == filterchart::kPhase ? QStringLiteral("Phase Response")
+                                             : QStringLiteral("Magnitude Response"),
+            QStringLiteral("filter"));
+        if (written != Designed)
+            return written;
+    }
     if (toMask) {
         const auto check = model.maskCheck();
         return valid && check && check->met ? Designed : kDesignedNotValid;

@@ -16,6 +16,17 @@
 struct ChartLabel {
     QPointF at; // lower-left corner of the text box
     QString text;
+    // Labels of vertical grid lines share the bottom row; when they would run
+    // into each other the painter skips alternate ones.
+    bool alongBottom = false;
+};
+
+// The data values at the view's edges: x0 left, x1 right, y0 bottom, y1 top.
+struct ChartRange {
+    double x0 = 0.0;
+    double x1 = 1.0;
+    double y0 = 0.0;
+    double y1 = 1.0;
 };
 
 struct ChartScene {
@@ -32,4 +43,6 @@ struct ChartScene {
     // for the scale); nothing where no table value fitted.
     std::optional<GridStep> verticalStep;
     std::optional<GridStep> horizontalStep;
+    // What the view shows in the data's own units (see ChartSeries).
+    ChartRange viewRange;
 };

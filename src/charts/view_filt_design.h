@@ -25,6 +25,8 @@ public slots:
 
 protected:
     ChartScene layoutChart(float width, float height) override;
+    ChartSeries chartSeries() const override;
+    QString chartTitle() const override;
 
 private:
     std::vector<double> dBmagAndPhaseArray_;

@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 
+#include "charts/chart_view.h"
 #include "filter/filter_design_window.h"
 #include "filter/filter_inspector_window.h"
 #include "project/fir_export_window.h"
@@ -54,6 +55,11 @@ void GVRMenuController::createActions()
     QAction* exportAction = addAction("exportAction", tr("&Export Coefficients…"), [t] {
         if (t.firExport)
             t.firExport->showGVRWinFirExport();
+    });
+    // The chart in front: the focused chart of the active window, else its first visible one.
+    exportChartAction_ = addAction("exportChartAction", tr("Export C&hart…"), [] {
+        if (GVRChartView* chart = GVRChartView::chartIn(QApplication::activeWindow()))
+            chart->exportChartAs();
     });
     QAction* prefAction = addAction("preferencesAction", tr("&Preferences…"), [t] {
         if (t.preferences)
@@ -149,6 +155,7 @@ void GVRMenuController::installMenus(QMainWindow* window)
     file->addActions(fileActions_.mid(2, 2));
     file->addSeparator();
     file->addAction(fileActions_.at(4));
+    file->addAction(exportChartAction_);
     file->addSeparator();
     file->addAction(fileActions_.at(5));
     file->addSeparator();

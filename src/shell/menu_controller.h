@@ -78,6 +78,7 @@ private:
 
     Targets targets_;
     QList<QAction*> fileActions_;
+    QAction* exportChartAction_ = nullptr;
     QList<QAction*> windowActions_;
     QList<QAction*> helpActions_;
     std::function<bool(const QUrl&)> urlOpener_;
