@@ -9,7 +9,9 @@
 #include "cli/verbs.h"
 
 #include "charts/chart_series.h"
+#include "charts/design_view_charts.h"
 #include "charts/filter_chart_layout.h"
+#include "charts/mask_shading.h"
 #include "filter/filter_design_view.h"
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
@@ -190,6 +192,51 @@ std::optional<std::pair<double, double>> edgePair(const QString& text)
     return std::make_pair(*first, *second);
 }
 
+// Writes the --chart the request names from the design and its response array.
+int writeFilterPlot(const PlotRequest& plot, const GVRFilterDesignerModel& model,
+                    const std::vector<double>& response, int units)
+{
+    const QString unitLabel =
+        QStringList{QStringLiteral("Norm"), QStringLiteral("KHz"), QStringLiteral("MHz")}.value(units);
+    const QString& chart = plot.chart();
+    const QString verb = QStringLiteral("filter");
+    if (chart == QLatin1String("magnitude") || chart == QLatin1String("phase")) {
+        const int type = chart == QLatin1String("phase") ? filterchart::kPhase : filterchart::kMagnitude;
+        const auto mask = model.design().mask;
+        return plot.write(
+            [&](float w, float h) {
+                ChartScene scene = layoutFilterChart(response, type, unitLabel, w, h);
+                // A mask design shades what its response must stay out of, as the window does.
+                if (mask && type == filterchart::kMagnitude && response.size() > 3)
+                    scene.shading = maskShading(*mask, response[3], scene.viewRange, w, h);
+                return scene;
+            },
+            chartseries::filterSeries(response, type, unitLabel),
+            type == filterchart::kPhase ? QStringLiteral("Phase Response")
+                                        : QStringLiteral("Magnitude Response"),
+            verb);
+    }
+    const auto& c = model.filterCoefficients();
+    const auto& cp = model.filterPrecisionCoefficients();
+    ChartSeries series;
+    QString title;
+    if (chart == QLatin1String("impulse")) {
+        series = designcharts::impulseSeries(c, cp);
+        title = QStringLiteral("Impulse");
+    } else if (chart == QLatin1String("step")) {
+        series = designcharts::stepSeries(cp);
+        title = QStringLiteral("Step");
+    } else if (chart == QLatin1String("group-delay")) {
+        series = designcharts::groupDelaySeries(cp, response.size() > 3 ? response[3] : 0.5, unitLabel);
+        title = QStringLiteral("Group Delay");
+    } else {
+        series = designcharts::zerosSeries(cp);
+        title = QStringLiteral("Zeros");
+    }
+    return plot.write([&](float w, float h) { return designcharts::layoutDesignChart(series, w, h); }, series,
+                      title, verb);
+}
+
 // The filter verb, or with `sweep` the sweep verb: the same design options, the word-length sweep printed.
 int runFilterDesign(const QStringList& args, bool sweep)
 {
@@ -240,7 +287,9 @@ int runFilterDesign(const QStringList& args, bool sweep)
                                          QStringLiteral("dB"));
     parser.addOptions(
         {help, units, type, fs, cutoff, center, taps, window, param, width, json, save, library});
-    PlotRequest plot({QStringLiteral("magnitude"), QStringLiteral("phase")}, false);
+    PlotRequest plot({QStringLiteral("magnitude"), QStringLiteral("phase"), QStringLiteral("impulse"),
+                      QStringLiteral("step"), QStringLiteral("group-delay"), QStringLiteral("zeros")},
+                     false);
     if (!sweep) {
         parser.addOptions({method, passEdge, stopEdge, ripple, attenuation});
         plot.addOptionsTo(parser);
@@ -347,18 +396,8 @@ int runFilterDesign(const QStringList& args, bool sweep)
     if (refused)
         return Refused;
     if (plot.wanted()) {
-        const int chartType =
-            plot.chart() == QLatin1String("phase") ? filterchart::kPhase : filterchart::kMagnitude;
-        const QString unitLabel =
-            QStringList{QStringLiteral("Norm"), QStringLiteral("KHz"), QStringLiteral("MHz")}.value(
-                parameters.value(KEYFP_UNITS).toInt());
-        const std::vector<double>& response = view.response;
-        const int written = plot.write(
-            [&](float w, float h) { return layoutFilterChart(response, chartType, unitLabel, w, h); },
-            chartseries::filterSeries(response, chartType, unitLabel),
-            chartType == filterchart::kPhase ? QStringLiteral("Phase Response")
-                                             : QStringLiteral("Magnitude Response"),
-            QStringLiteral("filter"));
+        const int written =
+            writeFilterPlot(plot, model, view.response, parameters.value(KEYFP_UNITS).toInt());
         if (written != Designed)
             return written;
     }

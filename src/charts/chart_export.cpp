@@ -103,10 +103,17 @@ QByteArray pdfBytes(const ChartScene& scene, QSize size, const QFont& font, cons
 
 QByteArray csvBytes(const ChartSeries& series)
 {
-    QByteArray out = (column(series.x) + QLatin1Char(',') + column(series.y)).toUtf8() + '\n';
-    out.reserve(out.size() + qsizetype(series.xs.size()) * 42);
-    for (size_t i = 0; i < series.xs.size(); ++i)
-        out += number(series.xs[i]) + ',' + number(series.ys[i]) + '\n';
+    QString header = column(series.x) + QLatin1Char(',') + column(series.y);
+    for (const ChartColumn& extra : series.extra)
+        header += QLatin1Char(',') + column(extra.axis);
+    QByteArray out = header.toUtf8() + '\n';
+    out.reserve(out.size() + qsizetype(series.xs.size()) * 42 * qsizetype(2 + series.extra.size()));
+    for (size_t i = 0; i < series.xs.size(); ++i) {
+        out += number(series.xs[i]) + ',' + number(series.ys[i]);
+        for (const ChartColumn& extra : series.extra)
+            out += ',' + number(i < extra.values.size() ? extra.values[i] : std::nan(""));
+        out += '\n';
+    }
     return out;
 }
 

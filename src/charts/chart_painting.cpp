@@ -131,6 +131,13 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
         return;
     }
 
+    if (!scene.shading.isEmpty()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(220, 60, 60, 45));
+        painter.drawRects(scene.shading);
+        painter.setBrush(Qt::NoBrush);
+    }
+
     const QPen curvePen(scene.curveColor, kChartLineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
     if (mode == ChartPaintMode::Vector) {
         // Files keep every point, as one path.
@@ -149,6 +156,16 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
             painter.setBrush(scene.curveColor);
             painter.drawRects(curve.columns);
             painter.restore();
+        }
+    }
+
+    if (!scene.overlay.isEmpty()) {
+        const QPen pen(scene.overlayColor, 1.5, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+        if (mode == ChartPaintMode::Vector) {
+            painter.strokePath(curvePath(scene.overlay), pen);
+        } else {
+            painter.setPen(pen);
+            painter.drawLines(scene.overlay);
         }
     }
 

@@ -8,6 +8,7 @@
 #include <QColor>
 #include <QLineF>
 #include <QPointF>
+#include <QRectF>
 #include <QString>
 #include <QVector>
 
@@ -36,6 +37,11 @@ struct ChartScene {
     // Separate straight segments between consecutive points; segments with a
     // non-finite end are left out, the rest are clipped to the view.
     QVector<QLineF> curve;
+    // Regions the curve must stay out of (a tolerance mask), filled under it.
+    QVector<QRectF> shading;
+    // Markers and outlines drawn after the curve (a second column, the unit circle).
+    QVector<QLineF> overlay;
+    QColor overlayColor;
     QVector<QLineF> gridLines;
     // In drawing order: horizontal-line labels, vertical-line labels, origin.
     QVector<ChartLabel> labels;

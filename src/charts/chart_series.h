@@ -21,10 +21,25 @@ struct ChartAxis {
     int decimals = 2;
 };
 
+// How the points are drawn: joined, as stems from zero, or as crosses.
+enum class ChartStyle { Line, Stems, Points };
+
+// A further column of values at the same x: a CSV column, drawn as crosses
+// in `color` when that is valid.
+struct ChartColumn {
+    ChartAxis axis;
+    std::vector<double> values;
+    QColor color;
+};
+
 struct ChartSeries {
     ChartAxis x;
     ChartAxis y;
     QColor color;
+    ChartStyle style = ChartStyle::Line;
+    std::vector<ChartColumn> extra;
+    // The z-plane charts: the unit circle drawn under the points.
+    bool unitCircle = false;
     // x ascending; y may hold NaN (a gap in the curve).
     std::vector<double> xs;
     std::vector<double> ys;

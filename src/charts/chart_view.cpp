@@ -79,9 +79,11 @@ ChartScene GVRChartView::currentScene(QSizeF size)
     defaultRange_ = scene.viewRange;
     hasData_ = scene.hasData;
     seriesValid_ = false;
-    if (zoom_.isDefault() || !scene.hasData)
-        return scene;
-    return layoutZoomedChart(currentSeries(), visibleRange(), w, h);
+    if (!zoom_.isDefault() && scene.hasData)
+        scene = layoutZoomedChart(currentSeries(), visibleRange(), w, h);
+    if (scene.hasData)
+        decorateScene(scene, size);
+    return scene;
 }
 
 const ChartSeries& GVRChartView::currentSeries()
@@ -122,8 +124,11 @@ void GVRChartView::paintEvent(QPaintEvent*)
     const qreal ratio = devicePixelRatioF();
     const QSize pixels = (size * ratio).toSize();
     if (!overlayOnly_ || cache_.size() != pixels) {
-        cache_ = QPixmap(pixels);
-        cache_.setDevicePixelRatio(ratio);
+        // The chart is drawn once into the cache; cursor moves only repaint over it.
+        if (cache_.size() != pixels) {
+            cache_ = QPixmap(pixels);
+            cache_.setDevicePixelRatio(ratio);
+        }
         const ChartScene scene = currentScene(size);
         QPainter chart(&cache_);
         chartpaint::paintChartScene(chart, scene, size, font());

@@ -69,6 +69,12 @@ protected:
     virtual ChartScene layoutChart(float width, float height) = 0;
     // The points the last layoutChart() drew, in the chart's units.
     virtual ChartSeries chartSeries() const = 0;
+    // Adds what the chart draws besides its curve, at default and zoomed views alike.
+    virtual void decorateScene(ChartScene& scene, QSizeF size)
+    {
+        (void)scene;
+        (void)size;
+    }
     // Title of saved files ("Filter Response").
     virtual QString chartTitle() const;
 

@@ -156,11 +156,43 @@ ChartScene layoutZoomedChart(const ChartSeries& series, const ChartRange& range,
     const QRectF clip = curveClipRect(width, height);
     const double sx = width / (range.x1 - range.x0);
     const double sy = height / (range.y1 - range.y0);
+    auto at = [&](double x, double y) { return QPointF((x - range.x0) * sx, (y - range.y0) * sy); };
+    auto cross = [&](QVector<QLineF>& out, QPointF p) {
+        appendClippedSegment(out, p + QPointF(-4, -4), p + QPointF(4, 4), clip);
+        appendClippedSegment(out, p + QPointF(-4, 4), p + QPointF(4, -4), clip);
+    };
     scene.curve.reserve(int(std::max<long long>(0, last - first)));
-    for (long long i = first; i < last; ++i) {
-        const QPointF a((xs[size_t(i)] - range.x0) * sx, (ys[size_t(i)] - range.y0) * sy);
-        const QPointF b((xs[size_t(i + 1)] - range.x0) * sx, (ys[size_t(i + 1)] - range.y0) * sy);
-        appendClippedSegment(scene.curve, a, b, clip);
+    switch (series.style) {
+    case ChartStyle::Line:
+        for (long long i = first; i < last; ++i)
+            appendClippedSegment(scene.curve, at(xs[size_t(i)], ys[size_t(i)]),
+                                 at(xs[size_t(i + 1)], ys[size_t(i + 1)]), clip);
+        break;
+    case ChartStyle::Stems:
+        for (long long i = first; i <= last; ++i)
+            appendClippedSegment(scene.curve, at(xs[size_t(i)], 0.0), at(xs[size_t(i)], ys[size_t(i)]), clip);
+        break;
+    case ChartStyle::Points:
+        for (long long i = first; i <= last; ++i)
+            cross(scene.curve, at(xs[size_t(i)], ys[size_t(i)]));
+        break;
+    }
+    for (const ChartColumn& extra : series.extra) {
+        if (!extra.color.isValid())
+            continue;
+        scene.overlayColor = extra.color;
+        for (long long i = first; i <= last && size_t(i) < extra.values.size(); ++i)
+            cross(scene.overlay, at(xs[size_t(i)], extra.values[size_t(i)]));
+    }
+    if (series.unitCircle) {
+        scene.overlayColor = QColor(0, 0, 0);
+        constexpr int kSides = 256;
+        for (int i = 0; i < kSides; ++i) {
+            const double a = 2.0 * M_PI * i / kSides;
+            const double b = 2.0 * M_PI * (i + 1) / kSides;
+            appendClippedSegment(scene.overlay, at(std::cos(a), std::sin(a)), at(std::cos(b), std::sin(b)),
+                                 clip);
+        }
     }
 
     scene.verticalStep = chartzoom::zoomedGridStep(range.y1 - range.y0, series.y);

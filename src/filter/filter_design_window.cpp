@@ -18,12 +18,12 @@
 
 #include "charts/view_filt_design.h"
 #include "charts/view_results.h"
-#include "widgets/design_file_commands.h"
-#include "widgets/design_file_kind.h"
 #include "filter/filter_keys.h"
 #include "filter/mask_section.h"
-#include "widgets/number_field.h"
 #include "library/design_library.h"
+#include "widgets/design_file_commands.h"
+#include "widgets/design_file_kind.h"
+#include "widgets/number_field.h"
 #include "widgets/window_parts.h"
 
 namespace {
@@ -381,6 +381,7 @@ void GVRWinFilterDesign::initializeWithMandatoryFlag(bool mandatory)
     fill(windowTypePopUp_, windowTypeTitle(), 0);
     fill(chartTypePopUp_, chartTypeTitle(), 0);
     chartTypePopUp_->addItem(tr("Word Length"));
+    chartTypePopUp_->addItems({tr("Impulse"), tr("Step"), tr("Group Delay"), tr("Zeros")});
 
     filterLengthStepper_->setRange(kLengthMin, kLengthMax);
     filterLengthStepper_->setSingleStep(kLengthStep);

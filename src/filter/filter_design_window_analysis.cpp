@@ -30,6 +30,22 @@ constexpr int kWordLengthChart = 2; // item of the chart pop-up after "Magnitude
 
 } // namespace
 
+std::vector<double> GVRWinFilterDesign::theCoefficients() const
+{
+    return dBmagAndPhaseArray_.empty() ? std::vector<double>() : filterDesignModel_.filterCoefficients();
+}
+
+std::vector<double> GVRWinFilterDesign::thePrecisionCoefficients() const
+{
+    return dBmagAndPhaseArray_.empty() ? std::vector<double>()
+                                       : filterDesignModel_.filterPrecisionCoefficients();
+}
+
+std::optional<ToleranceMask> GVRWinFilterDesign::theMask() const
+{
+    return dBmagAndPhaseArray_.empty() ? std::nullopt : filterDesignModel_.design().mask;
+}
+
 void GVRWinFilterDesign::buildAnalysisControls(QVBoxLayout* chartColumn)
 {
     chartStack_ = new QStackedWidget(this);
@@ -53,7 +69,8 @@ void GVRWinFilterDesign::buildAnalysisControls(QVBoxLayout* chartColumn)
 QWidget* GVRWinFilterDesign::buildMaskSection()
 {
     maskSection_ = new MaskSection(this);
-    connect(maskSection_, &MaskSection::designToMaskRequested, this, &GVRWinFilterDesign::pressDesignToMaskBut);
+    connect(maskSection_, &MaskSection::designToMaskRequested, this,
+            &GVRWinFilterDesign::pressDesignToMaskBut);
     // "Equiripple" stands in the window pop-up's place while an equiripple design is shown.
     equirippleLabel_ = new QLabel(tr("Equiripple"), this);
     equirippleLabel_->setObjectName(QStringLiteral("equirippleLabel"));
@@ -85,13 +102,15 @@ bool GVRWinFilterDesign::showWordLengthChart()
         }
     }
     const int width = filterDesignModel_.filterWidth();
-    wordLengthChart_->setSweep(std::move(bits), std::move(attenuation), doubleDb, width == 0 ? 0 : 21 - width);
+    wordLengthChart_->setSweep(std::move(bits), std::move(attenuation), doubleDb,
+                               width == 0 ? 0 : 21 - width);
     return true;
 }
 
 void GVRWinFilterDesign::refreshAnalysis()
 {
-    const bool equiripple = filterDesignModel_.validResultsFlag() && filterDesignModel_.design().designMethod == 1;
+    const bool equiripple =
+        filterDesignModel_.validResultsFlag() && filterDesignModel_.design().designMethod == 1;
     windowTypePopUp_->setVisible(!equiripple);
     equirippleLabel_->setVisible(equiripple);
     if (equiripple)
