@@ -11,9 +11,12 @@
 #include "filter/filter_design_view.h"
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
+#include "library/design_library.h"
 
 #include <cstdio>
 #include <vector>
+
+#include <QTemporaryDir>
 
 namespace {
 
@@ -37,7 +40,9 @@ int main()
         {KEYFP_FILTER_WIDTH, 5},  {KEYFP_WINDOW_TYPE, 9},   {KEYFP_BETA_UPSILON, 5.0},
     };
     SilentView view;
-    GVRFilterDesignerModel model;
+    QTemporaryDir scratch;  // nothing is saved; the model still needs a library
+    DesignLibrary library(scratch.path());
+    GVRFilterDesignerModel model(library);
     model.setWindow(&view);
     const int repeats = 2001;
 

@@ -13,6 +13,7 @@
 #include <QCommandLineParser>
 #include <QImage>
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include "charts/freq_array_source.h"
 #include "charts/mag_phase_array_source.h"
@@ -30,6 +31,7 @@
 #include "filter/filter_design_view.h"
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
+#include "library/design_library.h"
 #include "signal/signal_design_view.h"
 #include "signal/signal_designer_model.h"
 #include "signal/signal_keys.h"
@@ -216,19 +218,22 @@ int main(int argc, char** argv)
         return 2;
     }
 
+    // Nothing is saved; the models still need a library, an empty scratch one.
+    QTemporaryDir scratch;
+    DesignLibrary library(scratch.path());
     FilterWindow filterWindow;
-    GVRFilterDesignerModel filterModel;
+    GVRFilterDesignerModel filterModel(library);
     filterModel.setWindow(&filterWindow);
     designFilter(filterModel, o.filterType);
 
     SignalWindow signalWindow;
-    GVRSignalDesignerModel signalModel;
+    GVRSignalDesignerModel signalModel(library);
     signalModel.setWinSignalDesign(&signalWindow);
     designSignal(signalModel);
 
     // The project filter is always the low pass so the output shows the slow tone alone.
     FilterWindow projectFilterWindow;
-    GVRFilterDesignerModel projectFilter;
+    GVRFilterDesignerModel projectFilter(library);
     projectFilter.setWindow(&projectFilterWindow);
     designFilter(projectFilter, 0);
     const ProjectArrays project =

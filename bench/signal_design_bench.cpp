@@ -5,12 +5,15 @@
 #include <random>
 #include <vector>
 
+#include <QTemporaryDir>
+
 #include "bench_support.h"
 #include "dsp/gaussian_noise.h"
 #include "dsp/multirate.h"
 #include "dsp/signal_generators.h"
 #include "dsp/signal_spectrum.h"
 #include "dsp/sum_and_filter.h"
+#include "library/design_library.h"
 #include "library/memory_design_source.h"
 #include "project/project_model.h"
 #include "signal/signal_designer_model.h"
@@ -63,7 +66,9 @@ int main()
     std::printf("Orvana signal and project benchmarks (median of %d runs)\n\n", repeats);
 
     // Signal design: cosine sum, M = 14, σ = 0.1, the whole model call.
-    GVRSignalDesignerModel signalModel;
+    QTemporaryDir scratch;  // nothing is saved; the models still need a library
+    DesignLibrary designLibrary(scratch.path());
+    GVRSignalDesignerModel signalModel(designLibrary);
     const QVariantMap sum = GVRSignalDesignerModel::parameterDictionary(0, 0, 300.0, 2, {1.0, 10.0, 0.3, 14.0, 0.1, 0.0});
     bench::report("signal design, cosine sum M=14 + noise", bench::medianMicros([&] {
                       signalModel.designSignalWithParameters(sum);
@@ -86,7 +91,8 @@ int main()
     filter.dfFilterLengthN = 255.0;
     filter.filterPrecisionCoefficients = hannTaps();
     library.filterRecords["h"] = filter;
-    GVRProjectModel project(&library);
+    GVRProjectModel project(designLibrary);
+    project.setDesignSource(&library);
 
     const QVariantMap diagram1 = GVRProjectModel::parameterDictionary(1, "h", "a", "b", 0, 1, 1, 1, 0);
     bench::report("diagram 1, N_H = 255, whole design",

@@ -13,6 +13,7 @@ packages=(
   qt6-svg-dev
   help2man desktop-file-utils appstream libxml2-utils shared-mime-info
   dpkg-dev file man-db lintian
+  clang-format
 )
 
 missing=()

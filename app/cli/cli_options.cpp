@@ -93,13 +93,15 @@ QCommandLineOption libraryOption()
         QStringLiteral("dir"));
 }
 
-DesignLibrary& prepareCliLibrary(const QString& verb, const QString& optionValue)
+QString cliLibraryRoot(const QString& optionValue)
 {
-    DesignLibrary& library = DesignLibrary::shared();
-    library.setRoot(resolveLibraryRoot(optionValue));
+    return resolveLibraryRoot(optionValue);
+}
+
+void prepareCliLibrary(DesignLibrary& library, const QString& verb)
+{
     for (const LibraryProblem& problem : prepareLibrary(library))
         printErr(QStringLiteral("orvana-cli %1: warning: %2").arg(verb, problem.message));
-    return library;
 }
 
 void printOut(const QString& text)

@@ -38,10 +38,12 @@ QCommandLineOption helpOption();
 QCommandLineOption jsonOption();
 // The --library DIR option every verb takes.
 QCommandLineOption libraryOption();
-// Points the process's design library at `optionValue` (else ORVANA_LIBRARY,
-// else the per-user folder), makes its folders and copies the sample designs
-// in without replacing anything. Problems are printed as warnings.
-DesignLibrary& prepareCliLibrary(const QString& verb, const QString& optionValue);
+// The design library folder for `optionValue` (else ORVANA_LIBRARY, else the
+// per-user folder).
+QString cliLibraryRoot(const QString& optionValue);
+// Makes the library's folders and copies the sample designs in without
+// replacing anything. Problems are printed as warnings.
+void prepareCliLibrary(DesignLibrary& library, const QString& verb);
 
 // The help text of a verb's parser with the usage line naming the command as
 // typed ("Usage: orvana-cli filter [options]") rather than the binary's path.

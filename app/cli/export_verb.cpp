@@ -44,7 +44,8 @@ int runExport(const QStringList& args)
         return Usage;
     }
 
-    DesignLibrary& designLibrary = prepareCliLibrary(QStringLiteral("export"), parser.value(library));
+    DesignLibrary designLibrary(cliLibraryRoot(parser.value(library)));
+    prepareCliLibrary(designLibrary, QStringLiteral("export"));
     const QString path = designLibrary.filterPath(name);
     if (!QFileInfo(path).isFile()) {
         printErr(QStringLiteral("orvana-cli export: there is no filter design \"%1\" in the library (%2).")

@@ -12,6 +12,9 @@
 #include "charts/design_view_charts.h"
 #include "charts/filter_chart_layout.h"
 #include "charts/mask_shading.h"
+#include "archive/design_titles.h"
+#include "dsp/fir_synthesis.h"
+#include "dsp/quantisation.h"
 #include "filter/filter_design_view.h"
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
@@ -28,11 +31,8 @@ namespace cli {
 namespace {
 
 const QStringList kUnits{QStringLiteral("norm"), QStringLiteral("khz"), QStringLiteral("mhz")};
-const QStringList kUnitLabels{QString(), QStringLiteral("KHz"), QStringLiteral("MHz")};
 const QStringList kTypes{QStringLiteral("lowpass"), QStringLiteral("bandpass"), QStringLiteral("highpass")};
-const QStringList kWindows = QStringLiteral("Rectangular,Blackman,Hamming,Hann,Blackman-Harris,Cosine,Nutall,"
-                                            "Blackman-Nutall,Flat Top,Kaiser,Chebyshev")
-                                 .split(QLatin1Char(','));
+const QStringList& kWindows = titles::windowTypes();
 
 // Everything the model tells its window, kept for printing.
 class CollectingView : public GVRFilterDesignView {
@@ -79,8 +79,9 @@ std::optional<int> widthChoice(const QString& text)
         t.chop(4);
     bool ok = false;
     const int bits = t.toInt(&ok);
-    if (ok && bits >= 8 && bits <= 20)
-        return 21 - bits;
+    const int index = ok ? widthIndexForBits(bits) : -1;
+    if (index > 0)
+        return index;
     return std::nullopt;
 }
 
@@ -142,18 +143,18 @@ void writeText(const GVRFilterDesignerModel& model, const CollectingView& view, 
         printOut(out);
         return;
     }
-    const QString unit = kUnitLabels.value(model.unitsType());
+    const QString unit = model.unitsType() == 0 ? QString() : titles::filterUnits().value(model.unitsType());
     auto frequency = [&](const QString& key) {
         const QString number = QString::number(view.results.value(key).toDouble(), 'f', 6);
         return unit.isEmpty() ? number : number + QLatin1Char(' ') + unit;
     };
-    const bool bandPass = model.filterType() == 1;
+    const bool bandPass = model.filterType() == kFilterBandPass;
     out += QStringLiteral("\n%1 %2, %3 taps, %4 window, %5 coefficients\n")
                .arg(kTypes.value(model.filterType()), unit.isEmpty() ? QStringLiteral("(normalised)") : unit)
                .arg(model.filterLengthN())
                .arg(kWindows.value(model.windowType()),
                     model.filterWidth() == 0 ? QStringLiteral("double")
-                                             : QStringLiteral("%1-bit").arg(21 - model.filterWidth()));
+                                             : QStringLiteral("%1-bit").arg(widthBits(model.filterWidth())));
     out += QStringLiteral("%1%2\n").arg(bandPass ? QStringLiteral("3dB Point Low:    ")
                                                  : QStringLiteral("3dB Point:        "),
                                         frequency(KEYFDR_3DB_LOW));
@@ -333,12 +334,12 @@ int runFilterDesign(const QStringList& args, bool sweep)
     }
 
     // The library is touched only when the design is to be saved there.
-    DesignLibrary* designLibrary =
-        parser.isSet(save) ? &prepareCliLibrary(QStringLiteral("filter"), parser.value(library)) : nullptr;
+    DesignLibrary designLibrary(cliLibraryRoot(parser.value(library)));
+    if (parser.isSet(save))
+        prepareCliLibrary(designLibrary, QStringLiteral("filter"));
     CollectingView view;
-    GVRFilterDesignerModel model;
+    GVRFilterDesignerModel model(designLibrary);
     model.setWindow(&view);
-    model.setLibrary(designLibrary);
     const bool toMask = !sweep && parser.isSet(method);
     if (toMask) {
         const QString name = parser.value(method).trimmed().toLower();
@@ -390,7 +391,7 @@ int runFilterDesign(const QStringList& args, bool sweep)
         const QString name = parser.value(save);
         const bool saved = model.saveFilterDesignWithFileName(name);
         if (!reportSave(QStringLiteral("filter"), QStringLiteral("design"), saved, model.lastFileError(),
-                        designLibrary->filterPath(name), parser.isSet(json)))
+                        designLibrary.filterPath(name), parser.isSet(json)))
             return Refused;
     }
     if (refused)

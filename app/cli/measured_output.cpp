@@ -2,6 +2,7 @@
 // stopband that does not exist) prints as JSON null.
 #include "cli/measured_output.h"
 
+#include "dsp/window.h"
 #include "filter/filter_designer_model.h"
 #include "filter/mask_design.h"
 
@@ -65,7 +66,7 @@ void writeMaskJson(JsonWriter& json, const GVRFilterDesignerModel& model)
     json.value(static_cast<int>(model.filterLengthN()));
     if (model.design().designMethod != kMaskEquiripple) {
         json.key("beta");
-        json.value(model.windowType() == 9 ? model.betaUpsilon() : 0.0);
+        json.value(model.windowType() == kWindowKaiser ? model.betaUpsilon() : 0.0);
     }
     json.key("met");
     json.value(check && check->met);

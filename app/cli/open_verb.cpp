@@ -199,7 +199,8 @@ int runOpen(const QStringList& args)
         diagramNumber = d.toInt();
     }
 
-    DesignLibrary& designLibrary = prepareCliLibrary(QStringLiteral("open"), parser.value(library));
+    DesignLibrary designLibrary(cliLibraryRoot(parser.value(library)));
+    prepareCliLibrary(designLibrary, QStringLiteral("open"));
     const bool isPath = name.contains(QLatin1Char('/'));
     const bool asJson = parser.isSet(json);
     QString path;

@@ -141,10 +141,10 @@ int runProject(const QStringList& args)
         return Usage;
     }
 
-    DesignLibrary& designLibrary = prepareCliLibrary(QStringLiteral("project"), parser.value(library));
+    DesignLibrary designLibrary(cliLibraryRoot(parser.value(library)));
+    prepareCliLibrary(designLibrary, QStringLiteral("project"));
     CollectingView view;
-    GVRProjectModel model;
-    model.setLibrary(&designLibrary);
+    GVRProjectModel model(designLibrary);
     model.setWinProject(&view);
     model.designProjectWithParameters(GVRProjectModel::parameterDictionary(
         *diagramValue, filterName, oneName, twoName, *sign1Value, *sign2Value, *lValue, *mValue, *autoValue));

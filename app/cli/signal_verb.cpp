@@ -181,12 +181,12 @@ int runSignal(const QStringList& args)
     }
 
     // The library is touched only when the design is to be saved there.
-    DesignLibrary* designLibrary =
-        parser.isSet(save) ? &prepareCliLibrary(QStringLiteral("signal"), parser.value(library)) : nullptr;
+    DesignLibrary designLibrary(cliLibraryRoot(parser.value(library)));
+    if (parser.isSet(save))
+        prepareCliLibrary(designLibrary, QStringLiteral("signal"));
     CollectingView view;
-    GVRSignalDesignerModel model;
+    GVRSignalDesignerModel model(designLibrary);
     model.setWinSignalDesign(&view);
-    model.setLibrary(designLibrary);
     model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
         freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index,
         values));
@@ -199,7 +199,7 @@ int runSignal(const QStringList& args)
         const QString name = parser.value(save);
         const bool saved = model.saveSignalDesignWithFileName(name);
         if (!reportSave(QStringLiteral("signal"), QStringLiteral("design"), saved, model.lastFileError(),
-                        designLibrary->signalPath(name), parser.isSet(json)))
+                        designLibrary.signalPath(name), parser.isSet(json)))
             return Refused;
     }
     if (designed && plot.wanted()) {

@@ -4,6 +4,8 @@
 #include "cli/json_writer.h"
 #include "cli/verbs.h"
 
+#include "archive/design_titles.h"
+#include "dsp/fir_synthesis.h"
 #include "dsp/window.h"
 #include "dsp/window_properties.h"
 
@@ -16,9 +18,7 @@ namespace cli {
 
 namespace {
 
-const QStringList kWindowNames = QStringLiteral("Rectangular,Blackman,Hamming,Hann,Blackman-Harris,Cosine,Nutall,"
-                                                "Blackman-Nutall,Flat Top,Kaiser,Chebyshev")
-                                     .split(QLatin1Char(','));
+const QStringList& kWindowNames = titles::windowTypes();
 
 int windowIndex(const QString& text)
 {
@@ -75,7 +75,7 @@ int runWindow(const QStringList& args)
         printErr(QStringLiteral("orvana-cli window: --taps and --param take numbers."));
         return Usage;
     }
-    if (!(*n >= 25.0 && *n <= 255.0) || *n != std::floor(*n) || std::fmod(*n, 2.0) != 1.0) {
+    if (!(*n >= kDesignMinTaps && *n <= kDesignMaxTaps) || *n != std::floor(*n) || std::fmod(*n, 2.0) != 1.0) {
         printErr(QStringLiteral("VALID RANGE: filter length N odd, 25 ≤ N ≤ 255"));
         return Refused;
     }

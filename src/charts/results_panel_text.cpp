@@ -1,5 +1,6 @@
 // Rows of the filter results panel.
 #include "charts/results_panel_text.h"
+#include "dsp/fir_synthesis.h"
 
 namespace {
 
@@ -18,7 +19,7 @@ QVector<ResultsPanelRow> resultsPanelRows(int filterType, const QString& unit,
     const QString rippleCaption = QStringLiteral("Passband Ripple");
     const QString rippleValue = QString::asprintf("%1.3f dB", double(values.passbandRipple));
 
-    if (filterType == 1) {
+    if (filterType == kFilterBandPass) {
         const float r = height / 5.0f;
         return {
             {95.0f, QStringLiteral("3dB Point Low"), frequencyText(values.db3Low, unit)},

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "archive/design_titles.h"
 #include "charts/chart_colors.h"
 #include "charts/chart_segments.h"
 
@@ -21,7 +22,7 @@ ChartScene layoutSpectrumChart(std::span<const double> array, int headerBase, in
     scene.hasData = true;
     scene.curveColor = chartcolors::magSpectrum();
 
-    const QStringList freqUnits = {QStringLiteral("MHz"), QStringLiteral("KHz")};
+    const QStringList& freqUnits = titles::signalFreqUnits();
     const QStringList voltUnits = {QStringLiteral("V"), QStringLiteral("mV")};
 
     const float fs = elementAt(array, headerBase);

@@ -3,10 +3,12 @@
 
 #include <QPainter>
 
+#include "archive/design_titles.h"
 #include "charts/chart_painting.h"
+#include "dsp/fir_synthesis.h"
 
 GVRViewResults::GVRViewResults(QWidget* parent)
-    : QWidget(parent), freqUnitsTitle_(QStringLiteral("Norm,KHz,MHz").split(QLatin1Char(','))),
+    : QWidget(parent), freqUnitsTitle_(titles::filterUnits()),
       textFont_(chartpaint::palatinoFont(18))
 {
     setFocusPolicy(Qt::StrongFocus);
@@ -72,6 +74,6 @@ void GVRViewResults::paintEvent(QPaintEvent*)
     }
     // A low-pass or high-pass pass has no upper 3 dB point; a later switch to
     // band pass shows it as zero until new results come.
-    if (filterType_ != 1)
+    if (filterType_ != kFilterBandPass)
         values_.db3High = 0.0f;
 }

@@ -9,6 +9,10 @@
 // Largest number of taps (and inverse-DFT points) any routine here accepts.
 inline constexpr std::size_t kFirMaxTaps = 512;
 
+// The filter designer's length range: odd lengths from 25 to 255 taps.
+inline constexpr int kDesignMinTaps = 25;
+inline constexpr int kDesignMaxTaps = 255;
+
 // Filter type indices, as stored in designs.
 enum FilterTypeIndex : int { kFilterLowPass = 0, kFilterBandPass = 1, kFilterHighPass = 2 };
 

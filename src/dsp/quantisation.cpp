@@ -66,9 +66,18 @@ struct Rescale {
 
 } // namespace
 
+// Index 1 is 20 bits and each index below drops one, so bits + index is fixed.
+constexpr int kBitsPlusIndex = 21;
+
 int widthBits(int widthIndex)
 {
-    return (widthIndex >= 1 && widthIndex < kWidthCount) ? 21 - widthIndex : 0;
+    return (widthIndex >= 1 && widthIndex < kWidthCount) ? kBitsPlusIndex - widthIndex : 0;
+}
+
+int widthIndexForBits(int bits)
+{
+    const int index = kBitsPlusIndex - bits;
+    return (index >= 1 && index < kWidthCount) ? index : -1;
 }
 
 PrecisionResult bitPrecison(int widthIndex, std::span<const double> c, std::span<std::int32_t> q,

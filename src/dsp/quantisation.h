@@ -11,6 +11,8 @@ inline constexpr int kWidthCount = 14;
 
 // Bits (sign included) of width index 1..13: 21 − index; 0 for "Double" or an index out of range.
 int widthBits(int widthIndex);
+// The width index of `bits` 8..20 (the inverse of widthBits); -1 for any other count.
+int widthIndexForBits(int bits);
 
 struct PrecisionResult {
     double dynamicRange = 0.0;      // |max c / min c|

@@ -26,7 +26,7 @@ void wordLengthSweep(int type, double cutoff, double center, std::span<const dou
             continue;
         }
         r.bits = 8 + row;
-        const int widthIndex = 21 - r.bits;
+        const int widthIndex = widthIndexForBits(r.bits);
         bitPrecison(widthIndex, c, q, cp);
         analysisPower(cp, quantisedPower);
         const ResponseAnalysis own = analyseResponse(type, band, quantisedPower);

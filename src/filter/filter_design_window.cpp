@@ -18,6 +18,9 @@
 
 #include "charts/view_filt_design.h"
 #include "charts/view_results.h"
+#include "archive/design_titles.h"
+#include "dsp/fir_synthesis.h"
+#include "dsp/window.h"
 #include "filter/filter_keys.h"
 #include "filter/mask_section.h"
 #include "library/design_library.h"
@@ -28,14 +31,14 @@
 
 namespace {
 
-constexpr int kLengthMin = 25;
-constexpr int kLengthMax = 255;
+constexpr int kLengthMin = kDesignMinTaps;
+constexpr int kLengthMax = kDesignMaxTaps;
 constexpr int kLengthStep = 2;
 constexpr int kUnitsNorm = 0;
 constexpr int kUnitsDefault = 2; // "MHz"
-constexpr int kBandPass = 1;
-constexpr int kKaiser = 9;
-constexpr int kChebyshev = 10;
+constexpr int kBandPass = kFilterBandPass;
+constexpr int kKaiser = kWindowKaiser;
+constexpr int kChebyshev = kWindowChebyshev;
 
 // The length field and its stepper in one: whole odd numbers from 25 to 255.
 // An even number typed is taken as the odd number above it.
@@ -100,8 +103,7 @@ void selectIndex(QComboBox* popUp, const QVariant& value)
 
 const QStringList& GVRWinFilterDesign::unitsFieldTitle()
 {
-    static const QStringList titles = splitTitles("Norm,KHz,MHz");
-    return titles;
+    return titles::filterUnits();
 }
 
 const QStringList& GVRWinFilterDesign::unitsFieldSampFreqTitle()
@@ -112,22 +114,17 @@ const QStringList& GVRWinFilterDesign::unitsFieldSampFreqTitle()
 
 const QStringList& GVRWinFilterDesign::filterTypeTitle()
 {
-    static const QStringList titles = splitTitles("Low Pass,Band Pass,High Pass");
-    return titles;
+    return titles::filterTypes();
 }
 
 const QStringList& GVRWinFilterDesign::bitWidthTitle()
 {
-    static const QStringList titles = splitTitles(
-        "Double,20-bit,19-bit,18-bit,17-bit,16-bit,15-bit,14-bit,13-bit,12-bit,11-bit,10-bit,9-bit,8-bit");
-    return titles;
+    return titles::bitWidths();
 }
 
 const QStringList& GVRWinFilterDesign::windowTypeTitle()
 {
-    static const QStringList titles = splitTitles("Rectangular,Blackman,Hamming,Hann,Blackman-Harris,Cosine,"
-                                                  "Nutall,Blackman-Nutall,Flat Top,Kaiser,Chebyshev");
-    return titles;
+    return titles::windowTypes();
 }
 
 const QStringList& GVRWinFilterDesign::chartTypeTitle()
@@ -136,11 +133,11 @@ const QStringList& GVRWinFilterDesign::chartTypeTitle()
     return titles;
 }
 
-GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent) : QMainWindow(parent)
+GVRWinFilterDesign::GVRWinFilterDesign(DesignLibrary& library, QWidget* parent)
+    : QMainWindow(parent), filterDesignModel_(library)
 {
     setObjectName(QStringLiteral("GVRWinFilterDesign"));
     filterDesignModel_.setWindow(this);
-    filterDesignModel_.setLibrary(&library);
 
     buildControls();
 

@@ -7,6 +7,7 @@
 #include "charts/view_filt_design.h"
 #include "charts/view_results.h"
 #include "charts/word_length_chart.h"
+#include "dsp/quantisation.h"
 #include "dsp/window.h"
 #include "filter/filter_keys.h"
 #include "filter/mask_design.h"
@@ -102,8 +103,7 @@ bool GVRWinFilterDesign::showWordLengthChart()
         }
     }
     const int width = filterDesignModel_.filterWidth();
-    wordLengthChart_->setSweep(std::move(bits), std::move(attenuation), doubleDb,
-                               width == 0 ? 0 : 21 - width);
+    wordLengthChart_->setSweep(std::move(bits), std::move(attenuation), doubleDb, widthBits(width));
     return true;
 }
 

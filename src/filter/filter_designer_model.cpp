@@ -18,8 +18,8 @@ namespace {
 
 constexpr double kLowBound = 0.01;
 constexpr double kHighBound = 0.99;
-constexpr double kMinTaps = 25.0;
-constexpr double kMaxTaps = 255.0;
+constexpr double kMinTaps = kDesignMinTaps;
+constexpr double kMaxTaps = kDesignMaxTaps;
 // Past these the windows still compute but mean nothing (β = 14 already gives ~140 dB).
 constexpr double kMaxBeta = 100.0;
 constexpr double kMaxUpsilon = 20.0;
@@ -75,7 +75,10 @@ struct GVRFilterDesignerModel::Workspace {
     }
 };
 
-GVRFilterDesignerModel::GVRFilterDesignerModel() : work_(std::make_unique<Workspace>()) {}
+GVRFilterDesignerModel::GVRFilterDesignerModel(DesignLibrary& library)
+    : work_(std::make_unique<Workspace>()), library_(library)
+{
+}
 
 GVRFilterDesignerModel::~GVRFilterDesignerModel() = default;
 

@@ -22,7 +22,8 @@ class GVRFilterDesignView;
 
 class GVRFilterDesignerModel {
 public:
-    GVRFilterDesignerModel();
+    // `library` is where designs are saved and opened; it must outlive the model.
+    explicit GVRFilterDesignerModel(DesignLibrary& library);
     virtual ~GVRFilterDesignerModel();
     GVRFilterDesignerModel(const GVRFilterDesignerModel&) = delete;
     GVRFilterDesignerModel& operator=(const GVRFilterDesignerModel&) = delete;
@@ -95,10 +96,9 @@ public:
     const std::vector<double>& dBmagAndPhaseArray() const { return dBmagAndPhaseArray_; }
     const QVariantMap& filterResultsDictionary() const { return filterResultsDictionary_; }
 
-    // Design files (definitions in filter_designer_model_files.cpp). The library is the
-    // process's one DesignLibrary; a save announces itself through it.
-    void setLibrary(DesignLibrary* library) { library_ = library; }
-    DesignLibrary* library() const { return library_; }
+    // Design files (definitions in filter_designer_model_files.cpp), in the
+    // library the model was made with; a save announces itself through it.
+    DesignLibrary& library() const { return library_; }
     // False, with the reason in lastFileError(): no valid results, empty name, or write failed.
     bool saveFilterDesignWithFileName(const QString& name);
     // False, with the reason in lastFileError(): empty name, unreadable file, incomplete record.
@@ -140,7 +140,7 @@ private:
     std::vector<double> dBmagAndPhaseArray_;
     QVariantMap filterResultsDictionary_;
     GVRFilterDesignView* winFilterDesign_ = nullptr;
-    DesignLibrary* library_ = nullptr;
+    DesignLibrary& library_;
     QString lastFileError_;
     QVariantMap filterRestorationDictionary_;
     // Set while a mask design runs: its coefficients replace the window method's.

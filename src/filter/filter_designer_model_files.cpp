@@ -2,6 +2,7 @@
 #include "filter/filter_designer_model.h"
 
 #include "archive/filter_archive.h"
+#include "dsp/fir_synthesis.h"
 #include "filter/filter_design_view.h"
 #include "filter/filter_keys.h"
 #include "library/design_file_io.h"
@@ -48,10 +49,9 @@ bool GVRFilterDesignerModel::saveFilterDesignWithFileName(const QString& name)
     lastFileError_ = designSaveNameProblem(QStringLiteral("filter"), name);
     if (!lastFileError_.isEmpty())
         return false;
-    DesignLibrary& library = libraryOr(library_);
-    if (!writeFilterFile(library.filterPath(name), record, &lastFileError_))
+    if (!writeFilterFile(library_.filterPath(name), record, &lastFileError_))
         return false;
-    library.announceNewFilterFile();
+    library_.announceNewFilterFile();
     return true;
 }
 
@@ -62,7 +62,7 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
     if (!lastFileError_.isEmpty())
         return false;
     const std::optional<GVRFilter> record =
-        readFilterFile(libraryOr(library_).filterPath(name), &lastFileError_);
+        readFilterFile(library_.filterPath(name), &lastFileError_);
     if (!record)
         return false;
 
@@ -83,7 +83,7 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
     if (record->dfThetaCutoffFreqNormalized && record->dfThetaCenterFreqNormalized) {
         double cutoff = *record->dfThetaCutoffFreqNormalized;
         double center = *record->dfThetaCenterFreqNormalized;
-        if (record->filterType == 2)
+        if (record->filterType == kFilterHighPass)
             cutoff = 1.0 - cutoff;
         if (record->unitsType.value_or(0) != 0) {
             const double half = record->dfThetaSamplingFreq.value_or(0.0) * 0.5;

@@ -4,6 +4,7 @@
 // put in place of the window method's before quantisation.
 #include "filter/filter_designer_model.h"
 
+#include "dsp/fir_synthesis.h"
 #include "dsp/quantisation.h"
 #include "dsp/window.h"
 #include "filter/filter_design_view.h"
@@ -82,7 +83,7 @@ std::optional<MaskCheck> GVRFilterDesignerModel::maskCheck() const
 
 double GVRFilterDesignerModel::typedCutoffNormalized() const
 {
-    return d_.filterType == 2 ? 1.0 - d_.thetaCutoffFreqNormalized : d_.thetaCutoffFreqNormalized;
+    return d_.filterType == kFilterHighPass ? 1.0 - d_.thetaCutoffFreqNormalized : d_.thetaCutoffFreqNormalized;
 }
 
 FilterMeasurement GVRFilterDesignerModel::measured() const

@@ -4,7 +4,9 @@
 #include <cmath>
 #include <limits>
 
+#include "archive/design_titles.h"
 #include "archive/filter_archive.h"
+#include "dsp/window.h"
 #include "library/design_library.h"
 
 namespace {
@@ -28,32 +30,22 @@ GVRInspectorFiltModel::GVRInspectorFiltModel(const DesignLibrary& library) : lib
 
 const QStringList& GVRInspectorFiltModel::filterTypeTitle()
 {
-    static const QStringList titles = QStringLiteral("Low Pass,Band Pass,High Pass").split(u',');
-    return titles;
+    return titles::filterTypes();
 }
 
 const QStringList& GVRInspectorFiltModel::windowTypeTitle()
 {
-    static const QStringList titles =
-        QStringLiteral("Rectangular,Blackman,Hamming,Hann,Blackman-Harris,Cosine,Nutall,Blackman-Nutall,"
-                       "Flat Top,Kaiser,Chebyshev")
-            .split(u',');
-    return titles;
+    return titles::windowTypes();
 }
 
 const QStringList& GVRInspectorFiltModel::bitWidthTitle()
 {
-    static const QStringList titles =
-        QStringLiteral(
-            "Double,20-bit,19-bit,18-bit,17-bit,16-bit,15-bit,14-bit,13-bit,12-bit,11-bit,10-bit,9-bit,8-bit")
-            .split(u',');
-    return titles;
+    return titles::bitWidths();
 }
 
 const QStringList& GVRInspectorFiltModel::unitsFieldTitle()
 {
-    static const QStringList titles = QStringLiteral("Norm,KHz,MHz").split(u',');
-    return titles;
+    return titles::filterUnits();
 }
 
 // The length's whole-number value; empty when it is not a number an int holds
@@ -96,7 +88,7 @@ GVRInspectFilt GVRInspectorFiltModel::rowForRecord(const QString& displayName, c
     row.window = titleAt(windowTypeTitle(), record.windowType);
     row.width = titleAt(bitWidthTitle(), record.filterWidth);
     row.units = titleAt(unitsFieldTitle(), record.unitsType);
-    if ((window == 9 || window == 10) && record.dfBetaUpsilon)
+    if ((window == kWindowKaiser || window == kWindowChebyshev) && record.dfBetaUpsilon)
         row.parm = fixed5(*record.dfBetaUpsilon);
     row.length = lengthText(record.dfFilterLengthN);
     row.fcutoff = scaled(record.dfThetaCutoffFreqNormalized, type == 2);

@@ -18,8 +18,8 @@
 
 namespace {
 
-constexpr int kMinTaps = 25;
-constexpr int kMaxTaps = 255;
+constexpr int kMinTaps = kDesignMinTaps;
+constexpr int kMaxTaps = kDesignMaxTaps;
 
 int clampTaps(int n)
 {

@@ -1,6 +1,7 @@
 // Measured panel: one rich-text label, rebuilt on each design while shown.
 #include "filter/measured_panel.h"
 
+#include "dsp/quantisation.h"
 #include "dsp/window.h"
 #include "dsp/window_properties.h"
 #include "filter/filter_designer_model.h"
@@ -89,7 +90,7 @@ void MeasuredPanel::showDesign(const GVRFilterDesignerModel& model)
         html += QStringLiteral("<p><font color=#b00000>%1</font></p>")
                     .arg(tr("integers need %1 bits, more than the %2-bit width")
                              .arg(m.bitsNeeded)
-                             .arg(21 - model.filterWidth()));
+                             .arg(widthBits(model.filterWidth())));
 
     if (const auto check = model.maskCheck())
         html += QStringLiteral("<p><b>%1</b></p>")

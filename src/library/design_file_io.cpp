@@ -4,11 +4,6 @@
 #include "library/design_library.h"
 #include "library/library_design_source.h"
 
-DesignLibrary& libraryOr(DesignLibrary* library)
-{
-    return library ? *library : DesignLibrary::shared();
-}
-
 QVariant recordValueAsVariant(std::int64_t value)
 {
     return QVariant(static_cast<qlonglong>(value));

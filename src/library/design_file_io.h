@@ -7,11 +7,6 @@
 
 #include <cstdint>
 
-class DesignLibrary;
-
-// `library`, or the process's shared library when none was set.
-DesignLibrary& libraryOr(DesignLibrary* library);
-
 // A record's value as the parameter dictionaries hold it: integers as
 // qlonglong, doubles as double, whatever the record's own types.
 QVariant recordValueAsVariant(std::int64_t value);

@@ -82,12 +82,6 @@ DesignLibrary::DesignLibrary(const QString& root, QObject* parent) : QObject(par
 {
 }
 
-DesignLibrary& DesignLibrary::shared()
-{
-    static DesignLibrary library(resolveLibraryRoot());
-    return library;
-}
-
 void DesignLibrary::setRoot(const QString& root)
 {
     root_ = QDir::cleanPath(root);

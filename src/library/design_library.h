@@ -1,7 +1,9 @@
 // The per-user design library: the root folder and its four design folders,
 // the paths of design files, folder listings, the sample designs copied in at
 // every launch, and the announcements of newly saved filter and signal files.
-// One instance per process (shared()) is used by every model and window.
+// The main program makes one and hands it to every model and window it makes;
+// there is no process-wide fallback, so a model cannot write to a library it
+// was not given.
 #pragma once
 
 #include <array>
@@ -61,10 +63,6 @@ public:
     }};
 
     explicit DesignLibrary(const QString& root, QObject* parent = nullptr);
-
-    // The process's library. Made on first use at resolveLibraryRoot(); a main
-    // program that takes a library option calls setRoot() on it before use.
-    static DesignLibrary& shared();
 
     QString root() const { return root_; }
     // Moves the library; nothing is created or copied until asked.

@@ -14,16 +14,13 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "archive/design_titles.h"
 #include "project/fir_export_table_model.h"
 #include "library/design_library.h"
 
 const QStringList& GVRWinFirExport::bitWidthTitle()
 {
-    static const QStringList titles =
-        QStringLiteral(
-            "Double,20-bit,19-bit,18-bit,17-bit,16-bit,15-bit,14-bit,13-bit,12-bit,11-bit,10-bit,9-bit,8-bit")
-            .split(QLatin1Char(','));
-    return titles;
+    return titles::bitWidths();
 }
 
 GVRWinFirExport::GVRWinFirExport(DesignLibrary& library, QWidget* parent)

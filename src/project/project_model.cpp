@@ -158,8 +158,6 @@ bool GVRProjectModel::checkAllParameters() const
 void GVRProjectModel::designProject()
 {
     validResultsFlag_ = false;
-    if (!library_)
-        return;
     const bool multirate = blockDiagramNumber_ == 2;
     const bool automatic = multirate && multirateFilterType_ == 1;
     const QString& rateError = multirate ? kRateErrorMultirate : kRateErrorSumAndFilter;

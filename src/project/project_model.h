@@ -28,13 +28,15 @@ public:
     static constexpr std::size_t kFreqArrayLength = 16400;  // 2 headers + |X| + |Y|
     static constexpr double kRateTolerance = 1e-6;
 
-    explicit GVRProjectModel(const DesignSource* library = nullptr);
+    // `library` holds the project files' designs and must outlive the model.
+    explicit GVRProjectModel(DesignLibrary& library);
     ~GVRProjectModel();
     GVRProjectModel(const GVRProjectModel&) = delete;
     GVRProjectModel& operator=(const GVRProjectModel&) = delete;
 
-    // Where the named designs are read from; the model does not own it.
-    void setDesignSource(const DesignSource* library) { library_ = library; }
+    // Where the named designs are read from instead of the library (null: the
+    // library again); the model does not own it.
+    void setDesignSource(const DesignSource* source);
     const DesignSource* designSource() const { return library_; }
     void setWinProject(ProjectView* window) { winProject_ = window; }
     ProjectView* winProject() const { return winProject_; }
@@ -76,11 +78,9 @@ public:
     const GVRSignal& signalTwoRecord() const { return signalTwoRecord_; }
     const GVRFilter& filterOneRecord() const { return filterOneRecord_; }
 
-    // Project files (definitions in project_model_files.cpp). The library lists the
-    // design names a project may refer to and, when no design source was set,
-    // is read through a LibraryDesignSource the model owns.
-    void setLibrary(DesignLibrary* library);
-    DesignLibrary* library() const { return designLibrary_; }
+    // Project files (definitions in project_model_files.cpp). The design source
+    // lists the design names a project may refer to.
+    DesignLibrary& library() const { return designLibrary_; }
     // False, with the reason in lastFileError(): no valid results, empty path, or write failed.
     bool saveProjectWithFilePath(const QString& path);
     // False, with the reason in lastFileError(): unreadable file, incomplete record, or a
@@ -111,9 +111,9 @@ private:
     GVRSignal signalOneRecord_;
     GVRSignal signalTwoRecord_;
     GVRFilter filterOneRecord_;
-    const DesignSource* library_ = nullptr;
+    DesignLibrary& designLibrary_;
+    std::unique_ptr<LibraryDesignSource> ownSource_;  // reads designLibrary_
+    const DesignSource* library_ = nullptr;           // never null
     ProjectView* winProject_ = nullptr;
-    DesignLibrary* designLibrary_ = nullptr;
-    std::unique_ptr<LibraryDesignSource> ownSource_;
     QString lastFileError_;
 };

@@ -8,22 +8,16 @@
 #include "library/design_library.h"
 #include "library/library_design_source.h"
 
-GVRProjectModel::GVRProjectModel(const DesignSource* library) : library_(library) {}
+GVRProjectModel::GVRProjectModel(DesignLibrary& library)
+    : designLibrary_(library), ownSource_(std::make_unique<LibraryDesignSource>(library)), library_(ownSource_.get())
+{
+}
 
 GVRProjectModel::~GVRProjectModel() = default;
 
-void GVRProjectModel::setLibrary(DesignLibrary* library)
+void GVRProjectModel::setDesignSource(const DesignSource* source)
 {
-    designLibrary_ = library;
-    // A design source set by the caller stays; otherwise read the library itself.
-    if (!library_ || library_ == ownSource_.get()) {
-        library_ = nullptr;
-        ownSource_.reset();
-        if (library) {
-            ownSource_ = std::make_unique<LibraryDesignSource>(*library);
-            library_ = ownSource_.get();
-        }
-    }
+    library_ = source ? source : ownSource_.get();
 }
 
 bool GVRProjectModel::saveProjectWithFilePath(const QString& path)
@@ -87,16 +81,8 @@ bool GVRProjectModel::openProjectWithFilePath(const QString& path)
 
     // Every design the project names must still be in the library, the filter
     // too when the project uses the automatic one. Names compare exactly.
-    QStringList filterNames;
-    QStringList signalNames;
-    if (library_) {
-        filterNames = library_->filterNames();
-        signalNames = library_->signalNames();
-    } else {
-        const DesignLibrary& library = libraryOr(designLibrary_);
-        filterNames = library.designNames(DesignLibrary::Folder::Filter);
-        signalNames = library.designNames(DesignLibrary::Folder::Signal);
-    }
+    const QStringList filterNames = library_->filterNames();
+    const QStringList signalNames = library_->signalNames();
     const QString filter = restored.value(KEYMOD_FILTER_NAME).toString();
     const QString one = restored.value(KEYMOD_SIG_ONE_NAME).toString();
     const QString two = restored.value(KEYMOD_SIG_TWO_NAME).toString();

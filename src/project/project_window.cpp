@@ -105,10 +105,9 @@ const QStringList& GVRWinProject::signTitle()
 }
 
 GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
-    : QMainWindow(parent), library_(library), projectDirectory_(library.projectOneFolder())
+    : QMainWindow(parent), library_(library), projectModel_(library), projectDirectory_(library.projectOneFolder())
 {
     setObjectName(QStringLiteral("GVRWinProject"));
-    projectModel_.setLibrary(&library_);
     projectModel_.setWinProject(this);
 
     buildControls();

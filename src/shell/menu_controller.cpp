@@ -23,6 +23,28 @@
 #include "signal/signal_design_window.h"
 #include "signal/signal_inspector_window.h"
 
+namespace {
+
+// The menus by action object name, in order; "" is a separator and the list
+// ends at the first null. Naming the items keeps each menu whole whatever
+// order the actions are made in.
+constexpr const char* kRecentMenu = "openRecentMenu";
+struct MenuLayout {
+    const char* title;
+    const char* items[12];
+};
+const MenuLayout kMenus[] = {
+    {QT_TR_NOOP("&File"),
+     {"newAction", "openAction", kRecentMenu, "saveAction", "saveAsAction", "", "exportAction", "exportChartAction", "",
+      "preferencesAction", "", "quitAction"}},
+    {QT_TR_NOOP("&Window"),
+     {"filterDesignerAction", "signalDesignerAction", "", "sumAndFilterAction", "multirateAction", "",
+      "filterInspectorAction", "signalInspectorAction", "firExportAction"}},
+    {QT_TR_NOOP("&Help"), {"manualAction", "aboutAction"}},
+};
+
+} // namespace
+
 GVRMenuController::GVRMenuController(Targets targets, QObject* parent)
     : QObject(parent), targets_(targets),
       urlOpener_([](const QUrl& url) { return QDesktopServices::openUrl(url); })
@@ -52,12 +74,12 @@ void GVRMenuController::createActions()
     saveAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
     QAction* saveAsAction = addAction("saveAsAction", tr("Save &As…"), [this] { saveAsMenuItem(); });
     saveAsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    QAction* exportAction = addAction("exportAction", tr("&Export Coefficients…"), [t] {
+    addAction("exportAction", tr("&Export Coefficients…"), [t] {
         if (t.firExport)
             t.firExport->showGVRWinFirExport();
     });
     // The chart in front: the focused chart of the active window, else its first visible one.
-    exportChartAction_ = addAction("exportChartAction", tr("Export C&hart…"), [] {
+    addAction("exportChartAction", tr("Export C&hart…"), [] {
         if (GVRChartView* chart = GVRChartView::chartIn(QApplication::activeWindow()))
             chart->exportChartAs();
     });
@@ -70,52 +92,38 @@ void GVRMenuController::createActions()
     QAction* quitAction = addAction("quitAction", tr("&Quit"), [] { QCoreApplication::quit(); });
     quitAction->setMenuRole(QAction::QuitRole);
     quitAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    fileActions_ = {newAction, openAction, saveAction, saveAsAction, exportAction, prefAction, quitAction};
 
-    windowActions_ = {
-        addAction("filterDesignerAction", tr("Filter Designer"),
-                  [t] {
-                      if (t.filterDesign)
-                          t.filterDesign->showGVRWinFilterDesign();
-                  }),
-        addAction("signalDesignerAction", tr("Signal Designer"),
-                  [t] {
-                      if (t.signalDesign)
-                          t.signalDesign->showGVRWinSignalDesign();
-                  }),
-        addAction("sumAndFilterAction", tr("Sum && Filter Model"),
-                  [t] {
-                      if (t.project)
-                          t.project->showGVRWinProjectOne();
-                  }),
-        addAction("multirateAction", tr("Multirate Model"),
-                  [t] {
-                      if (t.project)
-                          t.project->showGVRWinProjectTwo();
-                  }),
-        addAction("filterInspectorAction", tr("Filter Inspector"),
-                  [t] {
-                      if (t.filtInspector)
-                          t.filtInspector->showGVRWinFiltInspector();
-                  }),
-        addAction("signalInspectorAction", tr("Signal Inspector"),
-                  [t] {
-                      if (t.sigInspector)
-                          t.sigInspector->showGVRWinSigInspector();
-                  }),
-        addAction("firExportAction", tr("FIR Coefficient Export"),
-                  [t] {
-                      if (t.firExport)
-                          t.firExport->showGVRWinFirExport();
-                  }),
-    };
-
-    helpActions_ = {
-        addAction("manualAction", tr("Orvana User Manual"), [this] { viewManual(); }),
-        addAction("aboutAction", tr("&About Orvana"), [this] { showAbout(); }),
-    };
-    helpActions_.first()->setShortcut(QKeySequence::HelpContents);
-    helpActions_.last()->setMenuRole(QAction::AboutRole);
+    addAction("filterDesignerAction", tr("Filter Designer"), [t] {
+        if (t.filterDesign)
+            t.filterDesign->showGVRWinFilterDesign();
+    });
+    addAction("signalDesignerAction", tr("Signal Designer"), [t] {
+        if (t.signalDesign)
+            t.signalDesign->showGVRWinSignalDesign();
+    });
+    addAction("sumAndFilterAction", tr("Sum && Filter Model"), [t] {
+        if (t.project)
+            t.project->showGVRWinProjectOne();
+    });
+    addAction("multirateAction", tr("Multirate Model"), [t] {
+        if (t.project)
+            t.project->showGVRWinProjectTwo();
+    });
+    addAction("filterInspectorAction", tr("Filter Inspector"), [t] {
+        if (t.filtInspector)
+            t.filtInspector->showGVRWinFiltInspector();
+    });
+    addAction("signalInspectorAction", tr("Signal Inspector"), [t] {
+        if (t.sigInspector)
+            t.sigInspector->showGVRWinSigInspector();
+    });
+    addAction("firExportAction", tr("FIR Coefficient Export"), [t] {
+        if (t.firExport)
+            t.firExport->showGVRWinFirExport();
+    });
+    addAction("manualAction", tr("Orvana User Manual"), [this] { viewManual(); })
+        ->setShortcut(QKeySequence::HelpContents);
+    addAction("aboutAction", tr("&About Orvana"), [this] { showAbout(); })->setMenuRole(QAction::AboutRole);
 }
 
 QAction* GVRMenuController::action(const QString& name) const
@@ -130,7 +138,7 @@ void GVRMenuController::installMenus(QMainWindow* window)
     // Window-level shortcuts the window set up for itself would make the
     // keys ambiguous; the menu's commands reach the same window.
     QList<QKeySequence> taken;
-    for (QAction* a : fileActions_ + windowActions_ + helpActions_)
+    for (const QAction* a : findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly))
         taken += a->shortcuts();
     const QList<QAction*> own = window->actions();
     for (QAction* a : own) {
@@ -146,28 +154,26 @@ void GVRMenuController::installMenus(QMainWindow* window)
 
     auto* bar = new QMenuBar(window);
     bar->setObjectName(QStringLiteral("orvanaMenuBar"));
-    QMenu* file = bar->addMenu(tr("&File"));
-    file->addActions(fileActions_.mid(0, 2));
-    QMenu* recent = file->addMenu(tr("Open &Recent"));
-    recent->setObjectName(QStringLiteral("openRecentMenu"));
-    fillRecentMenu(recent);
-    connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(recent); });
-    file->addActions(fileActions_.mid(2, 2));
-    file->addSeparator();
-    file->addAction(fileActions_.at(4));
-    file->addAction(exportChartAction_);
-    file->addSeparator();
-    file->addAction(fileActions_.at(5));
-    file->addSeparator();
-    file->addAction(fileActions_.at(6));
-    QMenu* windows = bar->addMenu(tr("&Window"));
-    windows->addActions(windowActions_.mid(0, 2));
-    windows->addSeparator();
-    windows->addActions(windowActions_.mid(2, 2));
-    windows->addSeparator();
-    windows->addActions(windowActions_.mid(4));
-    QMenu* help = bar->addMenu(tr("&Help"));
-    help->addActions(helpActions_);
+    for (const MenuLayout& layout : kMenus) {
+        QMenu* menu = bar->addMenu(tr(layout.title));
+        for (const char* item : layout.items) {
+            if (!item)
+                break;
+            if (!*item) {
+                menu->addSeparator();
+            } else if (qstrcmp(item, kRecentMenu) == 0) {
+                QMenu* recent = menu->addMenu(tr("Open &Recent"));
+                recent->setObjectName(QLatin1String(kRecentMenu));
+                fillRecentMenu(recent);
+                connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(recent); });
+            } else {
+                QAction* shared = action(QLatin1String(item));
+                Q_ASSERT(shared);  // every name in the layout is made by createActions()
+                if (shared)
+                    menu->addAction(shared);
+            }
+        }
+    }
     window->setMenuBar(bar);
 }
 

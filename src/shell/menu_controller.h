@@ -77,9 +77,5 @@ private:
     template <typename Command> void routeToKeyWindow(Command command);
 
     Targets targets_;
-    QList<QAction*> fileActions_;
-    QAction* exportChartAction_ = nullptr;
-    QList<QAction*> windowActions_;
-    QList<QAction*> helpActions_;
     std::function<bool(const QUrl&)> urlOpener_;
 };

@@ -89,8 +89,7 @@ QList<LibraryProblem> makeSampleDesigns(const QString& folder)
     DesignLibrary library(work.path());
     problems << library.ensureFolders();
 
-    GVRSignalDesignerModel signalModel;
-    signalModel.setLibrary(&library);
+    GVRSignalDesignerModel signalModel(library);
     for (const SignalSample& s : kSignals) {
         signalModel.designSignalWithParameters(
             GVRSignalDesignerModel::parameterDictionary(s.freqUnits, 0, s.fs, s.function, s.parms));
@@ -98,8 +97,7 @@ QList<LibraryProblem> makeSampleDesigns(const QString& folder)
             problems << sampleProblem(QString::fromLatin1(s.name), signalModel.lastFileError());
     }
 
-    GVRFilterDesignerModel filterModel;
-    filterModel.setLibrary(&library);
+    GVRFilterDesignerModel filterModel(library);
     for (const FilterSample& f : kFilters) {
         const QVariantMap parameters{
             {KEYFP_UNITS, f.units},        {KEYFP_FILTER_TYPE, f.type},   {KEYFP_SAMPLING_FREQ, f.fs},
@@ -111,8 +109,7 @@ QList<LibraryProblem> makeSampleDesigns(const QString& folder)
             problems << sampleProblem(QString::fromLatin1(f.name), filterModel.lastFileError());
     }
 
-    GVRProjectModel projectModel;
-    projectModel.setLibrary(&library);
+    GVRProjectModel projectModel(library);
     const auto project = [&](const QString& name, const QVariantMap& parameters) {
         projectModel.designProjectWithParameters(parameters);
         const int diagram = parameters.value(KEYMOD_BLOCK_DIAGRAM).toInt();

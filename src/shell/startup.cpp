@@ -79,8 +79,7 @@ QMessageBox* reportLibraryProblems(const QList<LibraryProblem>& problems, QWidge
 
 int runOrvana(const StartupOptions& options, const StartupHooks& hooks)
 {
-    DesignLibrary& library = DesignLibrary::shared();
-    library.setRoot(resolveLibraryRoot(options.library));
+    DesignLibrary library(resolveLibraryRoot(options.library));
     const QList<LibraryProblem> problems = prepareLibrary(library);
 
     OrvanaShell shell(library);

@@ -15,6 +15,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include "archive/design_titles.h"
 #include "charts/view_freq_signal_design.h"
 #include "charts/view_func_signal_design.h"
 #include "charts/view_time_signal_design.h"
@@ -200,8 +201,7 @@ bool selectIndex(QComboBox* popUp, const QVariant& value)
 
 const QStringList& GVRWinSignalDesign::freqUnitsTitle()
 {
-    static const QStringList titles = splitTitles("MHz,KHz");
-    return titles;
+    return titles::signalFreqUnits();
 }
 
 const QStringList& GVRWinSignalDesign::voltUnitsTitle()
@@ -229,11 +229,11 @@ QString GVRWinSignalDesign::parmTitle(int slot, int function)
     return parmTitles()[std::size_t(slot)].value(function);
 }
 
-GVRWinSignalDesign::GVRWinSignalDesign(DesignLibrary& library, QWidget* parent) : QMainWindow(parent)
+GVRWinSignalDesign::GVRWinSignalDesign(DesignLibrary& library, QWidget* parent)
+    : QMainWindow(parent), signalDesignerModel_(library)
 {
     setObjectName(QStringLiteral("GVRWinSignalDesign"));
     signalDesignerModel_.setWinSignalDesign(this);
-    signalDesignerModel_.setLibrary(&library);
 
     buildControls();
 

@@ -20,7 +20,8 @@ public:
     static constexpr std::size_t kTimeArrayLength = 16392;  // header + 16384 samples
     static constexpr std::size_t kFreqArrayLength = 8200;   // header + 8192 magnitudes
 
-    GVRSignalDesignerModel() = default;
+    // `library` is where designs are saved and opened; it must outlive the model.
+    explicit GVRSignalDesignerModel(DesignLibrary& library) : library_(library) {}
 
     void setWinSignalDesign(SignalDesignView* window) { winSignalDesign_ = window; }
     SignalDesignView* winSignalDesign() const { return winSignalDesign_; }
@@ -63,10 +64,9 @@ public:
     double parm6() const { return parms_[5]; }
     const std::array<double, 6>& parms() const { return parms_; }
 
-    // Design files (definitions in signal_designer_model_files.cpp). The library is the
-    // process's one DesignLibrary; a save announces itself through it.
-    void setLibrary(DesignLibrary* library) { library_ = library; }
-    DesignLibrary* library() const { return library_; }
+    // Design files (definitions in signal_designer_model_files.cpp), in the
+    // library the model was made with; a save announces itself through it.
+    DesignLibrary& library() const { return library_; }
     // False, with the reason in lastFileError(): no valid results, empty name, or write failed.
     bool saveSignalDesignWithFileName(const QString& name);
     // False, with the reason in lastFileError(): empty name, unreadable file, incomplete record.
@@ -108,7 +108,7 @@ private:
     double max_freq_ = 0.0;
     QVariantMap signalRestorationDictionary_;
     SignalDesignView* winSignalDesign_ = nullptr;
-    DesignLibrary* library_ = nullptr;
+    DesignLibrary& library_;
     QString lastFileError_;
     // Reused between designs.
     std::vector<double> workSignal_;

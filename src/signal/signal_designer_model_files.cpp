@@ -35,10 +35,9 @@ bool GVRSignalDesignerModel::saveSignalDesignWithFileName(const QString& name)
     lastFileError_ = designSaveNameProblem(QStringLiteral("signal"), name);
     if (!lastFileError_.isEmpty())
         return false;
-    DesignLibrary& library = libraryOr(library_);
-    if (!writeSignalFile(library.signalPath(name), record, &lastFileError_))
+    if (!writeSignalFile(library_.signalPath(name), record, &lastFileError_))
         return false;
-    library.announceNewSignalFile();
+    library_.announceNewSignalFile();
     return true;
 }
 
@@ -49,7 +48,7 @@ bool GVRSignalDesignerModel::openSignalDesignWithFileName(const QString& name)
     if (!lastFileError_.isEmpty())
         return false;
     const std::optional<GVRSignal> record =
-        readSignalFile(libraryOr(library_).signalPath(name), &lastFileError_);
+        readSignalFile(library_.signalPath(name), &lastFileError_);
     if (!record)
         return false;
 

@@ -30,7 +30,6 @@ protected:
     {
         ASSERT_TRUE(library.ensureFolders().isEmpty());
         model.setWindow(&view);
-        model.setLibrary(&library);
     }
     GVRFilter stored(const QString& name)
     {
@@ -43,7 +42,7 @@ protected:
     TempLibrary temp;
     DesignLibrary library{temp.root()};
     RecordingFilterView view;
-    GVRFilterDesignerModel model;
+    GVRFilterDesignerModel model{library};
 };
 
 } // namespace
@@ -69,10 +68,9 @@ TEST_F(FilterDesignFile, HighPassStoresTheComplementAndOpensAsTyped)
     EXPECT_EQ(record.dfPassbandRipple, model.passbandRipple());
     EXPECT_EQ(record.dfDynamicRangeError, model.dynamicRangeError());
 
-    GVRFilterDesignerModel other;
+    GVRFilterDesignerModel other(library);
     RecordingFilterView otherView;
     other.setWindow(&otherView);
-    other.setLibrary(&library);
     ASSERT_TRUE(other.openFilterDesignWithFileName(QStringLiteral("hp")))
         << other.lastFileError().toStdString();
     EXPECT_EQ(otherView.calls, QStringList{QStringLiteral("restore")});

@@ -3,7 +3,9 @@
 // warning path that keeps the previous results, and bad input of every kind.
 #include "filter/filter_designer_model.h"
 #include "filter/filter_keys.h"
+#include "library/design_library.h"
 #include "recording_filter_view.h"
+#include "support/temp_library.h"
 
 #include <gtest/gtest.h>
 
@@ -37,7 +39,9 @@ protected:
         return view.note;
     }
     RecordingFilterView view;
-    GVRFilterDesignerModel model;
+    TempLibrary temp;
+    DesignLibrary library{temp.root()};
+    GVRFilterDesignerModel model{library};
 };
 
 const QString kWarning = QStringLiteral("WARNING: Increase Filter Length (3dB Point Not Found)");
@@ -47,7 +51,7 @@ const QString kPositive = QStringLiteral("Filter Coefficients: Positive Symmetry
 
 TEST_F(FilterModel, StartsEmpty)
 {
-    GVRFilterDesignerModel fresh;
+    GVRFilterDesignerModel fresh(library);
     EXPECT_FALSE(fresh.validResultsFlag());
     EXPECT_TRUE(fresh.dBmagAndPhaseArray().empty());
     EXPECT_TRUE(fresh.filterCoefficients().empty());

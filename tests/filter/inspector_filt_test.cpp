@@ -19,7 +19,6 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(library.ensureFolders().isEmpty());
-        model.setLibrary(&library);
     }
     // Designs and saves; returns the design's row.
     GVRInspectFilt saved(const QString& name, int units, int type, double fs, double cutoff, double center,
@@ -45,7 +44,7 @@ protected:
 
     TempLibrary temp;
     DesignLibrary library{temp.root()};
-    GVRFilterDesignerModel model;
+    GVRFilterDesignerModel model{library};
 };
 
 } // namespace

@@ -43,7 +43,9 @@ TEST(MaskDesign, ShortestLengthMeetsAndTwoFewerMiss)
                  {kMaskEquiripple, band, 5}};
     for (const auto& c : cases) {
         RecordingFilterView view;
-        GVRFilterDesignerModel model;
+        TempLibrary temp;
+        DesignLibrary library(temp.root());
+        GVRFilterDesignerModel model(library);
         model.setWindow(&view);
         ASSERT_TRUE(model.designFilterToMask(form(c.mask.type, c.width), c.method, c.mask));
         ASSERT_TRUE(model.validResultsFlag());
@@ -64,7 +66,9 @@ TEST(MaskDesign, ShortestLengthMeetsAndTwoFewerMiss)
 TEST(MaskDesign, RefusalsAndMisses)
 {
     RecordingFilterView view;
-    GVRFilterDesignerModel model;
+    TempLibrary temp;
+    DesignLibrary library(temp.root());
+    GVRFilterDesignerModel model(library);
     model.setWindow(&view);
     for (const ToleranceMask& bad : {lowPass(0.3, 0.2, 1, 40), lowPass(0.2, 1.2, 1, 40), lowPass(0.2, 0.3, 0, 40),
                                      lowPass(0.2, 0.3, 1, -3)}) {
@@ -90,16 +94,14 @@ TEST(MaskDesign, FilesKeepTheMaskAndStayReadable)
     TempLibrary temp;
     DesignLibrary library{temp.root()};
     ASSERT_TRUE(library.ensureFolders().isEmpty());
-    GVRFilterDesignerModel model;
-    model.setLibrary(&library);
+    GVRFilterDesignerModel model(library);
     ASSERT_TRUE(model.designFilterToMask(form(2, 8), kMaskEquiripple, [] {
         ToleranceMask m;
         m.type = 2, m.stopband[0] = 0.4, m.passband[0] = 0.5, m.rippleDb = 1.0, m.attenuationDb = 40.0;
         return m;
     }()));
     ASSERT_TRUE(model.saveFilterDesignWithFileName("masked")) << model.lastFileError().toStdString();
-    GVRFilterDesignerModel reader;
-    reader.setLibrary(&library);
+    GVRFilterDesignerModel reader(library);
     ASSERT_TRUE(reader.openFilterDesignWithFileName("masked"));
     ASSERT_TRUE(reader.restoredMask());
     EXPECT_EQ(reader.restoredMask()->first, kMaskEquiripple);

@@ -51,8 +51,7 @@ protected:
     // Designs and saves a 25-tap low pass at 8 bits through the filter model.
     void saveEightBitFilter(const QString& name)
     {
-        GVRFilterDesignerModel model;
-        model.setLibrary(&seeded.library);
+        GVRFilterDesignerModel model(seeded.library);
         model.designFilterWithParameters({{KEYFP_UNITS, 0},
                                           {KEYFP_FILTER_TYPE, 0},
                                           {KEYFP_SAMPLING_FREQ, 0},

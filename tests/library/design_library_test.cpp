@@ -223,13 +223,6 @@ TEST_F(DesignLibraryTest, AnnouncementsReachListeners)
     EXPECT_EQ(signalFiles.count(), 1);
 }
 
-TEST(DesignLibraryShared, OneObjectPerProcess)
-{
-    DesignLibrary& first = DesignLibrary::shared();
-    EXPECT_EQ(&first, &DesignLibrary::shared());
-    EXPECT_FALSE(first.root().isEmpty());
-}
-
 TEST(DesignLibraryNames, FoldersAndExtensions)
 {
     EXPECT_EQ(DesignLibrary::folderName(Folder::ProjectOne), "projectOne");

@@ -21,7 +21,6 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(library.ensureFolders().isEmpty());
-        model.setLibrary(&library);
     }
     void save(const QString& name, int type, int length, int width)
     {
@@ -44,7 +43,7 @@ protected:
 
     TempLibrary temp;
     DesignLibrary library{temp.root()};
-    GVRFilterDesignerModel model;
+    GVRFilterDesignerModel model{library};
 };
 
 } // namespace

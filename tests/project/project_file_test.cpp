@@ -47,7 +47,6 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(prepareLibrary(library, samples_->path()).isEmpty());
-        model.setLibrary(&library);
         model.setWinProject(&view);
     }
     QVariantMap multirate(const QString& filter, int automatic) const
@@ -60,7 +59,7 @@ protected:
     TempLibrary temp;
     DesignLibrary library{temp.root()};
     RestoringView view;
-    GVRProjectModel model;
+    GVRProjectModel model{library};
 };
 
 QTemporaryDir* ProjectFile::samples_ = nullptr;
@@ -84,9 +83,8 @@ TEST_F(ProjectFile, SaveThenOpenRestoresTheNineValuesAndTheSameDesign)
     EXPECT_EQ(record->multirateM, 2);
     EXPECT_EQ(record->filterName, std::string("lpNormfcp333"));
 
-    GVRProjectModel other;
+    GVRProjectModel other(library);
     RestoringView otherView;
-    other.setLibrary(&library);
     other.setWinProject(&otherView);
     ASSERT_TRUE(other.openProjectWithFilePath(path)) << other.lastFileError().toStdString();
     ASSERT_EQ(otherView.restores, 1);

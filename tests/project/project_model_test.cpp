@@ -7,11 +7,13 @@
 #include <random>
 
 #include "dsp/multirate.h"
+#include "library/design_library.h"
 #include "library/memory_design_source.h"
 #include "project/project_keys.h"
 #include "project/project_model.h"
 #include "project/project_view.h"
 #include "support/reference_python.h"
+#include "support/temp_library.h"
 
 namespace {
 
@@ -117,7 +119,9 @@ protected:
 
     MemoryDesignSource library;
     RecordingView view;
-    GVRProjectModel model;
+    TempLibrary temp;
+    DesignLibrary emptyLibrary{temp.root()};
+    GVRProjectModel model{emptyLibrary};
 };
 
 }  // namespace
@@ -323,7 +327,7 @@ TEST_F(ProjectModel, UnreadableDesignsGiveNoResults)
     EXPECT_EQ(view.plots, 0);
     EXPECT_FALSE(model.validResultsFlag());
 
-    GVRProjectModel lonely;
+    GVRProjectModel lonely(emptyLibrary);  // reads the empty library, not `library`
     lonely.setWinProject(&view);
     lonely.designProjectWithParameters(GVRProjectModel::parameterDictionary(1, "norm", "one", "two", 0, 0, 1, 1, 0));
     EXPECT_FALSE(lonely.validResultsFlag());

@@ -147,8 +147,7 @@ TEST(SampleDesigns, BothSampleProjectsOpenAndDesign)
     for (const auto& [diagram, name] :
          {std::pair{1, "Cos10M3andCos35"}, std::pair{2, "multirateUser300to450"}}) {
         NoteView view;
-        GVRProjectModel model;
-        model.setLibrary(&library);
+        GVRProjectModel model(library);
         model.setWinProject(&view);
         ASSERT_TRUE(model.openProjectWithFilePath(library.projectPath(diagram, QLatin1String(name))))
             << model.lastFileError().toStdString();

@@ -46,8 +46,7 @@ TEST(SigInspector, KilohertzMillivoltDesignShowsVoltsAndMegahertz)
     TempLibrary temp;
     DesignLibrary library(temp.root());
     ASSERT_TRUE(library.ensureFolders().isEmpty());
-    GVRSignalDesignerModel model;
-    model.setLibrary(&library);
+    GVRSignalDesignerModel model(library);
     model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
         1, 1, 300000.0, 0.0, {500.0, 35000.0, 0.25, 0.0, 0.0, 20.0}));
     ASSERT_TRUE(model.validResultsFlag());

@@ -41,7 +41,6 @@ protected:
     {
         ASSERT_TRUE(library.ensureFolders().isEmpty());
         model.setWinSignalDesign(&view);
-        model.setLibrary(&library);
     }
     GVRSignal stored(const QString& name)
     {
@@ -61,7 +60,7 @@ protected:
     TempLibrary temp;
     DesignLibrary library{temp.root()};
     RestoringView view;
-    GVRSignalDesignerModel model;
+    GVRSignalDesignerModel model{library};
 };
 
 } // namespace
@@ -100,10 +99,9 @@ TEST_F(SignalDesignFile, OpenRestoresTheTenValuesBitForBit)
     ASSERT_TRUE(model.validResultsFlag()) << view.note.toStdString();
     ASSERT_TRUE(model.saveSignalDesignWithFileName(QStringLiteral("sum")));
 
-    GVRSignalDesignerModel other;
+    GVRSignalDesignerModel other(library);
     RestoringView otherView;
     other.setWinSignalDesign(&otherView);
-    other.setLibrary(&library);
     ASSERT_TRUE(other.openSignalDesignWithFileName(QStringLiteral("sum")))
         << other.lastFileError().toStdString();
     ASSERT_EQ(otherView.restores, 1);

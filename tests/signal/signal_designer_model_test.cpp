@@ -7,10 +7,12 @@
 #include <vector>
 
 #include "dsp/signal_generators.h"
+#include "library/design_library.h"
 #include "library/note_format.h"
 #include "signal/signal_design_view.h"
 #include "signal/signal_designer_model.h"
 #include "signal/signal_keys.h"
+#include "support/temp_library.h"
 
 namespace {
 
@@ -56,7 +58,9 @@ protected:
     }
 
     RecordingView view;
-    GVRSignalDesignerModel model;
+    TempLibrary temp;
+    DesignLibrary library{temp.root()};
+    GVRSignalDesignerModel model{library};
 };
 
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
