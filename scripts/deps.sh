@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
   cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-base-dev-tools libgl-dev
-  libfftw3-dev libplist-dev libliquid-dev libhwy-dev
+  libfftw3-dev libplist-dev libliquid-dev libhwy-dev libeigen3-dev
   libgtest-dev
   python3 python3-numpy python3-scipy
   xvfb xauth x11-utils fonts-urw-base35

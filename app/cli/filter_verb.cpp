@@ -5,8 +5,13 @@
 #include "cli/cli_output.h"
 #include "cli/json_writer.h"
 #include "cli/measured_output.h"
+#include "cli/plot_output.h"
 #include "cli/verbs.h"
 
+#include "charts/chart_series.h"
+#include "charts/design_view_charts.h"
+#include "charts/filter_chart_layout.h"
+#include "charts/mask_shading.h"
 #include "archive/design_titles.h"
 #include "dsp/fir_synthesis.h"
 #include "dsp/quantisation.h"
@@ -188,6 +193,51 @@ std::optional<std::pair<double, double>> edgePair(const QString& text)
     return std::make_pair(*first, *second);
 }
 
+// Writes the --chart the request names from the design and its response array.
+int writeFilterPlot(const PlotRequest& plot, const GVRFilterDesignerModel& model,
+                    const std::vector<double>& response, int units)
+{
+    const QString unitLabel =
+        QStringList{QStringLiteral("Norm"), QStringLiteral("KHz"), QStringLiteral("MHz")}.value(units);
+    const QString& chart = plot.chart();
+    const QString verb = QStringLiteral("filter");
+    if (chart == QLatin1String("magnitude") || chart == QLatin1String("phase")) {
+        const int type = chart == QLatin1String("phase") ? filterchart::kPhase : filterchart::kMagnitude;
+        const auto mask = model.design().mask;
+        return plot.write(
+            [&](float w, float h) {
+                ChartScene scene = layoutFilterChart(response, type, unitLabel, w, h);
+                // A mask design shades what its response must stay out of, as the window does.
+                if (mask && type == filterchart::kMagnitude && response.size() > 3)
+                    scene.shading = maskShading(*mask, response[3], scene.viewRange, w, h);
+                return scene;
+            },
+            chartseries::filterSeries(response, type, unitLabel),
+            type == filterchart::kPhase ? QStringLiteral("Phase Response")
+                                        : QStringLiteral("Magnitude Response"),
+            verb);
+    }
+    const auto& c = model.filterCoefficients();
+    const auto& cp = model.filterPrecisionCoefficients();
+    ChartSeries series;
+    QString title;
+    if (chart == QLatin1String("impulse")) {
+        series = designcharts::impulseSeries(c, cp);
+        title = QStringLiteral("Impulse");
+    } else if (chart == QLatin1String("step")) {
+        series = designcharts::stepSeries(cp);
+        title = QStringLiteral("Step");
+    } else if (chart == QLatin1String("group-delay")) {
+        series = designcharts::groupDelaySeries(cp, response.size() > 3 ? response[3] : 0.5, unitLabel);
+        title = QStringLiteral("Group Delay");
+    } else {
+        series = designcharts::zerosSeries(cp);
+        title = QStringLiteral("Zeros");
+    }
+    return plot.write([&](float w, float h) { return designcharts::layoutDesignChart(series, w, h); }, series,
+                      title, verb);
+}
+
 // The filter verb, or with `sweep` the sweep verb: the same design options, the word-length sweep printed.
 int runFilterDesign(const QStringList& args, bool sweep)
 {
@@ -224,7 +274,8 @@ int runFilterDesign(const QStringList& args, bool sweep)
                                   QStringLiteral("name"));
     const QCommandLineOption library = libraryOption();
     const QCommandLineOption method(QStringLiteral("method"),
-                                    QStringLiteral("Design to a mask: kaiser or equiripple."), QStringLiteral("method"));
+                                    QStringLiteral("Design to a mask: kaiser or equiripple."),
+                                    QStringLiteral("method"));
     const QCommandLineOption passEdge(QStringLiteral("passband-edge"),
                                       QStringLiteral("Mask passband edge F, or F1,F2 for a band pass."),
                                       QStringLiteral("F[,F2]"));
@@ -234,12 +285,21 @@ int runFilterDesign(const QStringList& args, bool sweep)
     const QCommandLineOption ripple(QStringLiteral("ripple"), QStringLiteral("Mask passband ripple Rp, dB."),
                                     QStringLiteral("dB"));
     const QCommandLineOption attenuation(QStringLiteral("attenuation"),
-                                         QStringLiteral("Mask stopband attenuation As, dB."), QStringLiteral("dB"));
-    parser.addOptions({help, units, type, fs, cutoff, center, taps, window, param, width, json, save, library});
-    if (!sweep)
+                                         QStringLiteral("Mask stopband attenuation As, dB."),
+                                         QStringLiteral("dB"));
+    parser.addOptions(
+        {help, units, type, fs, cutoff, center, taps, window, param, width, json, save, library});
+    PlotRequest plot({QStringLiteral("magnitude"), QStringLiteral("phase"), QStringLiteral("impulse"),
+                      QStringLiteral("step"), QStringLiteral("group-delay"), QStringLiteral("zeros")},
+                     false);
+    if (!sweep) {
         parser.addOptions({method, passEdge, stopEdge, ripple, attenuation});
+        plot.addOptionsTo(parser);
+    }
     if (const auto finished = parseVerbArguments(parser, args, Positionals::None))
         return *finished;
+    if (const auto refusedPlot = plot.read(parser, QStringLiteral("filter")))
+        return *refusedPlot;
 
     QVariantMap parameters;
     auto pickChoice = [&](const QCommandLineOption& option, const QStringList& names, const QString& key) {
@@ -302,10 +362,11 @@ int runFilterDesign(const QStringList& args, bool sweep)
         const auto stop = edgePair(parser.value(stopEdge));
         const auto rp = parseNumber(parser.value(ripple));
         const auto as = parseNumber(parser.value(attenuation));
-        if ((name != QLatin1String("kaiser") && name != QLatin1String("equiripple")) || !pass || !stop || !rp ||
-            !as) {
-            printErr(QStringLiteral("orvana-cli filter: --method takes kaiser or equiripple, with "
-                                    "--passband-edge, --stopband-edge, --ripple and --attenuation as numbers."));
+        if ((name != QLatin1String("kaiser") && name != QLatin1String("equiripple")) || !pass || !stop ||
+            !rp || !as) {
+            printErr(
+                QStringLiteral("orvana-cli filter: --method takes kaiser or equiripple, with "
+                               "--passband-edge, --stopband-edge, --ripple and --attenuation as numbers."));
             return Usage;
         }
         ToleranceMask mask;
@@ -351,6 +412,12 @@ int runFilterDesign(const QStringList& args, bool sweep)
         if (!reportSave(QStringLiteral("filter"), QStringLiteral("design"), saved, model.lastFileError(),
                         designLibrary.filterPath(name), parser.isSet(json)))
             return Refused;
+    }
+    if (valid && plot.wanted()) {
+        const int written =
+            writeFilterPlot(plot, model, view.response, parameters.value(KEYFP_UNITS).toInt());
+        if (written != Designed)
+            return written;
     }
     return exitStatusOf(outcome);
 }

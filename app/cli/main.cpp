@@ -1,9 +1,12 @@
 // orvana-cli: the design models without windows, for scripting and batch work.
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstring>
+#include <memory>
 
 #include "cli/cli_options.h"
+#include "cli/plot_output.h"
 #include "cli/verbs.h"
 #include "library/fft_tuning.h"
 
@@ -45,7 +48,17 @@ QString usageText()
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication app(argc, argv);
+    // Charts need fonts, hence a GUI application, but never a display.
+    bool plot = false;
+    for (int i = 1; i < argc; ++i)
+        plot = plot || cli::argumentsAskForPlot({QString::fromLocal8Bit(argv[i])});
+    std::unique_ptr<QCoreApplication> app;
+    if (plot) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        app = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        app = std::make_unique<QCoreApplication>(argc, argv);
+    }
     QCoreApplication::setApplicationName(QStringLiteral("Orvana"));
     QStringList args = QCoreApplication::arguments();
     QCoreApplication::setApplicationVersion(QStringLiteral(ORVANA_VERSION));

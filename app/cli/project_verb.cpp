@@ -2,12 +2,14 @@
 // designs of the library, printed for a person or as JSON, and saved on request.
 #include "cli/cli_options.h"
 #include "cli/cli_output.h"
+#include "cli/plot_output.h"
+#include "cli/project_plot.h"
 #include "cli/verbs.h"
 
-#include "project/project_model.h"
-#include "project/project_view.h"
 #include "library/design_library.h"
 #include "library/library_design_source.h"
+#include "project/project_model.h"
+#include "project/project_view.h"
 
 #include <QCommandLineParser>
 
@@ -137,8 +139,12 @@ int runProject(const QStringList& args)
     const QCommandLineOption library = libraryOption();
     parser.addOptions(
         {help, diagram, filter, sig1, sig2, sign1, sign2, interp, decim, automatic, save, json, library});
+    PlotRequest plot(projectChartNames(), true);
+    plot.addOptionsTo(parser);
     if (const auto finished = parseVerbArguments(parser, args, Positionals::None))
         return *finished;
+    if (const auto refusedPlot = plot.read(parser, QStringLiteral("project")))
+        return *refusedPlot;
 
     const auto diagramValue = wholeIn(parser.value(diagram), 1, 2);
     const auto sign1Value = wholeIn(parser.value(sign1), 0, 2);
@@ -191,6 +197,11 @@ int runProject(const QStringList& args)
         if (!reportSave(QStringLiteral("project"), QStringLiteral("project"), saved, model.lastFileError(),
                         path, parser.isSet(json)))
             return Refused;
+    }
+    if (designed && plot.wanted()) {
+        const int written = writeProjectPlot(plot, model, view.time, view.freq);
+        if (written != Designed)
+            return written;
     }
     return exitStatusOf(outcome);
 }

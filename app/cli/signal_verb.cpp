@@ -3,8 +3,12 @@
 // window's form; a missing number reads as 0, as an empty field does.
 #include "cli/cli_options.h"
 #include "cli/cli_output.h"
+#include "cli/plot_output.h"
 #include "cli/verbs.h"
 
+#include "charts/chart_series.h"
+#include "charts/spectrum_chart_layout.h"
+#include "charts/time_chart_layout.h"
 #include "dsp/signal_spectrum.h"
 #include "library/design_library.h"
 #include "signal/signal_design_view.h"
@@ -145,8 +149,12 @@ int runSignal(const QStringList& args)
     const QCommandLineOption library = libraryOption();
     parser.addOptions({help, freqUnits, voltUnits, fs, function, json, save, library});
     parser.addOptions(parms);
+    PlotRequest plot({QStringLiteral("time"), QStringLiteral("spectrum")}, true);
+    plot.addOptionsTo(parser);
     if (const auto finished = parseVerbArguments(parser, args, Positionals::None))
         return *finished;
+    if (const auto refusedPlot = plot.read(parser, QStringLiteral("signal")))
+        return *refusedPlot;
 
     const QString freqText = parser.value(freqUnits).trimmed().toLower();
     const QString voltText = parser.value(voltUnits).trimmed().toLower();
@@ -217,6 +225,21 @@ int runSignal(const QStringList& args)
         if (!reportSave(QStringLiteral("signal"), QStringLiteral("design"), saved, model.lastFileError(),
                         designLibrary.signalPath(name), parser.isSet(json)))
             return Refused;
+    }
+    if (designed && plot.wanted()) {
+        const std::vector<double>& time = view.time;
+        const std::vector<double>& freq = view.freq;
+        const float zoom = plot.zoom();
+        const int written =
+            plot.chart() == QLatin1String("time")
+                ? plot.write([&](float w, float h) { return layoutTimeChart(time, 0, 8, zoom, w, h); },
+                             chartseries::timeSeries(time, 0, 8, zoom), QStringLiteral("Time Domain"),
+                             QStringLiteral("signal"))
+                : plot.write([&](float w, float h) { return layoutSpectrumChart(freq, 0, 8, w, h); },
+                             chartseries::spectrumSeries(freq, 0, 8), QStringLiteral("Spectrum"),
+                             QStringLiteral("signal"));
+        if (written != Designed)
+            return written;
     }
     return exitStatusOf(outcome);
 }

@@ -53,7 +53,76 @@ void beginFramedView(QPainter& painter, QSizeF size, qreal lineWidth)
     drawFrame(painter, size, lineWidth);
 }
 
-void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, const QFont& labelFont)
+namespace {
+
+// The text boxes of the labels as drawn: bottom-row labels moved in from the
+// right edge and, where they would run into each other, every second (fourth...)
+// one kept. Labels left out get an empty box.
+QVector<QRectF> labelBoxes(const QVector<ChartLabel>& labels, QSizeF size, const QFontMetricsF& metrics)
+{
+    QVector<QRectF> boxes;
+    boxes.reserve(labels.size());
+    for (const ChartLabel& label : labels) {
+        const qreal w = metrics.horizontalAdvance(label.text);
+        QPointF at = label.at;
+        if (at.x() + w > size.width() - 3.0)
+            at.setX(std::max<qreal>(3.0, size.width() - 3.0 - w));
+        boxes.append(QRectF(at, QSizeF(w, metrics.height())));
+    }
+    // The corner label (not a grid line's) stays; grid labels give way to it.
+    QVector<int> bottom;
+    QRectF corner;
+    for (int i = 0; i < labels.size(); ++i) {
+        if (labels[i].alongBottom)
+            bottom.append(i);
+        else if (labels[i].at.y() <= 5.0)
+            corner = boxes[i];
+    }
+    constexpr qreal kGap = 6.0;
+    for (int stride = 1; stride <= bottom.size(); stride *= 2) {
+        bool clear = true;
+        qreal right = corner.isNull() ? -1e9 : corner.right();
+        for (int j = stride - 1; j < bottom.size(); j += stride) {
+            const QRectF& box = boxes[bottom[j]];
+            if (box.left() < right + kGap) {
+                clear = false;
+                break;
+            }
+            right = box.right();
+        }
+        if (clear || stride * 2 > bottom.size()) {
+            for (int j = 0; j < bottom.size(); ++j) {
+                const bool kept = (j + 1) % stride == 0 &&
+                                  (corner.isNull() || boxes[bottom[j]].left() >= corner.right() + kGap);
+                if (!kept)
+                    boxes[bottom[j]] = QRectF();
+            }
+            break;
+        }
+    }
+    return boxes;
+}
+
+// The curve as one path: consecutive segments that meet become one polyline.
+QPainterPath curvePath(const QVector<QLineF>& segments)
+{
+    QPainterPath path;
+    QPointF end;
+    bool open = false;
+    for (const QLineF& line : segments) {
+        if (!open || line.p1() != end)
+            path.moveTo(line.p1());
+        path.lineTo(line.p2());
+        end = line.p2();
+        open = true;
+    }
+    return path;
+}
+
+} // namespace
+
+void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, const QFont& labelFont,
+                     ChartPaintMode mode)
 {
     painter.save();
     beginFramedView(painter, size, kChartLineWidth);
@@ -62,23 +131,43 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
         return;
     }
 
-    // Separate segments with butt ends, all in one call; dense curves are
-    // thinned to what each pixel column can show, their solid columns filled
-    // in a second call without antialiasing (it would only soften their ends).
-    const ThinCurve curve = thinCurveForPixels(scene.curve, kChartLineWidth);
-    painter.setPen(QPen(scene.curveColor, kChartLineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-    painter.drawLines(curve.segments);
-    if (!curve.columns.isEmpty()) {
-        painter.save();
-        painter.setRenderHint(QPainter::Antialiasing, false);
+    if (!scene.shading.isEmpty()) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(scene.curveColor);
-        painter.drawRects(curve.columns);
-        painter.restore();
+        painter.setBrush(QColor(220, 60, 60, 45));
+        painter.drawRects(scene.shading);
+        painter.setBrush(Qt::NoBrush);
     }
 
-    for (const ChartLabel& label : scene.labels)
-        drawTextAt(painter, label.at, label.text, labelFont);
+    const QPen curvePen(scene.curveColor, kChartLineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    if (mode == ChartPaintMode::Vector) {
+        // Files keep every point, as one path.
+        painter.strokePath(curvePath(scene.curve), curvePen);
+    } else {
+        // Separate segments with butt ends, all in one call; dense curves are
+        // thinned to what each pixel column can show, their solid columns filled
+        // in a second call without antialiasing (it would only soften their ends).
+        const ThinCurve curve = thinCurveForPixels(scene.curve, kChartLineWidth);
+        painter.setPen(curvePen);
+        painter.drawLines(curve.segments);
+        if (!curve.columns.isEmpty()) {
+            painter.save();
+            painter.setRenderHint(QPainter::Antialiasing, false);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(scene.curveColor);
+            painter.drawRects(curve.columns);
+            painter.restore();
+        }
+    }
+
+    if (!scene.overlay.isEmpty()) {
+        const QPen pen(scene.overlayColor, 1.5, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+        if (mode == ChartPaintMode::Vector) {
+            painter.strokePath(curvePath(scene.overlay), pen);
+        } else {
+            painter.setPen(pen);
+            painter.drawLines(scene.overlay);
+        }
+    }
 
     QPainterPath gridPath;
     for (const QLineF& line : scene.gridLines) {
@@ -91,6 +180,16 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
     gridPen.setDashPattern({kGridDash / dashUnit, kGridGap / dashUnit});
     gridPen.setDashOffset(0.0);
     painter.strokePath(gridPath, gridPen);
+
+    // Labels last, each on a small background, so no curve runs through them.
+    const QFontMetricsF metrics(labelFont, painter.device());
+    const QVector<QRectF> boxes = labelBoxes(scene.labels, size, metrics);
+    for (int i = 0; i < scene.labels.size(); ++i) {
+        if (boxes[i].isNull())
+            continue;
+        painter.fillRect(boxes[i].adjusted(-2.0, 0.0, 2.0, 0.0), chartcolors::background());
+        drawTextAt(painter, boxes[i].topLeft(), scene.labels[i].text, labelFont);
+    }
     painter.restore();
 }
 

@@ -35,9 +35,16 @@ void beginFramedView(QPainter& painter, QSizeF size, qreal lineWidth);
 // `at` (lower-left coordinates): the baseline sits one descent above it.
 void drawTextAt(QPainter& painter, QPointF at, const QString& text, const QFont& font);
 
-// One chart pass: frame; then, with data, the curve, the labels and the grid
-// path stroked once over them. `labelFont` is the view's default font.
-void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, const QFont& labelFont);
+// Screen: dense curves thinned to the pixels; Vector: the curve as one
+// unthinned path, for SVG and PDF files.
+enum class ChartPaintMode { Screen, Vector };
+
+// One chart pass: frame; then, with data, the curve, the grid path stroked
+// once, and the labels on a small background (moved in from the right edge,
+// alternate bottom labels skipped where they would collide). `labelFont` is
+// the view's default font.
+void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, const QFont& labelFont,
+                     ChartPaintMode mode = ChartPaintMode::Screen);
 
 // "Palatino" where installed, else its metric twin "P052"; `pixels` is the
 // point size of the layouts, one point per view unit.

@@ -8,6 +8,7 @@
 #include <QColor>
 #include <QLineF>
 #include <QPointF>
+#include <QRectF>
 #include <QString>
 #include <QVector>
 
@@ -16,6 +17,17 @@
 struct ChartLabel {
     QPointF at; // lower-left corner of the text box
     QString text;
+    // Labels of vertical grid lines share the bottom row; when they would run
+    // into each other the painter skips alternate ones.
+    bool alongBottom = false;
+};
+
+// The data values at the view's edges: x0 left, x1 right, y0 bottom, y1 top.
+struct ChartRange {
+    double x0 = 0.0;
+    double x1 = 1.0;
+    double y0 = 0.0;
+    double y1 = 1.0;
 };
 
 struct ChartScene {
@@ -25,6 +37,11 @@ struct ChartScene {
     // Separate straight segments between consecutive points; segments with a
     // non-finite end are left out, the rest are clipped to the view.
     QVector<QLineF> curve;
+    // Regions the curve must stay out of (a tolerance mask), filled under it.
+    QVector<QRectF> shading;
+    // Markers and outlines drawn after the curve (a second column, the unit circle).
+    QVector<QLineF> overlay;
+    QColor overlayColor;
     QVector<QLineF> gridLines;
     // In drawing order: horizontal-line labels, vertical-line labels, origin.
     QVector<ChartLabel> labels;
@@ -32,4 +49,6 @@ struct ChartScene {
     // for the scale); nothing where no table value fitted.
     std::optional<GridStep> verticalStep;
     std::optional<GridStep> horizontalStep;
+    // What the view shows in the data's own units (see ChartSeries).
+    ChartRange viewRange;
 };

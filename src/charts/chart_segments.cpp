@@ -127,5 +127,5 @@ void appendVerticalGridLine(ChartScene& scene, float x, const QString& label, fl
     if (!std::isfinite(x) || x < clip.left() || x > clip.right())
         return;
     scene.gridLines.append(QLineF(x, 0.0, x, height));
-    scene.labels.append({QPointF(x + 5.0f, 5.0), label});
+    scene.labels.append({QPointF(x + 5.0f, 5.0), label, true});
 }

@@ -67,6 +67,8 @@ ChartScene layoutFilterChart(std::span<const double> array, int chartType, const
     const float yScale = (0.9f * height - 0.1f * height) / (divisions * step.step);
     const float y0 = top - zeroDivision * step.step * yScale;
 
+    scene.viewRange = {0.0, double(fsOver2), double(-y0 / yScale), double((height - y0) / yScale)};
+
     const QRectF clip = curveClipRect(width, height);
     appendCurve(scene.curve, array, start, kPoints - 1, xSpacing, yScale, y0, clip);
 

@@ -11,6 +11,11 @@
 namespace filterchart {
 inline constexpr int kMagnitude = 0;
 inline constexpr int kPhase = 1;
+// Further items of the chart pop-up (2 is the Word Length chart, drawn elsewhere).
+inline constexpr int kImpulse = 3;
+inline constexpr int kStep = 4;
+inline constexpr int kGroupDelay = 5;
+inline constexpr int kZeros = 6;
 } // namespace filterchart
 
 // array: the 4104-number response array (header of 8, 2048 dB magnitudes,

@@ -54,6 +54,9 @@ ChartScene layoutSpectrumChart(std::span<const double> array, int headerBase, in
     const float bottom = 0.1f * height;
     const float yScale = (0.9f * height - 0.1f * height) / fullSpan;
 
+    scene.viewRange = {0.0, double(halfFs / zoom), double(-bottom / yScale),
+                       double((height - bottom) / yScale)};
+
     appendCurve(scene.curve, array, binBase, loopCount(kBins / zoom - 1.0f), xSpacing, yScale, bottom,
                 curveClipRect(width, height));
 

@@ -11,18 +11,28 @@ GVRSpectrumChartView::GVRSpectrumChartView(int headerBase, int binBase, QWidget*
 
 void GVRSpectrumChartView::newFreqDomainChart()
 {
-    update();
+    chartChanged();
 }
 
 void GVRSpectrumChartView::setBases(int headerBase, int binBase)
 {
     headerBase_ = headerBase;
     binBase_ = binBase;
-    update();
+    chartChanged();
 }
 
 ChartScene GVRSpectrumChartView::layoutChart(float width, float height)
 {
     freqArray_ = source_ ? source_->theFreqArray() : std::vector<double>();
     return layoutSpectrumChart(freqArray_, headerBase_, binBase_, width, height);
+}
+
+ChartSeries GVRSpectrumChartView::chartSeries() const
+{
+    return chartseries::spectrumSeries(freqArray_, headerBase_, binBase_);
+}
+
+QString GVRSpectrumChartView::chartTitle() const
+{
+    return QStringLiteral("Spectrum");
 }

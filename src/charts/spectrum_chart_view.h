@@ -24,6 +24,8 @@ public slots:
 protected:
     void setBases(int headerBase, int binBase);
     ChartScene layoutChart(float width, float height) override;
+    ChartSeries chartSeries() const override;
+    QString chartTitle() const override;
 
 private:
     std::vector<double> freqArray_;

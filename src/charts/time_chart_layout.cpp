@@ -66,6 +66,8 @@ ChartScene layoutTimeChart(std::span<const double> array, int headerBase, int sa
     const float midY = 0.5f * height;
     const float yScale = (0.5f * height - 0.1f * height) / halfSpan;
 
+    scene.viewRange = {0.0, double(span), double(-midY / yScale), double((height - midY) / yScale)};
+
     const long long segments = zoom == 1.0f ? 16383 : loopCount(kRecordLength / zoom);
     appendCurve(scene.curve, array, sampleBase, segments, xSpacing, yScale, midY,
                 curveClipRect(width, height));

@@ -27,6 +27,8 @@ protected:
     void setZoom(float zoom);
     void setBases(int headerBase, int sampleBase);
     ChartScene layoutChart(float width, float height) override;
+    ChartSeries chartSeries() const override;
+    QString chartTitle() const override;
 
 private:
     std::vector<double> timeArray_;

@@ -20,14 +20,20 @@ public:
     QString freqUnitsString() const { return freqUnitsString_; }
 
 public slots:
-    // type: 0 magnitude, 1 phase; units: "Norm", "KHz" or "MHz". Redraws.
+    // type: 0 magnitude, 1 phase, 3 impulse, 4 step, 5 group delay, 6 zeros; units: "Norm", "KHz" or "MHz".
+    // Redraws.
     void newChartOfType(int type, const QString& units);
 
 protected:
     ChartScene layoutChart(float width, float height) override;
+    ChartSeries chartSeries() const override;
+    void decorateScene(ChartScene& scene, QSizeF size) override;
+    QString chartTitle() const override;
 
 private:
     std::vector<double> dBmagAndPhaseArray_;
+    std::vector<double> coefficients_;
+    std::vector<double> precision_;
     int chartType_ = 0;
     QString freqUnitsString_;
     const MagPhaseArraySource* winFilterDesign_ = nullptr;

@@ -23,12 +23,12 @@
 #include "archive/design_titles.h"
 #include "dsp/fir_synthesis.h"
 #include "dsp/window.h"
-#include "widgets/design_file_commands.h"
-#include "widgets/design_file_kind.h"
 #include "filter/filter_keys.h"
 #include "filter/mask_section.h"
-#include "widgets/number_field.h"
 #include "library/design_library.h"
+#include "widgets/design_file_commands.h"
+#include "widgets/design_file_kind.h"
+#include "widgets/number_field.h"
 #include "widgets/window_parts.h"
 
 namespace {
@@ -421,6 +421,7 @@ void GVRWinFilterDesign::initializeWithMandatoryFlag(bool mandatory)
     fill(windowTypePopUp_, windowTypeTitle(), 0);
     fill(chartTypePopUp_, chartTypeTitle(), 0);
     chartTypePopUp_->addItem(tr("Word Length"));
+    chartTypePopUp_->addItems({tr("Impulse"), tr("Step"), tr("Group Delay"), tr("Zeros")});
 
     filterLengthStepper_->setRange(kLengthMin, kLengthMax);
     filterLengthStepper_->setSingleStep(kLengthStep);

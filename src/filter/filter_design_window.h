@@ -60,6 +60,9 @@ public:
 
     // The response chart pulls the last response array from here.
     std::vector<double> theMagPhaseArray() const override { return dBmagAndPhaseArray_; }
+    std::vector<double> theCoefficients() const override;
+    std::vector<double> thePrecisionCoefficients() const override;
+    std::optional<ToleranceMask> theMask() const override;
 
     // Back to the defaults: stepper and length 25, the four frequency fields empty.
     void clearFilterDesignParameters();

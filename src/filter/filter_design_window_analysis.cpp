@@ -31,6 +31,22 @@ constexpr int kWordLengthChart = 2; // item of the chart pop-up after "Magnitude
 
 } // namespace
 
+std::vector<double> GVRWinFilterDesign::theCoefficients() const
+{
+    return dBmagAndPhaseArray_.empty() ? std::vector<double>() : filterDesignModel_.filterCoefficients();
+}
+
+std::vector<double> GVRWinFilterDesign::thePrecisionCoefficients() const
+{
+    return dBmagAndPhaseArray_.empty() ? std::vector<double>()
+                                       : filterDesignModel_.filterPrecisionCoefficients();
+}
+
+std::optional<ToleranceMask> GVRWinFilterDesign::theMask() const
+{
+    return dBmagAndPhaseArray_.empty() ? std::nullopt : filterDesignModel_.design().mask;
+}
+
 void GVRWinFilterDesign::buildAnalysisControls(QVBoxLayout* chartColumn)
 {
     chartStack_ = new QStackedWidget(this);
@@ -54,7 +70,8 @@ void GVRWinFilterDesign::buildAnalysisControls(QVBoxLayout* chartColumn)
 QWidget* GVRWinFilterDesign::buildMaskSection()
 {
     maskSection_ = new MaskSection(this);
-    connect(maskSection_, &MaskSection::designToMaskRequested, this, &GVRWinFilterDesign::pressDesignToMaskBut);
+    connect(maskSection_, &MaskSection::designToMaskRequested, this,
+            &GVRWinFilterDesign::pressDesignToMaskBut);
     // "Equiripple" stands in the window pop-up's place while an equiripple design is shown.
     equirippleLabel_ = new QLabel(tr("Equiripple"), this);
     equirippleLabel_->setObjectName(QStringLiteral("equirippleLabel"));
@@ -92,7 +109,8 @@ bool GVRWinFilterDesign::showWordLengthChart()
 
 void GVRWinFilterDesign::refreshAnalysis()
 {
-    const bool equiripple = filterDesignModel_.validResultsFlag() && filterDesignModel_.design().designMethod == 1;
+    const bool equiripple =
+        filterDesignModel_.validResultsFlag() && filterDesignModel_.design().designMethod == 1;
     windowTypePopUp_->setVisible(!equiripple);
     equirippleLabel_->setVisible(equiripple);
     if (equiripple)

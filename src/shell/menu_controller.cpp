@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 
+#include "charts/chart_view.h"
 #include "filter/filter_design_window.h"
 #include "filter/filter_inspector_window.h"
 #include "project/fir_export_window.h"
@@ -35,7 +36,7 @@ struct MenuLayout {
 };
 const MenuLayout kMenus[] = {
     {QT_TR_NOOP("&File"),
-     {"newAction", "openAction", kRecentMenu, "saveAction", "saveAsAction", "", "exportAction", "",
+     {"newAction", "openAction", kRecentMenu, "saveAction", "saveAsAction", "", "exportAction", "exportChartAction", "",
       "preferencesAction", "", "quitAction"}},
     {QT_TR_NOOP("&Window"),
      {"filterDesignerAction", "signalDesignerAction", "", "sumAndFilterAction", "multirateAction", "",
@@ -77,6 +78,11 @@ void GVRMenuController::createActions()
     addAction("exportAction", tr("&Export Coefficients…"), [t] {
         if (t.firExport)
             t.firExport->showGVRWinFirExport();
+    });
+    // The chart in front: the focused chart of the active window, else its first visible one.
+    addAction("exportChartAction", tr("Export C&hart…"), [] {
+        if (GVRChartView* chart = GVRChartView::chartIn(QApplication::activeWindow()))
+            chart->exportChartAs();
     });
     QAction* prefAction = addAction("preferencesAction", tr("&Preferences…"), [t] {
         if (t.preferences)

@@ -1,0 +1,27 @@
+// More views of an FIR design for its charts: step response, group delay
+// and the zeros of the transfer function. Free functions over coefficient
+// arrays; the charts only read what they return.
+#pragma once
+
+#include <complex>
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace designviews {
+
+// Running sum of the coefficients: s[n] = h[0] + … + h[n].
+std::vector<double> stepResponse(std::span<const double> h);
+
+// Group delay in samples of h at the frequencies k·fs/4096, k = 0 … points−1
+// (points ≤ 2049), as Re{DFT(n·h) / DFT(h)}. NaN where |H| < 1e−6·max|H|
+// over those frequencies, where the delay is undefined.
+std::vector<double> groupDelay(std::span<const double> h, std::size_t points = 2048);
+
+// The zeros of Σ h[n]·z^(−n): the eigenvalues of the companion matrix of
+// h[0]·z^(N−1) + … + h[N−1] (Eigen). Trailing zero coefficients give zeros at
+// the origin; leading ones lower the degree (zeros at infinity are left out).
+// Empty for fewer than two coefficients or all zeros.
+std::vector<std::complex<double>> transferZeros(std::span<const double> h);
+
+} // namespace designviews
