@@ -40,18 +40,6 @@ void GVRWinFiltInspector::updateTableDisplay()
 {
     // The rows come back in the folder's order; no column claims to sort them.
     table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    const DesignLibrary::Folder folder = DesignLibrary::Folder::Filter;
-    const QString path = library_.folderPath(folder) + u'/';
-    const qsizetype cut = DesignLibrary::extension(folder).size();
-    QStringList files;
-    QList<GVRInspectFilt> rows;
-    for (const DesignFileEntry& entry : library_.files(folder)) {
-        files << entry.fileName;
-        rows.append(GVRInspectFilt{});
-        rows.last().filename = entry.fileName.chopped(cut);
-    }
-    filler_.fill(*table_, *tableModel_, std::move(rows), [files, path, cut](qsizetype i) {
-        return GVRInspectorFiltModel::rowForFile(path + files.at(i), files.at(i).chopped(cut));
-    });
+    filler_.fillFromFolder(*table_, *tableModel_, library_, DesignLibrary::Folder::Filter, &GVRInspectorFiltModel::rowForFile);
     table_->clearSelection();
 }

@@ -5,6 +5,7 @@
 // in, since a sort would move rows under the arriving results.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 
 #include <QCoreApplication>
@@ -12,12 +13,11 @@
 #include <QHeaderView>
 #include <QList>
 #include <QTableView>
-#include <algorithm>
-
 #include <QThread>
 #include <QThreadPool>
 #include <QtConcurrent/QtConcurrentMap>
 
+#include "library/design_library.h"
 #include "widgets/row_table_model.h"
 
 // Up to this many rows are decoded in line: faster than a thread hop, and the
@@ -84,6 +84,25 @@ public:
             return p;
         }();
         return pool;
+    }
+
+    // Every design file of `folder`, shown at once by its name without the
+    // extension; row i then becomes rowForFile(full path, that name).
+    void fillFromFolder(QTableView& table, RowTableModel<Row>& model, const DesignLibrary& library,
+                        DesignLibrary::Folder folder, Row (*rowForFile)(const QString&, const QString&))
+    {
+        const QString path = library.folderPath(folder) + u'/';
+        const qsizetype cut = DesignLibrary::extension(folder).size();
+        QStringList files;
+        QList<Row> rows;
+        for (const DesignFileEntry& entry : library.files(folder)) {
+            files << entry.fileName;
+            rows.append(Row{});
+            rows.last().filename = entry.fileName.chopped(cut);
+        }
+        fill(table, model, std::move(rows), [files, path, cut, rowForFile](qsizetype i) {
+            return rowForFile(path + files.at(i), files.at(i).chopped(cut));
+        });
     }
 
     // True while rows are still being decoded.
