@@ -161,6 +161,11 @@ std::optional<GVRFilter> readFilterFile(const QString& path, QString* error)
     return readDesignFile(kCodec, path, error);
 }
 
+std::optional<GVRFilter> readFilterFileScalars(const QString& path, QString* error)
+{
+    return readDesignFile(kCodec, path, error, ArchiveReach::ScalarsOnly);
+}
+
 bool writeFilterFile(const QString& path, const GVRFilter& filter, QString* error)
 {
     return writeDesignFile(kCodec, path, filter, error);

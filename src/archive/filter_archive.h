@@ -23,5 +23,8 @@ QByteArray encodeFilterArchive(const std::vector<GVRFilter>& designs, QString* e
 std::optional<GVRFilter> decodeFilterArchive(const QByteArray& bytes, QString* error = nullptr);
 
 std::optional<GVRFilter> readFilterFile(const QString& path, QString* error = nullptr);
+// The text and number fields only, its arrays left absent, for lists of many
+// designs (ArchiveReach::ScalarsOnly); never enough to open the design.
+std::optional<GVRFilter> readFilterFileScalars(const QString& path, QString* error = nullptr);
 // Serialises, reads the result back and compares, then writes atomically.
 bool writeFilterFile(const QString& path, const GVRFilter& filter, QString* error = nullptr);

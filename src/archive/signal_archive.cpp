@@ -92,6 +92,11 @@ std::optional<GVRSignal> readSignalFile(const QString& path, QString* error)
     return readDesignFile(kCodec, path, error);
 }
 
+std::optional<GVRSignal> readSignalFileScalars(const QString& path, QString* error)
+{
+    return readDesignFile(kCodec, path, error, ArchiveReach::ScalarsOnly);
+}
+
 bool writeSignalFile(const QString& path, const GVRSignal& signal, QString* error)
 {
     return writeDesignFile(kCodec, path, signal, error);

@@ -22,5 +22,8 @@ QByteArray encodeSignalArchive(const std::vector<GVRSignal>& designs, QString* e
 std::optional<GVRSignal> decodeSignalArchive(const QByteArray& bytes, QString* error = nullptr);
 
 std::optional<GVRSignal> readSignalFile(const QString& path, QString* error = nullptr);
+// The text and number fields only, its arrays left absent, for lists of many
+// designs (ArchiveReach::ScalarsOnly); never enough to open the design.
+std::optional<GVRSignal> readSignalFileScalars(const QString& path, QString* error = nullptr);
 // Serialises, reads the result back and compares, then writes atomically.
 bool writeSignalFile(const QString& path, const GVRSignal& signal, QString* error = nullptr);
