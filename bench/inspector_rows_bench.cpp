@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
 
 #include "archive/filter_archive.h"
@@ -31,6 +32,12 @@ int main(int argc, char** argv)
     const auto filters = library.files(DesignLibrary::Folder::Filter);
     const auto signalFiles = library.files(DesignLibrary::Folder::Signal);
     std::printf("list %lld + %lld files:          %8.1f ms\n", (long long)filters.size(), (long long)signalFiles.size(), timer.nsecsElapsed() / 1e6);
+    timer.restart();
+    const QStringList names = library.fileNames(DesignLibrary::Folder::Filter);
+    std::printf("file names of %lld filters:       %8.1f ms\n", (long long)names.size(), timer.nsecsElapsed() / 1e6);
+    timer.restart();
+    QDir(library.filterFolder()).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
+    std::printf("unsorted entry list:              %8.1f ms\n", timer.nsecsElapsed() / 1e6);
     timer.restart();
     int n = 0;
     for (const auto& e : filters)
