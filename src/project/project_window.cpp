@@ -7,6 +7,7 @@
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDateTime>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QGuiApplication>
@@ -167,8 +168,11 @@ GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
 
     connect(&library_, &DesignLibrary::newFilterFile, this, &GVRWinProject::handleNewFilterOrSignalFile);
     connect(&library_, &DesignLibrary::newSignalFile, this, &GVRWinProject::handleNewFilterOrSignalFile);
+    // Coming back to the program, the pop-ups are read again only when a
+    // folder changed: relisting thousands of designs at every activation
+    // (the first comes with the first window) held up the first paint.
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
-        if (state == Qt::ApplicationActive)
+        if (state == Qt::ApplicationActive && designFoldersChanged())
             handleNewFilterOrSignalFile();
     });
 }
@@ -388,6 +392,9 @@ void GVRWinProject::initPopUpsWithMandatoryFlag(bool mandatory)
 {
     if (graphPopUp_->count() == 2 && !mandatory)
         return;
+    // Taken before listing: a change made while listing shows as a change.
+    listedFolders_ = {fileIdentity(library_.filterFolder()), fileIdentity(library_.signalFolder()),
+                      QDateTime::currentMSecsSinceEpoch() * 1000000LL};
     filterPopUp_->clear();
     filterPopUp_->addItems(library_.designNames(DesignLibrary::Folder::Filter));
     filterPopUp_->setCurrentIndex(filterPopUp_->count() > 0 ? 0 : -1);
@@ -517,6 +524,18 @@ void GVRWinProject::restoreProjectParameters(const QVariantMap& parameters)
     }
     viewBlockDiagram_->newBlockDiagramWithIndex(blockDiagramNumber_);
     updateUnitsAndHiddenFields();
+}
+
+bool GVRWinProject::designFoldersChanged() const
+{
+    const FolderStamp& was = listedFolders_;
+    if (!was.filters || !was.signalFolder || was.filters != fileIdentity(library_.filterFolder()) ||
+        was.signalFolder != fileIdentity(library_.signalFolder()))
+        return true;
+    // A folder changed within the clock's resolution of the listing may keep
+    // its time: only a folder older than that is known to be unchanged.
+    constexpr long long kRacyNs = 2'000'000'000LL;
+    return std::max(was.filters->modifiedNs, was.signalFolder->modifiedNs) >= was.takenNs - kRacyNs;
 }
 
 void GVRWinProject::handleNewFilterOrSignalFile()

@@ -16,6 +16,7 @@
 #include "charts/freq_array_source.h"
 #include "charts/time_array_source.h"
 #include "project/project_model.h"
+#include "library/file_identity.h"
 #include "project/project_view.h"
 
 class DesignFileCommands;
@@ -119,6 +120,9 @@ private:
     void showInMode(int mode);
     void showProjectWindow();
     void initPopUpsWithMandatoryFlag(bool mandatory);
+    // True unless both folders are provably as they were when the pop-ups
+    // were last filled.
+    bool designFoldersChanged() const;
     void updateUnitsAndHiddenFields();
     void initSteppers();
     void clearCharts();
@@ -128,6 +132,12 @@ private:
     static void selectTitle(QComboBox* popUp, const QString& title);
 
     DesignLibrary& library_;
+    // The filter and signal folders as they were when the pop-ups were filled.
+    struct FolderStamp {
+        std::optional<FileIdentity> filters;
+        std::optional<FileIdentity> signalFolder;
+        long long takenNs = 0;
+    } listedFolders_;
     GVRProjectModel projectModel_;
     DesignFileCommands* fileCommands_ = nullptr;
 
