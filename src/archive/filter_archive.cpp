@@ -147,23 +147,18 @@ QByteArray encodeFilterArchive(const std::vector<GVRFilter>& designs, QString* e
     return encodeDesigns(kCodec, designs, error);
 }
 
-std::optional<GVRFilter> decodeFilterArchive(const QByteArray& bytes, QString* error)
+std::optional<GVRFilter> decodeFilterArchive(const QByteArray& bytes, QString* error, ArchiveReach reach)
 {
     QString reason;
-    auto filter = decodeDesign(kCodec, bytes, &reason);
+    auto filter = decodeDesign(kCodec, bytes, &reason, reach);
     if (!filter && error)
         *error = designRefusal({}, kCodec.noun, reason);
     return filter;
 }
 
-std::optional<GVRFilter> readFilterFile(const QString& path, QString* error)
+std::optional<GVRFilter> readFilterFile(const QString& path, QString* error, ArchiveReach reach)
 {
-    return readDesignFile(kCodec, path, error);
-}
-
-std::optional<GVRFilter> readFilterFileScalars(const QString& path, QString* error)
-{
-    return readDesignFile(kCodec, path, error, ArchiveReach::ScalarsOnly);
+    return readDesignFile(kCodec, path, error, reach);
 }
 
 bool writeFilterFile(const QString& path, const GVRFilter& filter, QString* error)

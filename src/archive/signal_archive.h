@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include "archive/keyed_archive_reader.h"
 #include "archive/signal_record.h"
 
 // Samples of every stored signal.
@@ -19,11 +20,12 @@ QByteArray encodeSignalArchive(const GVRSignal& signal, QString* error = nullptr
 QByteArray encodeSignalArchive(const std::vector<GVRSignal>& designs, QString* error = nullptr);
 
 // The last record of the archive, or nothing with a sentence saying why.
-std::optional<GVRSignal> decodeSignalArchive(const QByteArray& bytes, QString* error = nullptr);
+// ArchiveReach::ScalarsOnly leaves the arrays absent, for lists of many
+// designs; never enough to open one.
+std::optional<GVRSignal> decodeSignalArchive(const QByteArray& bytes, QString* error = nullptr,
+                                         ArchiveReach reach = ArchiveReach::Whole);
 
-std::optional<GVRSignal> readSignalFile(const QString& path, QString* error = nullptr);
-// The text and number fields only, its arrays left absent, for lists of many
-// designs (ArchiveReach::ScalarsOnly); never enough to open the design.
-std::optional<GVRSignal> readSignalFileScalars(const QString& path, QString* error = nullptr);
+std::optional<GVRSignal> readSignalFile(const QString& path, QString* error = nullptr,
+                                     ArchiveReach reach = ArchiveReach::Whole);
 // Serialises, reads the result back and compares, then writes atomically.
 bool writeSignalFile(const QString& path, const GVRSignal& signal, QString* error = nullptr);
