@@ -61,7 +61,8 @@ TEST(Startup, ComesUpOverALibraryThatCannotBeMade)
     QFile file(blocker);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
-    const ProgramRun run = runProgram({"--launch", "-", "--library", blocker + "/lib"}, home, ORVANA_SELFTEST_PATH);
+    const ProgramRun run =
+        runProgram({"--launch", "-", "--library", blocker + "/lib"}, home, ORVANA_SELFTEST_PATH);
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TRUE(run.out.startsWith("launched")) << run.out.toStdString();
 }
