@@ -5,11 +5,13 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
@@ -22,6 +24,8 @@
 
 #include <gtest/gtest.h>
 
+#include "library/design_library.h"
+#include "support/temp_library.h"
 #include "widgets/open_sheet.h"
 #include "widgets/save_sheet.h"
 
@@ -146,6 +150,47 @@ inline void answerOpenSheet(const QString& fileName)
     QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, cell.center());
     QTest::mouseClick(sheet->openButton(), Qt::LeftButton);
     QApplication::processEvents();
+}
+
+// A designer window of type W over a fresh temporary library, shown.
+template <class W> class DesignerTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(library.ensureFolders().isEmpty());
+        window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    }
+    void TearDown() override
+    {
+        window.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    // The record of a saved design file, read by the archive reader.
+    template <class R> static R saved(std::optional<R> (*read)(const QString&, QString*), const QString& path)
+    {
+        QString error;
+        const std::optional<R> record = read(path, &error);
+        EXPECT_TRUE(record) << error.toStdString();
+        return record.value_or(R{});
+    }
+
+    TempLibrary temp;
+    DesignLibrary library{temp.root()};
+    std::unique_ptr<W> window = std::make_unique<W>(library);
+};
+
+inline QByteArray readBytes(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+inline void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    file.write(bytes);
 }
 
 // Pixels of `image` close to `colour` (each channel within 3 of it).

@@ -2,10 +2,6 @@
 // library: one flow through design, refusals, save, a broken file, New and
 // reopen, checking title, note line, fields, charts and the saved file at
 // every step; then the unit conversions and the fields each choice shows.
-#include <memory>
-
-#include <QFile>
-
 #include <gtest/gtest.h>
 
 #include "archive/filter_archive.h"
@@ -13,9 +9,7 @@
 #include "charts/view_results.h"
 #include "filter/filter_design_window.h"
 #include "gui/designer_test_support.h"
-#include "library/design_library.h"
 #include "widgets/design_file_commands.h"
-#include "support/temp_library.h"
 #include "widgets/number_field.h"
 
 using namespace designer_test;
@@ -27,20 +21,8 @@ const QString kUntitled = QStringLiteral("(Untitled) — Filter Designer");
 const char* const kSymmetric = "Filter Coefficients: Positive Symmetry";
 const char* const kNothingToSave = "There is no filter design to save: design a filter first.";
 
-class FilterDesignFlow : public ::testing::Test {
+class FilterDesignFlow : public DesignerTest<GVRWinFilterDesign> {
 protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(library.ensureFolders().isEmpty());
-        window->showGVRWinFilterDesign();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-    }
-    void TearDown() override
-    {
-        window.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
     void design() { QTest::mouseClick(window->designFilterBut(), Qt::LeftButton); }
     void press(const QKeySequence& keys)
     {
@@ -57,170 +39,103 @@ protected:
     {
         return window->viewResult()->hasResults() && !window->theMagPhaseArray().empty();
     }
-    QByteArray bytes(const QString& name) const
-    {
-        QFile file(library.filterPath(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray bytes(const QString& name) const { return readBytes(library.filterPath(name)); }
     GVRFilter saved(const QString& name) const
     {
-        QString error;
-        const std::optional<GVRFilter> record = readFilterFile(library.filterPath(name), &error);
-        EXPECT_TRUE(record) << error.toStdString();
-        return record.value_or(GVRFilter{});
+        return DesignerTest::saved(&readFilterFile, library.filterPath(name));
     }
-
-    TempLibrary temp;
-    DesignLibrary library{temp.root()};
-    std::unique_ptr<GVRWinFilterDesign> window = std::make_unique<GVRWinFilterDesign>(library);
 };
 
 TEST_F(FilterDesignFlow, TitleFieldsChartsAndSavedFileAgree)
 {
-    std::vector<std::int64_t> coefficients; // of the 48 kHz design the file holds
+    std::vector<std::int64_t> coefficients; // of the 48 kHz design the files hold
     std::vector<double> response;
-    QByteArray fileBytes;
-    auto fileHoldsTheShownDesign = [&](const QString& name) {
+    QByteArray before;
+    auto holdsTheDesign = [&](const QString& name) {
         const GVRFilter f = saved(name);
-        EXPECT_EQ(f.unitsType, KHz);
-        EXPECT_EQ(f.dfThetaSamplingFreq, 48000.0);
-        EXPECT_EQ(f.dfThetaCutoffFreqNormalized, 0.25);
-        EXPECT_EQ(f.windowType, window->windowTypePopUp()->findText("Chebyshev"));
-        EXPECT_EQ(f.dfBetaUpsilon, 3.5);
+        EXPECT_EQ(std::tuple(f.unitsType, f.dfThetaSamplingFreq, f.dfThetaCutoffFreqNormalized, f.windowType,
+                             f.dfBetaUpsilon),
+                  std::tuple(KHz, 48000.0, 0.25, 10, 3.5));
         EXPECT_EQ(f.integerCoefficients, coefficients);
     };
+    auto cutoff = [&](const char* text) { type(window->thetaCutoffField(), text); };
+    auto ask = [&](const char* text, const char* button) {
+        QMessageBox* box = topModal<QMessageBox>();
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->text(), text);
+        clickButton(box, button);
+    };
+    auto titled = [](const char* name) { return QString::fromUtf8(name) + " — Filter Designer"; };
+    // clang-format off
     const std::vector<Step> steps = {
-        {"design: Return in a field designs",
-         [&] {
+        {"design: Return in a field designs", [&] {
              choose(window->unitsPopUp(), KHz);
              choose(window->windowTypePopUp(), "Chebyshev");
              choose(window->bitWidthPopUp(), "12-bit");
              type(window->thetaSamplingField(), "48000");
-             type(window->thetaCutoffField(), "6000");
+             cutoff("6000");
              type(window->betaUpsilonField(), "3.5");
-             QTest::keyClick(window->betaUpsilonField(), Qt::Key_Return);
-         },
-         kUntitled, kSymmetric, true,
-         [&] {
+             QTest::keyClick(window->betaUpsilonField(), Qt::Key_Return); },
+         kUntitled, kSymmetric, true, [&] {
              coefficients = window->filterDesignModel().integerCoefficients();
              response = window->theMagPhaseArray();
              EXPECT_EQ(response.size(), 4104u);
-             EXPECT_TRUE(window->viewResult()->rows().first().value.contains("KHz"));
-         }},
-        {"Ctrl+S on an untitled design asks for a name",
-         [&] {
-             press(QKeySequence::Save);
-             answerSaveSheet("lp48k");
-         },
-         "lp48k — Filter Designer", nullptr, true, [&] { fileHoldsTheShownDesign("lp48k"); }},
-        {"a refused cutoff leaves the shown design",
-         [&] {
-             type(window->thetaCutoffField(), "30000");
-             design();
-         },
-         "lp48k — Filter Designer", "VALID RANGE: fcutoff ≤  23760.000", true,
+             EXPECT_TRUE(window->viewResult()->rows().first().value.contains("KHz")); }},
+        {"Ctrl+S on an untitled design asks for a name", [&] { press(QKeySequence::Save); answerSaveSheet("lp48k"); },
+         titled("lp48k"), nullptr, true, [&] { holdsTheDesign("lp48k"); }},
+        {"a refused cutoff leaves the shown design", [&] { cutoff("30000"); design(); },
+         titled("lp48k"), "VALID RANGE: fcutoff ≤  23760.000", true,
          [&] { EXPECT_EQ(window->theMagPhaseArray(), response); }},
-        {"Save As after the refusal writes the design shown, not the one typed",
-         [&] {
-             window->saveAsMenuItem();
-             answerSaveSheet("refused");
-         },
-         "refused — Filter Designer", nullptr, true, [&] { fileHoldsTheShownDesign("refused"); }},
-        {"a broken file leaves title, fields and design",
-         [&] {
-             QFile broken(library.filterPath("broken"));
-             ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-             broken.write("bplist00 not an archive");
-             broken.close();
+        {"Save As then writes the design shown, not the one typed", [&] { window->saveAsMenuItem(); answerSaveSheet("refused"); },
+         titled("refused"), nullptr, true, [&] { holdsTheDesign("refused"); }},
+        {"a broken file leaves title, fields and design", [&] {
+             writeFile(library.filterPath("broken"), "bplist00 not an archive");
              press(QKeySequence::Open);
-             answerOpenSheet("broken.filt");
-         },
-         "refused — Filter Designer", nullptr, true,
-         [&] {
-             EXPECT_TRUE(window->noteField()->text().contains("broken"))
-                 << window->noteField()->text().toStdString();
-             EXPECT_EQ(fields(), QStringList({"48000", "30000", ""}));
-         }},
+             answerOpenSheet("broken.filt"); },
+         titled("refused"), nullptr, true, [&] {
+             EXPECT_TRUE(window->noteField()->text().contains("broken"));
+             EXPECT_EQ(fields(), QStringList({"48000", "30000", ""})); }},
         {"an even length is refused in words, not changed into another",
-         [&] {
-             type(window->thetaCutoffField(), "6000");
-             typeInto(window->filterLengthStepper(), "100");
-             design();
-         },
-         "refused — Filter Designer", "VALID RANGE: filter length N odd, 25 ≤ N ≤ 255", true,
+         [&] { cutoff("6000"); typeInto(window->filterLengthStepper(), "100"); design(); },
+         titled("refused"), "VALID RANGE: filter length N odd, 25 ≤ N ≤ 255", true,
          [&] { EXPECT_EQ(window->filterLengthStepper()->text(), "100"); }},
-        {"an empty field the design needs is named",
-         [&] {
-             typeInto(window->filterLengthStepper(), "25");
-             type(window->thetaCutoffField(), "");
-             design();
-         },
-         "refused — Filter Designer", "VALID RANGE: fcutoff is empty", true,
+        {"an empty field the design needs is named", [&] { typeInto(window->filterLengthStepper(), "25"); cutoff(""); design(); },
+         titled("refused"), "VALID RANGE: fcutoff is empty", true,
          [&] { EXPECT_TRUE(window->thetaCutoffField()->isFlagged()); }},
-        {"no 3dB point: the results go and there is nothing to save",
-         [&] {
-             choose(window->unitsPopUp(), Norm);
-             type(window->thetaCutoffField(), "0.99");
-             design();
-         },
-         "refused — Filter Designer", "WARNING: Increase Filter Length (3dB Point Not Found)", false},
-        {"Save then says why and keeps title and file",
-         [&] { QTest::mouseClick(window->saveFilterBut(), Qt::LeftButton); }, "refused — Filter Designer",
-         kNothingToSave, false, [&] { fileHoldsTheShownDesign("refused"); }},
-        {"New empties form, charts and note", [&] { press(QKeySequence::New); }, kUntitled, "", false,
-         [&] {
+        {"no 3dB point: the results go", [&] { choose(window->unitsPopUp(), Norm); cutoff("0.99"); design(); },
+         titled("refused"), "WARNING: Increase Filter Length (3dB Point Not Found)", false},
+        {"Save then says why and keeps title and file", [&] { QTest::mouseClick(window->saveFilterBut(), Qt::LeftButton); },
+         titled("refused"), kNothingToSave, false, [&] { holdsTheDesign("refused"); }},
+        {"New empties form, charts and note", [&] { press(QKeySequence::New); }, kUntitled, "", false, [&] {
              EXPECT_EQ(fields(), QStringList({"", "", ""}));
              EXPECT_EQ(window->unitsPopUp()->currentIndex(), MHz);
              EXPECT_EQ(window->windowTypePopUp()->currentIndex(), 0);
-             EXPECT_EQ(window->filterLengthStepper()->value(), 25);
-         }},
-        {"Save with nothing designed opens no sheet",
-         [&] { QTest::mouseClick(window->saveFilterBut(), Qt::LeftButton); }, kUntitled, kNothingToSave,
-         false, [&] { EXPECT_FALSE(window->fileCommands()->saveSheet()->isVisible()); }},
-        {"reopen: the same form and the same filter",
-         [&] {
-             press(QKeySequence::Open);
-             answerOpenSheet("lp48k.filt");
-         },
-         "lp48k — Filter Designer", kSymmetric, true,
-         [&] {
+             EXPECT_EQ(window->filterLengthStepper()->value(), 25); }},
+        {"Save with nothing designed opens no sheet", [&] { QTest::mouseClick(window->saveFilterBut(), Qt::LeftButton); },
+         kUntitled, kNothingToSave, false, [&] { EXPECT_FALSE(window->fileCommands()->saveSheet()->isVisible()); }},
+        {"reopen: the same form and the same filter", [&] { press(QKeySequence::Open); answerOpenSheet("lp48k.filt"); },
+         titled("lp48k"), kSymmetric, true, [&] {
              EXPECT_EQ(fields().mid(0, 2), QStringList({"48000", "6000"}));
-             EXPECT_EQ(window->unitsPopUp()->currentIndex(), KHz);
              EXPECT_EQ(window->previousUnitsSelected(), KHz);
              EXPECT_EQ(window->bitWidthPopUp()->currentText(), "12-bit");
              EXPECT_EQ(window->nameBetaUpsilon()->text(), "ϒ:");
              EXPECT_EQ(window->betaUpsilonField()->text(), "3.5");
              EXPECT_EQ(window->filterDesignModel().integerCoefficients(), coefficients);
-             EXPECT_EQ(window->theMagPhaseArray(), response);
-         }},
-        {"Save on a named design asks before overwriting; Cancel keeps the file",
-         [&] {
-             fileBytes = bytes("lp48k");
+             EXPECT_EQ(window->theMagPhaseArray(), response); }},
+        {"Save on a named design asks before overwriting; Cancel keeps the file", [&] {
+             before = bytes("lp48k");
              window->saveMenuItem();
-             QMessageBox* box = topModal<QMessageBox>();
-             ASSERT_NE(box, nullptr);
-             EXPECT_EQ(box->text(),
-                       "\"lp48k\" already exists. Do you want to overwrite its original contents?");
-             clickButton(box, "Cancel");
-         },
-         "lp48k — Filter Designer", nullptr, true, [&] { EXPECT_EQ(bytes("lp48k"), fileBytes); }},
-        {"Save As over another design asks to replace it",
-         [&] {
+             ask("\"lp48k\" already exists. Do you want to overwrite its original contents?", "Cancel"); },
+         titled("lp48k"), nullptr, true, [&] { EXPECT_EQ(bytes("lp48k"), before); }},
+        {"Save As over another design asks to replace it", [&] {
              typeInto(window->filterLengthStepper(), "51");
              design();
              window->saveAsMenuItem();
              answerSaveSheet("refused");
-             QMessageBox* box = topModal<QMessageBox>();
-             ASSERT_NE(box, nullptr);
-             EXPECT_EQ(box->text(), "\"refused\" already exists. Do you want to replace it?");
-             EXPECT_EQ(box->informativeText(),
-                       "A Filter file with the same name already exists. Replacing it "
-                       "will delete the original Filter design.");
-             clickButton(box, "Replace");
-         },
-         "refused — Filter Designer", nullptr, true,
-         [&] { EXPECT_EQ(saved("refused").dfFilterLengthN, 51.0); }},
+             ask("\"refused\" already exists. Do you want to replace it?", "Replace"); },
+         titled("refused"), nullptr, true, [&] { EXPECT_EQ(saved("refused").dfFilterLengthN, 51.0); }},
     };
+    // clang-format on
     runFlow(
         *window, window->noteField(), [&] { return designed(); }, steps);
 }
@@ -236,40 +151,14 @@ TEST_F(FilterDesignFlow, UnitsConvertTheTypedFrequencies)
         const char* note;
         bool designed;
     } cases[] = {
+        // clang-format off
         {"kilo to mega", 0, KHz, MHz, {"48000", "6000", ""}, {"48", "6", ""}, kSymmetric, true},
-        {"normalised, sampling kept hidden",
-         0,
-         KHz,
-         Norm,
-         {"48", "6", ""},
-         {"48", "0.25", ""},
-         kSymmetric,
-         true},
+        {"normalised, sampling kept hidden", 0, KHz, Norm, {"48", "6", ""}, {"48", "0.25", ""}, kSymmetric, true},
         {"band pass centre too", 1, KHz, Norm, {"100", "5", "20"}, {"100", "0.1", "0.4"}, nullptr, true},
-        {"no sampling frequency: cutoff kept",
-         0,
-         KHz,
-         Norm,
-         {"", "6", ""},
-         {"", "6", ""},
-         "VALID RANGE: fcutoff ≤  0.990",
-         false},
-        {"normalised to kilo needs a rate",
-         0,
-         Norm,
-         KHz,
-         {"", "0.25", ""},
-         {"0", "0.25", ""},
-         "VALID RANGE: fsampling > 0",
-         false},
-        {"the same units again change nothing",
-         0,
-         KHz,
-         KHz,
-         {"48000", "6000", ""},
-         {"48000", "6000", ""},
-         nullptr,
-         false},
+        {"no sampling frequency: cutoff kept", 0, KHz, Norm, {"", "6", ""}, {"", "6", ""}, "VALID RANGE: fcutoff ≤  0.990", false},
+        {"normalised to kilo needs a rate", 0, Norm, KHz, {"", "0.25", ""}, {"0", "0.25", ""}, "VALID RANGE: fsampling > 0", false},
+        {"the same units again change nothing", 0, KHz, KHz, {"48000", "6000", ""}, {"48000", "6000", ""}, nullptr, false},
+        // clang-format on
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -277,20 +166,16 @@ TEST_F(FilterDesignFlow, UnitsConvertTheTypedFrequencies)
         window->newMenuItem();
         choose(window->filterTypePopUp(), c.type);
         choose(window->unitsPopUp(), c.from);
-        for (int i = 0; i < 3; ++i)
-            type(std::array{window->thetaSamplingField(), window->thetaCutoffField(),
-                            window->thetaCenterField()}[i],
-                 c.typed[i]);
+        type(window->thetaSamplingField(), c.typed[0]);
+        type(window->thetaCutoffField(), c.typed[1]);
+        type(window->thetaCenterField(), c.typed[2]);
         choose(window->unitsPopUp(), c.to);
         EXPECT_EQ(fields(), c.shown);
-        if (c.note) {
-            EXPECT_EQ(window->noteField()->text(), c.note);
-        }
+        EXPECT_EQ(window->noteField()->text(), c.note ? c.note : window->noteField()->text());
         EXPECT_EQ(designed(), c.designed);
         EXPECT_EQ(window->previousUnitsSelected(), c.to);
-        if (c.designed) {
-            EXPECT_EQ(window->viewFiltDesign()->freqUnitsString(), window->unitsPopUp()->currentText());
-        }
+        // A unit change re-sends the chart: its caption names the new unit.
+        EXPECT_EQ(window->viewFiltDesign()->freqUnitsString(), window->unitsPopUp()->currentText());
     }
 }
 
@@ -304,6 +189,7 @@ TEST_F(FilterDesignFlow, ChoicesShowTheirFieldsAndTheLengthStepsOdd)
         const char* parameterName;
         const char* cutoffUnits;
     } cases[] = {
+        // clang-format off
         {window->unitsPopUp(), "Norm", false, false, false, "β:", "Norm"},
         {window->filterTypePopUp(), "Band Pass", false, true, false, "β:", "Norm"},
         {window->windowTypePopUp(), "Kaiser", false, true, true, "β:", "Norm"},
@@ -311,6 +197,7 @@ TEST_F(FilterDesignFlow, ChoicesShowTheirFieldsAndTheLengthStepsOdd)
         {window->filterTypePopUp(), "High Pass", false, false, true, "ϒ:", "Norm"},
         {window->unitsPopUp(), "KHz", true, false, true, "ϒ:", "KHz"},
         {window->windowTypePopUp(), "Hamming", true, false, false, "ϒ:", "KHz"},
+        // clang-format on
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.item);

