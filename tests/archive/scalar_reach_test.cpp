@@ -14,7 +14,9 @@ namespace {
 // Equal bytes with the arrays left out: equal scalars.
 QByteArray scalarBytes(GVRFilter f)
 {
-    f.integerCoefficients = f.filterCoefficients = f.filterPrecisionCoefficients = std::nullopt;
+    f.integerCoefficients.reset();
+    f.filterCoefficients.reset();
+    f.filterPrecisionCoefficients.reset();
     return encodeFilterArchive(f);
 }
 
