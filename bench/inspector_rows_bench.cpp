@@ -47,10 +47,10 @@ int main(int argc, char** argv)
     std::printf("1000 filters read whole (reference):     %8.1f ms\n",
                 readEach(f, filters, [](const QString& p) { return readFilterFile(p); }));
     std::printf("1000 filters, scalar fields only:        %8.1f ms\n",
-                readEach(f, filters, [](const QString& p) { return readFilterFile(p, nullptr, ArchiveReach::ScalarsOnly); }));
+                readEach(f, filters, [](const QString& p) { return readFilterFileScalars(p); }));
     std::printf("1000 signals read whole (reference):     %8.1f ms\n",
                 readEach(s, signalNames, [](const QString& p) { return readSignalFile(p); }));
     std::printf("1000 signals, scalar fields only:        %8.1f ms\n",
-                readEach(s, signalNames, [](const QString& p) { return readSignalFile(p, nullptr, ArchiveReach::ScalarsOnly); }));
+                readEach(s, signalNames, [](const QString& p) { return readSignalFileScalars(p); }));
     return 0;
 }

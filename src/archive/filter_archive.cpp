@@ -156,9 +156,14 @@ std::optional<GVRFilter> decodeFilterArchive(const QByteArray& bytes, QString* e
     return filter;
 }
 
-std::optional<GVRFilter> readFilterFile(const QString& path, QString* error, ArchiveReach reach)
+std::optional<GVRFilter> readFilterFile(const QString& path, QString* error)
 {
-    return readDesignFile(kCodec, path, error, reach);
+    return readDesignFile(kCodec, path, error);
+}
+
+std::optional<GVRFilter> readFilterFileScalars(const QString& path, QString* error)
+{
+    return readDesignFile(kCodec, path, error, ArchiveReach::ScalarsOnly);
 }
 
 bool writeFilterFile(const QString& path, const GVRFilter& filter, QString* error)

@@ -26,7 +26,8 @@ QByteArray encodeFilterArchive(const std::vector<GVRFilter>& designs, QString* e
 std::optional<GVRFilter> decodeFilterArchive(const QByteArray& bytes, QString* error = nullptr,
                                          ArchiveReach reach = ArchiveReach::Whole);
 
-std::optional<GVRFilter> readFilterFile(const QString& path, QString* error = nullptr,
-                                     ArchiveReach reach = ArchiveReach::Whole);
+std::optional<GVRFilter> readFilterFile(const QString& path, QString* error = nullptr);
+// Its scalar fields only (ArchiveReach::ScalarsOnly), for long lists.
+std::optional<GVRFilter> readFilterFileScalars(const QString& path, QString* error = nullptr);
 // Serialises, reads the result back and compares, then writes atomically.
 bool writeFilterFile(const QString& path, const GVRFilter& filter, QString* error = nullptr);

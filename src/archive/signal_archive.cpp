@@ -87,9 +87,14 @@ std::optional<GVRSignal> decodeSignalArchive(const QByteArray& bytes, QString* e
     return signal;
 }
 
-std::optional<GVRSignal> readSignalFile(const QString& path, QString* error, ArchiveReach reach)
+std::optional<GVRSignal> readSignalFile(const QString& path, QString* error)
 {
-    return readDesignFile(kCodec, path, error, reach);
+    return readDesignFile(kCodec, path, error);
+}
+
+std::optional<GVRSignal> readSignalFileScalars(const QString& path, QString* error)
+{
+    return readDesignFile(kCodec, path, error, ArchiveReach::ScalarsOnly);
 }
 
 bool writeSignalFile(const QString& path, const GVRSignal& signal, QString* error)

@@ -25,7 +25,8 @@ QByteArray encodeSignalArchive(const std::vector<GVRSignal>& designs, QString* e
 std::optional<GVRSignal> decodeSignalArchive(const QByteArray& bytes, QString* error = nullptr,
                                          ArchiveReach reach = ArchiveReach::Whole);
 
-std::optional<GVRSignal> readSignalFile(const QString& path, QString* error = nullptr,
-                                     ArchiveReach reach = ArchiveReach::Whole);
+std::optional<GVRSignal> readSignalFile(const QString& path, QString* error = nullptr);
+// Its scalar fields only (ArchiveReach::ScalarsOnly), for long lists.
+std::optional<GVRSignal> readSignalFileScalars(const QString& path, QString* error = nullptr);
 // Serialises, reads the result back and compares, then writes atomically.
 bool writeSignalFile(const QString& path, const GVRSignal& signal, QString* error = nullptr);
