@@ -49,12 +49,7 @@ protected:
         QCoreApplication::processEvents(); // the charts paint their new arrays
     }
     // Answers the question an edited project asks before it is replaced.
-    void dontSave()
-    {
-        QMessageBox* box = window->fileCommands()->currentAlert();
-        ASSERT_NE(box, nullptr);
-        clickButton(box, "Don't Save");
-    }
+    void dontSave() { answer("Don't Save", {}, window->fileCommands()->currentAlert()); }
     void saveAs(const QString& name) { window->saveAsMenuItem(), answerSaveSheet(name); }
     void open(const QString& fileName) { window->openMenuItem(), answerOpenSheet(fileName); }
     GVRProject saved(int diagram, const QString& name) const
@@ -65,8 +60,8 @@ protected:
     bool designed() const
     {
         return window->theTimeArray().size() == 32784u && window->theFreqArray().size() == 16400u &&
-               countPixels(window->viewProjTime(), chartcolors::timeGraph()) > 50 &&
-               countPixels(window->viewProjFreq(), chartcolors::magSpectrum()) > 20;
+               countPixels(window->viewProjTime()->grab().toImage(), chartcolors::timeGraph()) > 50 &&
+               countPixels(window->viewProjFreq()->grab().toImage(), chartcolors::magSpectrum()) > 20;
     }
     // The two signals and the second sign chosen.
     void expectChoices(const QString& one, const QString& two, int sign2) const

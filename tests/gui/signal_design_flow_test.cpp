@@ -57,7 +57,7 @@ protected:
     bool designed() const { return !window->theTimeArray().empty() && !window->theFreqArray().empty(); }
     GVRSignal saved(const QString& name) const
     {
-        return DesignerTest::saved(&readSignalFile, library.signalPath(name));
+        return designer_test::saved(&readSignalFile, library.signalPath(name));
     }
 };
 
@@ -110,10 +110,7 @@ TEST_F(SignalDesignFlow, TitleFieldsChartsAndSavedFileAgree)
          titled("refused"), "VALID RANGE: fₐ > 0", true},
         {"New asks about the edits, then empties form, charts and note; the function stays", [&] {
              window->newMenuItem();
-             QMessageBox* box = topModal<QMessageBox>();
-             ASSERT_NE(box, nullptr);
-             EXPECT_EQ(box->text(), "Do you want to save the changes you made to \"refused\"?");
-             clickButton(box, "Don't Save"); },
+             answer("Don't Save", "Do you want to save the changes you made to \"refused\"?"); },
          kUntitled, "", false, [&] {
              EXPECT_EQ(fields(), QStringList(7, QString()));
              EXPECT_EQ(window->freqUnitsPopUp()->currentIndex(), Mega);
