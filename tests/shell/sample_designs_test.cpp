@@ -43,18 +43,10 @@ TEST(SampleDesigns, BuiltFolderHoldsAllThirteenReadableDesigns)
     for (const DesignLibrary::Sample& sample : DesignLibrary::kSamples) {
         const QString path = folder + u'/' + QString::fromLatin1(sample.fileName);
         QString error;
-        bool readable = false;
-        switch (sample.folder) {
-        case DesignLibrary::Folder::Filter:
-            readable = readFilterFile(path, &error).has_value();
-            break;
-        case DesignLibrary::Folder::Signal:
-            readable = readSignalFile(path, &error).has_value();
-            break;
-        default:
-            readable = readProjectFile(path, &error).has_value();
-            break;
-        }
+        const bool readable =
+            sample.folder == DesignLibrary::Folder::Filter   ? bool(readFilterFile(path, &error))
+            : sample.folder == DesignLibrary::Folder::Signal ? bool(readSignalFile(path, &error))
+                                                             : bool(readProjectFile(path, &error));
         EXPECT_TRUE(readable) << sample.fileName << ": " << error.toStdString();
     }
 }

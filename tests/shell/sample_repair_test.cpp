@@ -43,4 +43,3 @@ TEST(SampleSeeding, EmptyOrBrokenSampleFilesAreCopiedAgain)
         EXPECT_EQ(after.readAll(), c.replaced ? sample : c.existing);
     }
 }
-
