@@ -36,25 +36,20 @@ TEST(FailingWrites, TheOldFileStaysAndTheReasonIsGiven)
     QTemporaryDir dir;
     const QString library = dir.filePath(QStringLiteral("library"));
     const QString csv = dir.filePath(QStringLiteral("FA.csv"));
-    ASSERT_EQ(clitest::runCli(kFilterA + QStringList{"--save", "FA"}, library).exitCode, 0);
-    ASSERT_EQ(clitest::runCli({"project", "--filter", "FA", "--sig1", "Cos35Fs300", "--sig2", "Cos35Fs300",
-                               "--save", "PA"},
-                              library)
-                  .exitCode,
-              0);
-    ASSERT_EQ(clitest::runCli({"export", "FA", csv}, library).exitCode, 0);
-    const QString filter = library + QStringLiteral("/filter/FA.filt");
-    const QString project = library + QStringLiteral("/projectOne/PA.orvana");
-
+    for (const QStringList& args : {kFilterA + QStringList{"--save", "FA"},
+                                    QStringList{"project", "--filter", "FA", "--sig1", "Cos35Fs300", "--sig2",
+                                                "Cos35Fs300", "--save", "PA"},
+                                    QStringList{"export", "FA", csv}})
+        ASSERT_EQ(clitest::runCli(args, library).exitCode, 0) << args.join(' ').toStdString();
     const struct {
         const char* what;
         QStringList args;
         QString path;
     } cases[] = {
-        {"filter save", kFilterB + QStringList{"--save", "FA"}, filter},
+        {"filter save", kFilterB + QStringList{"--save", "FA"}, library + "/filter/FA.filt"},
         {"project save",
          {"project", "--filter", "FA", "--sig1", "Cos1MHz", "--sig2", "Cos1MHz", "--save", "PA"},
-         project},
+         library + "/projectOne/PA.orvana"},
         {"coefficient export", {"export", "FA", csv}, csv},
     };
     for (const auto& c : cases) {
