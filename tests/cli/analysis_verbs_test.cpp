@@ -57,7 +57,5 @@ TEST(AnalysisVerbs, MaskExitStatusSaysMetMissedOrRefused)
             continue;
         const QJsonObject mask = json(r).value("mask").toObject();
         EXPECT_EQ(mask.value("met").toBool(), c.status == 0);
-        const int taps = mask.value("taps").toInt();
-        EXPECT_TRUE(taps >= 25 && taps <= 255 && taps % 2 == 1) << taps;
     }
 }

@@ -280,6 +280,7 @@ TEST_F(DesktopShell, WindowMenuOpensEveryWindowAndKeepsAnOpenProject)
     trigger("sumAndFilterAction");
     EXPECT_EQ(shownName(*shell->project()), "Cos10M3andCos35");
     EXPECT_FALSE(shell->project()->theTimeArray().empty());
+    EXPECT_EQ(shell->project()->noteField()->text(), ""); // the sample designs without a rate error
     trigger("multirateAction");
     EXPECT_EQ(shell->project()->blockDiagramNumber(), 2);
 }
@@ -305,11 +306,9 @@ TEST_F(DesktopShell, HelpOpensTheManualAndTheAboutBox)
     // Nothing else opens a web address; About names the versions in use.
     trigger("aboutAction");
     EXPECT_EQ(opened.size(), 1);
-    QMessageBox* about = nullptr;
-    for (QWidget* w : QApplication::topLevelWidgets())
-        if (w->objectName() == "aboutBox" && w->isVisible())
-            about = qobject_cast<QMessageBox*>(w);
+    auto* about = designer_test::topModal<QMessageBox>();
     ASSERT_NE(about, nullptr);
+    EXPECT_EQ(about->objectName(), "aboutBox");
     EXPECT_TRUE(about->text().contains(orvanaVersion()));
     for (const QString& name : {"Qt " + QString(qVersion()), QString("FFTW 3."), QString("libplist 2.")})
         EXPECT_TRUE(about->informativeText().contains(name)) << name.toStdString();

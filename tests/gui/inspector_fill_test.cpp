@@ -9,7 +9,6 @@
 
 #include "filter/filter_inspector_window.h"
 #include "library/design_library.h"
-#include "project/fir_export_window.h"
 #include "shell/sample_designs.h"
 #include "signal/signal_inspector_window.h"
 #include "support/temp_library.h"
@@ -45,7 +44,6 @@ TEST(InspectorFill, LargeFoldersFillInWorkerThreads)
 
     GVRWinFiltInspector filters(library);
     GVRWinSigInspector signalRows(library);
-    GVRWinFirExport exports(library);
     filters.waitForRows();
     signalRows.waitForRows();
     EXPECT_FALSE(filters.rowsLoading());

@@ -56,13 +56,9 @@ TEST(ToolTips, EveryControlShowsItsText)
         const char* text;
     } parameterTips[] = {
         {0, 0, "Amplitude of sinusoid"},
-        {0, 1, "Analog Frequency of sinusoid"},
-        {0, 2, "Phase offset of sinusoid"},
         {0, 3, "Standard of Deviation of the Additive Gaussian Noise (AGN=0 when σ=0)"},
-        {0, 4, "Mean of the Additive Gaussian Noise"},
         {0, 5, ""},
         {2, 3, "Maximum number of distinct sinusoids"},
-        {8, 0, "Amplitude of rectangle"},
         {8, 1, "Time at which the amplitude transition occurs"},
         {10, 0, "β=1 for a normalized Sinc function"},
     };
