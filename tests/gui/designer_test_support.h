@@ -25,6 +25,7 @@
 #include <gtest/gtest.h>
 
 #include "library/design_library.h"
+#include "shell/sample_designs.h"
 #include "support/temp_library.h"
 #include "widgets/open_sheet.h"
 #include "widgets/save_sheet.h"
@@ -79,7 +80,6 @@ inline void choose(QComboBox* popUp, int index)
 
 inline void choose(QComboBox* popUp, const QString& item)
 {
-    ASSERT_GE(popUp->findText(item), 0) << "no item " << item.toStdString();
     choose(popUp, popUp->findText(item));
 }
 
@@ -167,6 +167,13 @@ template <class R> R saved(std::optional<R> (*read)(const QString&, QString*), c
     EXPECT_TRUE(record) << error.toStdString();
     return record.value_or(R{});
 }
+
+// A temporary design library holding the thirteen sample designs.
+struct SeededLibrary {
+    TempLibrary temp;
+    DesignLibrary library{temp.root()};
+    QList<LibraryProblem> problems = prepareLibrary(library);
+};
 
 // A designer window of type W over a fresh temporary library, shown.
 template <class W> class DesignerTest : public ::testing::Test {

@@ -21,7 +21,6 @@
 #include "filter/filter_inspector_window.h"
 #include "project/fir_export_window.h"
 #include "project/project_window.h"
-#include "seeded_library.h"
 #include "shell/menu_controller.h"
 #include "shell/orvana_shell.h"
 #include "shell/recent_files.h"
@@ -33,6 +32,7 @@
 #include "widgets/number_field.h"
 #include "widgets/window_parts.h"
 
+using designer_test::SeededLibrary;
 using designer_test::shownName;
 
 namespace {
@@ -79,17 +79,13 @@ protected:
     QStringList windowsWithOpenSheet()
     {
         QStringList found;
-        const std::pair<QString, DesignFileCommands*> designers[] = {
-            {"signal", shell->signalDesign()->fileCommands()},
-            {"filter", shell->filterDesign()->fileCommands()},
-            {"project", shell->project()->fileCommands()},
-        };
-        for (const auto& [name, commands] : designers) {
+        for (const auto& [name, commands] : {std::pair{"signal", shell->signalDesign()->fileCommands()},
+                                             {"filter", shell->filterDesign()->fileCommands()},
+                                             {"project", shell->project()->fileCommands()}})
             if (commands->openSheet() && commands->openSheet()->isVisible()) {
                 found << name;
                 commands->openSheetCancel();
             }
-        }
         return found;
     }
 
@@ -245,19 +241,6 @@ TEST_F(DesktopShell, FileCommandsGoToTheActiveDesignerOnly)
         QTest::keyClick(c.front, Qt::Key_O, Qt::ControlModifier); // the key, as the menu
         EXPECT_EQ(windowsWithOpenSheet(), c.sheets);
     }
-}
-
-TEST_F(DesktopShell, NewOnTheProjectWindowClearsOnlyIt)
-{
-    shell->project()->showGVRWinProjectTwo();
-    shell->project()->multirateLStepper()->setValue(5);
-    shell->project()->fileCommands()->setModified(false);
-    shell->filterDesign()->showGVRWinFilterDesign();
-    shell->filterDesign()->thetaCutoffField()->setText("0.2");
-    activate(shell->project());
-    trigger("newAction");
-    EXPECT_EQ(shell->project()->multirateLStepper()->value(), 1);
-    EXPECT_EQ(shell->filterDesign()->thetaCutoffField()->text(), "0.2");
 }
 
 TEST_F(DesktopShell, WindowMenuOpensEveryWindowAndKeepsAnOpenProject)

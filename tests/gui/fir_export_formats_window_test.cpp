@@ -14,11 +14,11 @@
 
 #include "project/fir_export_table_model.h"
 #include "project/fir_export_window.h"
-#include "seeded_library.h"
+#include "gui/designer_test_support.h"
 
 TEST(FirExportFormatsWindow, FormatPopUpChoosesTheFileAndItsExtension)
 {
-    SeededLibrary seeded;
+    designer_test::SeededLibrary seeded;
     QTemporaryDir out;
     GVRWinFirExport window(seeded.library);
     window.setSaveDialogFolder(out.path());

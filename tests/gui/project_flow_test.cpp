@@ -15,7 +15,6 @@
 #include "charts/view_proj_time.h"
 #include "designer_test_support.h"
 #include "project/project_window.h"
-#include "seeded_library.h"
 #include "widgets/design_file_commands.h"
 
 using namespace designer_test;

@@ -9,13 +9,12 @@
 #include "designer_test_support.h"
 #include "filter/filter_design_window.h"
 #include "project/project_window.h"
-#include "seeded_library.h"
 #include "signal/signal_design_window.h"
 #include "widgets/number_field.h"
 
 TEST(ToolTips, EveryControlShowsItsText)
 {
-    SeededLibrary seeded;
+    designer_test::SeededLibrary seeded;
     GVRWinFilterDesign f(seeded.library);
     GVRWinSignalDesign s(seeded.library);
     GVRWinProject p(seeded.library);
