@@ -43,11 +43,9 @@ TEST(ChartMouse, WheelAndRubberBandZoomThenSaveSvg)
     QApplication::sendEvent(&view, &wheel);
     EXPECT_NEAR(view.chartZoom().u0, 0.05, 1e-12);
     EXPECT_NEAR(view.chartZoom().u1, 0.85, 1e-12);
-    EXPECT_TRUE(view.chartZoom().v0 == 0.0 && view.chartZoom().v1 == 1.0);
 
-    // A rectangle from (100, 100) to (500, 300): x 0.1…0.5, y (from below) 0.25…0.75 of the view.
+    // From (100, 100) to (500, 300): x 0.1…0.5 of the zoomed view, y (from below) 0.25…0.75.
     QTest::mousePress(&view, Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
-    QTest::mouseMove(&view, QPoint(300, 200));
     QTest::mouseMove(&view, QPoint(500, 300));
     QTest::mouseRelease(&view, Qt::LeftButton, Qt::NoModifier, QPoint(500, 300));
     const ChartZoom z = view.chartZoom();
@@ -55,8 +53,7 @@ TEST(ChartMouse, WheelAndRubberBandZoomThenSaveSvg)
     EXPECT_NEAR(z.u1, 0.05 + 0.8 * 0.5, 1e-9);
     EXPECT_NEAR(z.v0, 0.25, 1e-9);
     EXPECT_NEAR(z.v1, 0.75, 1e-9);
-    // The pointer's read-out follows the data under it.
-    EXPECT_FALSE(view.readoutText().isEmpty());
+    EXPECT_FALSE(view.readoutText().isEmpty()); // the pointer's read-out follows it
 
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("zoomed.svg"));
@@ -71,8 +68,7 @@ TEST(ChartMouse, WheelAndRubberBandZoomThenSaveSvg)
     QXmlStreamReader xml(&file);
     int paths = 0;
     while (!xml.atEnd())
-        if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == QLatin1String("path"))
-            ++paths;
+        paths += xml.readNext() == QXmlStreamReader::StartElement && xml.name() == QLatin1String("path");
     EXPECT_FALSE(xml.hasError());
     EXPECT_GE(paths, 2); // the curve and the grid
 

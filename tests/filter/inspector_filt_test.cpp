@@ -1,124 +1,99 @@
 // Filter inspector rows from saved designs: cell texts, unit scaling, the
 // high-pass complement, empty cells, and files that cannot be read.
-#include <gtest/gtest.h>
-
 #include <QDir>
 
 #include "archive/atomic_write.h"
 #include "archive/filter_record.h"
-#include "filter/filter_designer_model.h"
-#include "filter/filter_keys.h"
 #include "filter/inspector_filt_model.h"
-#include "library/design_library.h"
-#include "support/temp_library.h"
+#include "recording_filter_view.h"
 
 namespace {
 
-class FiltInspector : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(library.ensureFolders().isEmpty());
-    }
-    // Designs and saves; returns the design's row.
-    GVRInspectFilt saved(const QString& name, int units, int type, double fs, double cutoff, double center,
-                         int window = 2, double beta = 0.0, int width = 5, int length = 51)
-    {
-        model.designFilterWithParameters({{KEYFP_UNITS, units},
-                                          {KEYFP_FILTER_TYPE, type},
-                                          {KEYFP_SAMPLING_FREQ, fs},
-                                          {KEYFP_CUTOFF_FREQ, cutoff},
-                                          {KEYFP_CENTER_FREQ, center},
-                                          {KEYFP_FILTER_LENGTH, length},
-                                          {KEYFP_FILTER_WIDTH, width},
-                                          {KEYFP_WINDOW_TYPE, window},
-                                          {KEYFP_BETA_UPSILON, beta}});
-        EXPECT_TRUE(model.saveFilterDesignWithFileName(name)) << model.lastFileError().toStdString();
-        for (const GVRInspectFilt& row : GVRInspectorFiltModel(library).getFiltInspectorArray())
-            if (row.filename == name)
-                return row;
-        ADD_FAILURE() << "no row for " << name.toStdString();
-        return {};
-    }
-    static QString f5(double v) { return QString::asprintf("%1.5f", v); }
+using FiltInspector = FilterFixture;
 
-    TempLibrary temp;
-    DesignLibrary library{temp.root()};
-    GVRFilterDesignerModel model{library};
-};
+QString f5(double v)
+{
+    return QString::asprintf("%1.5f", v);
+}
+
+GVRInspectFilt nameOnly(const QString& name)
+{
+    GVRInspectFilt row;
+    row.filename = name;
+    return row;
+}
 
 } // namespace
 
-TEST_F(FiltInspector, NormLowPassLeavesRateCentreAndUpperPointEmpty)
+// Rate, centre and upper 3 dB point stay empty where the design has none; the
+// high pass shows its cutoff as typed; MHz values are normalised × fs/2.
+TEST_F(FiltInspector, RowsOfSavedDesigns)
 {
-    const GVRInspectFilt row = saved(QStringLiteral("lowNorm"), 0, 0, 0.0, 0.2, 0.0);
-    EXPECT_EQ(row.filename, QStringLiteral("lowNorm"));
-    EXPECT_EQ(row.filter, QStringLiteral("Low Pass"));
-    EXPECT_EQ(row.fs, QString());
-    EXPECT_EQ(row.window, QStringLiteral("Hamming"));
-    EXPECT_EQ(row.parm, QString());
-    EXPECT_EQ(row.width, QStringLiteral("16-bit"));
-    EXPECT_EQ(row.length, QStringLiteral("51"));
-    EXPECT_EQ(row.fcutoff, QStringLiteral("0.20000"));
-    EXPECT_EQ(row.fcenter, QString());
-    EXPECT_EQ(row.db3high, QString());
-    EXPECT_EQ(row.db3low, f5(model.gimeldbLow()));
-    EXPECT_EQ(row.db3band, f5(model.gimeldbBandwidth()));
-    EXPECT_EQ(row.ripple, f5(model.passbandRipple()));
-    EXPECT_EQ(row.units, QStringLiteral("Norm"));
-}
-
-TEST_F(FiltInspector, HighPassShowsTheCutoffAsTyped)
-{
-    const GVRInspectFilt row = saved(QStringLiteral("high"), 0, 2, 0.0, 0.3, 0.0, 9, 5.0);
-    EXPECT_EQ(row.filter, QStringLiteral("High Pass"));
-    EXPECT_EQ(row.fcutoff, QStringLiteral("0.30000"));
-    EXPECT_EQ(row.window, QStringLiteral("Kaiser"));
-    EXPECT_EQ(row.parm, QStringLiteral("5.00000"));
-}
-
-TEST_F(FiltInspector, MegahertzBandPassScalesByHalfTheRate)
-{
-    const GVRInspectFilt row = saved(QStringLiteral("band"), 2, 1, 10.0, 0.5, 2.5, 10, 3.5, 9, 61);
-    EXPECT_EQ(row.filter, QStringLiteral("Band Pass"));
-    EXPECT_EQ(row.fs, QStringLiteral("10.00000"));
-    EXPECT_EQ(row.fcenter, QStringLiteral("2.50000"));
-    EXPECT_EQ(row.fcutoff, QStringLiteral("0.50000"));
-    EXPECT_EQ(row.db3low, f5(model.gimeldbLow() * 5.0));
-    EXPECT_EQ(row.db3high, f5(model.gimeldbHigh() * 5.0));
-    EXPECT_EQ(row.db3band, f5(model.gimeldbBandwidth() * 5.0));
-    // The band sits around 2.5 MHz.
-    EXPECT_LT(row.db3low.toDouble(), 2.5);
-    EXPECT_GT(row.db3high.toDouble(), 2.5);
-    EXPECT_EQ(row.window, QStringLiteral("Chebyshev"));
-    EXPECT_EQ(row.parm, QStringLiteral("3.50000"));
-    EXPECT_EQ(row.width, QStringLiteral("12-bit"));
-    EXPECT_EQ(row.units, QStringLiteral("MHz"));
-    EXPECT_EQ(row.length, QStringLiteral("61"));
-}
-
-TEST_F(FiltInspector, UnreadableFileShowsOnlyItsName)
-{
-    saved(QStringLiteral("good"), 0, 0, 0.0, 0.2, 0.0);
-    ASSERT_TRUE(
-        writeFileAtomically(library.filterPath(QStringLiteral("broken")), QByteArray("bplist00 junk")));
-    const QList<GVRInspectFilt> rows = GVRInspectorFiltModel(library).getFiltInspectorArray();
-    ASSERT_EQ(rows.size(), 2);
-    // Rows follow the folder listing.
-    const QStringList names = library.designNames(DesignLibrary::Folder::Filter);
-    EXPECT_EQ(rows[0].filename, names[0]);
-    EXPECT_EQ(rows[1].filename, names[1]);
-    for (const GVRInspectFilt& row : rows) {
-        if (row.filename != QLatin1String("broken"))
-            continue;
-        GVRInspectFilt nameOnly;
-        nameOnly.filename = QStringLiteral("broken");
-        EXPECT_EQ(row, nameOnly);
+    const QStringList typed{"filter", "fs",      "window",  "parm", "width",
+                            "length", "fcutoff", "fcenter", "units"};
+    const struct {
+        const char* name;
+        FilterParams p;
+        double scale;     // of the 3 dB cells
+        const char* want; // the `typed` cells, split at '|'
+    } cases[] = {
+        {"lowNorm",
+         {.cutoff = 0.2, .width = 5, .window = 2},
+         1.0,
+         "Low Pass||Hamming||16-bit|51|0.20000||Norm"},
+        {"high",
+         {.type = 2, .cutoff = 0.3, .width = 5, .window = 9, .beta = 5.0},
+         1.0,
+         "High Pass||Kaiser|5.00000|16-bit|51|0.30000||Norm"},
+        {"band",
+         {.units = 2,
+          .type = 1,
+          .fs = 10,
+          .cutoff = 0.5,
+          .center = 2.5,
+          .length = 61,
+          .width = 9,
+          .window = 10,
+          .beta = 3.5},
+         5.0,
+         "Band Pass|10.00000|Chebyshev|3.50000|12-bit|61|0.50000|2.50000|MHz"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        design(c.p);
+        ASSERT_TRUE(model.saveFilterDesignWithFileName(QLatin1String(c.name)));
+        QMap<QString, QString> want;
+        for (int i = 0; i < typed.size(); ++i)
+            want.insert(typed[i], QString::fromUtf8(c.want).split('|').at(i));
+        want.insert("filename", QLatin1String(c.name));
+        want.insert("db3low", f5(model.gimeldbLow() * c.scale));
+        want.insert("db3band", f5(model.gimeldbBandwidth() * c.scale));
+        want.insert("db3high", c.p.type == 1 ? f5(model.gimeldbHigh() * c.scale) : QString());
+        want.insert("ripple", f5(model.passbandRipple()));
+        GVRInspectFilt got;
+        for (const GVRInspectFilt& row : GVRInspectorFiltModel(library).getFiltInspectorArray())
+            got = row.filename == QLatin1String(c.name) ? row : got;
+        for (const QString& key : GVRInspectFilt::keys())
+            EXPECT_EQ(got.value(key), want.value(key)) << key.toStdString();
     }
+    // The band sits around 2.5 MHz.
+    EXPECT_LT(f5(model.gimeldbLow() * 5.0).toDouble(), 2.5);
+    EXPECT_GT(f5(model.gimeldbHigh() * 5.0).toDouble(), 2.5);
 }
 
-TEST_F(FiltInspector, MissingFolderGivesNoRows)
+TEST_F(FiltInspector, UnreadableFileShowsOnlyItsNameAndAMissingFolderNothing)
 {
+    design({.cutoff = 0.2});
+    ASSERT_TRUE(model.saveFilterDesignWithFileName(QStringLiteral("good")));
+    ASSERT_TRUE(writeFileAtomically(library.filterPath(QStringLiteral("broken")), "bplist00 junk"));
+    const QList<GVRInspectFilt> rows = GVRInspectorFiltModel(library).getFiltInspectorArray();
+    // Rows follow the folder listing.
+    ASSERT_EQ(library.designNames(DesignLibrary::Folder::Filter), (QStringList{"broken", "good"}));
+    ASSERT_EQ(rows.size(), 2);
+    EXPECT_EQ(rows[0], nameOnly("broken"));
+    EXPECT_EQ(rows[1].filename, QStringLiteral("good"));
+    EXPECT_EQ(rows[1].filter, QStringLiteral("Low Pass"));
+
     ASSERT_TRUE(QDir(library.filterFolder()).removeRecursively());
     EXPECT_TRUE(GVRInspectorFiltModel(library).getFiltInspectorArray().isEmpty());
 }
@@ -131,11 +106,5 @@ TEST(InspectFilt, HostileRecordValuesGiveEmptyCells)
     r.filterWidth = 99;
     r.unitsType = 5;
     r.dfFilterLengthN = 1e300;
-    const GVRInspectFilt row = GVRInspectorFiltModel::rowForRecord(QStringLiteral("odd"), r);
-    EXPECT_EQ(row.filter, QString());
-    EXPECT_EQ(row.window, QString());
-    EXPECT_EQ(row.width, QString());
-    EXPECT_EQ(row.units, QString());
-    EXPECT_EQ(row.length, QString());
-    EXPECT_EQ(row.fcutoff, QString());
+    EXPECT_EQ(GVRInspectorFiltModel::rowForRecord(QStringLiteral("odd"), r), nameOnly("odd"));
 }

@@ -2,17 +2,12 @@
 // sum of their coefficients (not our FFT), stay within 0.01 dB of 0 dB in
 // the pass band and under -70 dB in the stop band; the response the model
 // plots is that same measurement.
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <complex>
 #include <numbers>
 #include <vector>
 
-#include "filter/filter_designer_model.h"
-#include "filter/filter_keys.h"
-#include "library/design_library.h"
-#include "support/temp_library.h"
+#include "recording_filter_view.h"
 
 namespace {
 
@@ -22,8 +17,7 @@ struct Band {
 
 struct Mask {
     const char* name;
-    int type, width;
-    double cutoff, center;
+    FilterParams p;
     std::vector<Band> pass, stop;
 };
 
@@ -47,29 +41,23 @@ bool inside(const std::vector<Band>& bands, double theta)
 
 } // namespace
 
-TEST(SpectralMask, EachFilterTypeStaysInsideItsMask)
+using SpectralMask = FilterFixture;
+
+TEST_F(SpectralMask, EachFilterTypeStaysInsideItsMask)
 {
     // 101-tap Blackman designs (side lobes near -75 dB); width 0 is double, 5 is 16-bit.
     const Mask masks[] = {
-        {"low pass", 0, 0, 0.3, 0.0, {{0.0, 0.2}}, {{0.4, 1.0}}},
-        {"low pass, 16-bit", 0, 5, 0.3, 0.0, {{0.0, 0.2}}, {{0.4, 1.0}}},
-        {"band pass", 1, 0, 0.1, 0.5, {{0.47, 0.53}}, {{0.0, 0.3}, {0.7, 1.0}}},
-        {"high pass", 2, 0, 0.3, 0.0, {{0.4, 1.0}}, {{0.0, 0.2}}},
+        {"low pass", {.cutoff = 0.3}, {{0.0, 0.2}}, {{0.4, 1.0}}},
+        {"low pass, 16-bit", {.cutoff = 0.3, .width = 5}, {{0.0, 0.2}}, {{0.4, 1.0}}},
+        {"band pass", {.type = 1, .cutoff = 0.1, .center = 0.5}, {{0.47, 0.53}}, {{0.0, 0.3}, {0.7, 1.0}}},
+        {"high pass", {.type = 2, .cutoff = 0.3}, {{0.4, 1.0}}, {{0.0, 0.2}}},
     };
     for (const Mask& m : masks) {
         SCOPED_TRACE(m.name);
-        TempLibrary temp;
-        DesignLibrary library(temp.root());
-        GVRFilterDesignerModel model(library);
-        model.designFilterWithParameters({{KEYFP_UNITS, 0},
-                                          {KEYFP_FILTER_TYPE, m.type},
-                                          {KEYFP_SAMPLING_FREQ, 0.0},
-                                          {KEYFP_CUTOFF_FREQ, m.cutoff},
-                                          {KEYFP_CENTER_FREQ, m.center},
-                                          {KEYFP_FILTER_LENGTH, 101},
-                                          {KEYFP_FILTER_WIDTH, m.width},
-                                          {KEYFP_WINDOW_TYPE, 1},
-                                          {KEYFP_BETA_UPSILON, 0.0}});
+        FilterParams p = m.p;
+        p.length = 101;
+        p.window = 1;
+        design(p);
         ASSERT_TRUE(model.validResultsFlag());
         const std::vector<double>& c = model.filterPrecisionCoefficients();
         const std::vector<double>& plotted = model.dBmagAndPhaseArray();

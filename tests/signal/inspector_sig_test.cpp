@@ -49,7 +49,6 @@ TEST(SigInspector, KilohertzMillivoltDesignShowsVoltsAndMegahertz)
     GVRSignalDesignerModel model(library);
     model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
         1, 1, 300000.0, 0.0, {500.0, 35000.0, 0.25, 0.0, 0.0, 20.0}));
-    ASSERT_TRUE(model.validResultsFlag());
     ASSERT_TRUE(model.saveSignalDesignWithFileName(QStringLiteral("cos")));
 
     const QList<GVRInspectSig> rows = GVRInspectorSigModel(library).getSigInspectorArray();
@@ -57,13 +56,10 @@ TEST(SigInspector, KilohertzMillivoltDesignShowsVoltsAndMegahertz)
     const GVRInspectSig& row = rows[0];
     EXPECT_EQ(row.filename, QStringLiteral("cos"));
     EXPECT_EQ(row.function, QStringLiteral("Acos(fₐ,Φ)+AGN(σ,μ)"));
-    EXPECT_EQ(row.fs.toDouble(), 300.0);
-    EXPECT_DOUBLE_EQ(row.a1.toDouble(), 0.5);
-    EXPECT_DOUBLE_EQ(row.fa1.toDouble(), 35.0);
-    EXPECT_EQ(row.phi.toDouble(), 0.25);
-    EXPECT_EQ(row.sigma.toDouble(), 0.0);
-    EXPECT_DOUBLE_EQ(row.mu.toDouble(), 0.0);
     EXPECT_EQ(filled(row), (QStringList{"filename", "function", "fs", "a1", "fa1", "phi", "sigma", "mu"}));
+    const std::vector<double> cells{row.fs.toDouble(),  row.a1.toDouble(),    row.fa1.toDouble(),
+                                    row.phi.toDouble(), row.sigma.toDouble(), row.mu.toDouble()};
+    EXPECT_EQ(cells, (std::vector<double>{300.0, 0.5, 35.0, 0.25, 0.0, 0.0}));
 }
 
 TEST(SigInspector, EachFunctionFillsItsOwnCells)
@@ -89,23 +85,16 @@ TEST(SigInspector, EachFunctionFillsItsOwnCells)
         EXPECT_EQ(filled(row), c.cells) << c.step;
         EXPECT_EQ(row.function, GVRInspectorSigModel::abbrFuncStrings().at(static_cast<int>(c.step)));
     }
-    // Rectangle: A in volts, τ and σ as stored, μ in volts.
-    const GVRInspectSig rect =
-        GVRInspectorSigModel::rowForRecord(QStringLiteral("r"), record(8, 1, 1, 100.0, p));
-    EXPECT_EQ(rect.a1.toDouble(), 1.0);
-    EXPECT_EQ(rect.tau.toDouble(), 2000.0);
-    EXPECT_EQ(rect.sigma.toDouble(), 3000.0);
-    EXPECT_EQ(rect.mu.toDouble(), 4.0);
-    // Mixer in MHz and volts: nothing divided.
-    const GVRInspectSig mixer =
-        GVRInspectorSigModel::rowForRecord(QStringLiteral("m"), record(7, 0, 0, 100.0, p));
-    EXPECT_EQ(mixer.fa2.toDouble(), 4000.0);
-    EXPECT_EQ(mixer.mu.toDouble(), 6000.0);
-    // Noise: μ in volts, σ as stored.
-    const GVRInspectSig noise =
-        GVRInspectorSigModel::rowForRecord(QStringLiteral("n"), record(6, 1, 1, 100.0, p));
-    EXPECT_EQ(noise.sigma.toDouble(), 1000.0);
-    EXPECT_EQ(noise.mu.toDouble(), 2.0);
+    // Rectangle: A and μ in volts, τ and σ as stored; a mixer in MHz and volts:
+    // nothing divided; noise: μ in volts, σ as stored.
+    const auto row = [&](double step, int units) {
+        return GVRInspectorSigModel::rowForRecord(QStringLiteral("x"), record(step, units, units, 100.0, p));
+    };
+    const GVRInspectSig rect = row(8, 1), mixer = row(7, 0), noise = row(6, 1);
+    EXPECT_EQ((std::vector<double>{rect.a1.toDouble(), rect.tau.toDouble(), rect.sigma.toDouble(),
+                                   rect.mu.toDouble(), mixer.fa2.toDouble(), mixer.mu.toDouble(),
+                                   noise.sigma.toDouble(), noise.mu.toDouble()}),
+              (std::vector<double>{1.0, 2000.0, 3000.0, 4.0, 4000.0, 6000.0, 1000.0, 2.0}));
 }
 
 TEST(SigInspector, UnreadableFilesNeverShowAnotherFilesValues)

@@ -1,47 +1,17 @@
 // Signal designs saved and opened through GVRSignalDesignerModel: the stored
 // record, the ten restored values, refusals and the save announcement.
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QFile>
 #include <QSignalSpy>
 
 #include "archive/atomic_write.h"
 #include "archive/signal_archive.h"
-#include "library/design_library.h"
-#include "library/note_format.h"
-#include "signal/signal_design_view.h"
-#include "signal/signal_designer_model.h"
-#include "signal/signal_keys.h"
-#include "support/temp_library.h"
+#include "recording_signal_view.h"
 
 namespace {
 
-class RestoringView : public SignalDesignView {
-public:
-    void displayNoteField(const QString& text, double value, bool withValue) override
-    {
-        note = formatNote(text, value, withValue);
-    }
-    void plotTimeWithArray(const std::vector<double>&) override {}
-    void plotFreqWithArray(const std::vector<double>&) override {}
-    void restoreSignalParameters(const QVariantMap& p) override
-    {
-        restored = p;
-        ++restores;
-    }
-    QString note;
-    QVariantMap restored;
-    int restores = 0;
-};
-
-class SignalDesignFile : public ::testing::Test {
+class SignalDesignFile : public SignalFixture {
 protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(library.ensureFolders().isEmpty());
-        model.setWinSignalDesign(&view);
-    }
     GVRSignal stored(const QString& name)
     {
         QString error;
@@ -52,15 +22,9 @@ protected:
     // Noisy two-cosine design in KHz and mV: A₁ 500 mV at 35 KHz, A₂ 250 mV at 10 KHz, σ 0.1.
     void designNoisy()
     {
-        model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
-            1, 1, 300.0, 1.0, {500.0, 35.0, 250.0, 10.0, 0.1, 0.0}));
+        design(1, 300.0, {500.0, 35.0, 250.0, 10.0, 0.1, 0.0}, 1, 1);
         ASSERT_TRUE(model.validResultsFlag()) << view.note.toStdString();
     }
-
-    TempLibrary temp;
-    DesignLibrary library{temp.root()};
-    RestoringView view;
-    GVRSignalDesignerModel model{library};
 };
 
 } // namespace
@@ -74,18 +38,12 @@ TEST_F(SignalDesignFile, TwoSavesOfOneDesignHoldTheSameRecord)
     EXPECT_EQ(spy.count(), 2);
 
     const GVRSignal a = stored(QStringLiteral("A"));
-    const GVRSignal b = stored(QStringLiteral("B"));
-    EXPECT_EQ(a, b);
-    ASSERT_EQ(a.sampledSignalArray->size(), 16384u);
+    EXPECT_EQ(a, stored(QStringLiteral("B")));
     // The samples without the chart header, noise included.
     const auto& t = model.timeDomainArray();
-    EXPECT_TRUE(std::equal(a.sampledSignalArray->begin(), a.sampledSignalArray->end(), t.begin() + 8));
-    EXPECT_EQ(a.samplingFreq, 300.0);
-    EXPECT_EQ(a.yStepIndex, 1.0);
-    EXPECT_EQ(a.freqUnits, 1);
-    EXPECT_EQ(a.voltUnits, 1);
-    EXPECT_EQ(a.parm1, 500.0);
-    EXPECT_EQ(a.parm5, 0.1);
+    EXPECT_EQ(*a.sampledSignalArray, std::vector<double>(t.begin() + 8, t.end()));
+    EXPECT_TRUE(a.samplingFreq == 300.0 && a.yStepIndex == 1.0 && a.freqUnits == 1 && a.voltUnits == 1);
+    EXPECT_TRUE(a.parm1 == 500.0 && a.parm5 == 0.1);
     EXPECT_EQ(a.maxAmplitude, model.max_amplitude());
     EXPECT_EQ(a.minAmplitude, model.min_amplitude());
     EXPECT_EQ(a.maxFreq, model.max_freq());
@@ -94,26 +52,19 @@ TEST_F(SignalDesignFile, TwoSavesOfOneDesignHoldTheSameRecord)
 TEST_F(SignalDesignFile, OpenRestoresTheTenValuesBitForBit)
 {
     const std::array<double, 6> parms{0.1 + 0.2, 1.0 / 3.0, 0.7, 3.0, 0.0, 0.0};
-    model.designSignalWithParameters(
-        GVRSignalDesignerModel::parameterDictionary(0, 0, 20.0 / 3.0, 2.0, parms));
+    design(2, 20.0 / 3.0, parms);
     ASSERT_TRUE(model.validResultsFlag()) << view.note.toStdString();
     ASSERT_TRUE(model.saveSignalDesignWithFileName(QStringLiteral("sum")));
 
     GVRSignalDesignerModel other(library);
-    RestoringView otherView;
+    RecordingSignalView otherView;
     other.setWinSignalDesign(&otherView);
     ASSERT_TRUE(other.openSignalDesignWithFileName(QStringLiteral("sum")))
         << other.lastFileError().toStdString();
     ASSERT_EQ(otherView.restores, 1);
     const QVariantMap& r = otherView.restored;
-    EXPECT_EQ(r.size(), 10);
-    EXPECT_EQ(r.value(KEYSP_FREQ_SAMP).toDouble(), 20.0 / 3.0);
-    EXPECT_EQ(r.value(KEYSP_Y_STEP).toInt(), 2);
+    EXPECT_EQ(r, GVRSignalDesignerModel::parameterDictionary(0, 0, 20.0 / 3.0, 2.0, parms));
     EXPECT_EQ(r.value(KEYSP_Y_STEP).typeId(), QMetaType::Double);
-    EXPECT_EQ(r.value(KEYSP_FREQ_UNITS).toInt(), 0);
-    EXPECT_EQ(r.value(KEYSP_VOLT_UNITS).toInt(), 0);
-    for (std::size_t i = 0; i < 6; ++i)
-        EXPECT_EQ(r.value(KEYSP_PARMS[i]).toDouble(), parms[i]) << i;
     EXPECT_EQ(other.signalRestorationDictionary(), r);
 
     // Designing from the restored dictionary gives the same signal (no noise).
@@ -131,8 +82,7 @@ TEST_F(SignalDesignFile, RefusalsWriteAndAnnounceNothing)
     EXPECT_FALSE(model.saveSignalDesignWithFileName(QStringLiteral("a/b")));
     EXPECT_TRUE(library.files(DesignLibrary::Folder::Signal).isEmpty());
 
-    // The signal folder missing (a plain file in its place): the write fails with a reason.
-    QFile::remove(library.signalFolder());
+    // A plain file in place of the signal folder: the write fails with a reason.
     QDir(library.signalFolder()).removeRecursively();
     QFile plain(library.signalFolder());
     ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
@@ -147,10 +97,8 @@ TEST_F(SignalDesignFile, OpenTakesTheLastRecordAndRefusesIncompleteOnes)
     GVRSignal first;
     first.samplingFreq = 20.0;
     first.yStepIndex = 0.0;
-    first.freqUnits = 0;
-    first.voltUnits = 0;
-    first.parm1 = 1.0;
-    first.parm2 = 1.0;
+    first.freqUnits = first.voltUnits = 0;
+    first.parm1 = first.parm2 = 1.0;
     first.parm3 = first.parm4 = first.parm5 = first.parm6 = 0.0;
     GVRSignal last = first;
     last.yStepIndex = 3.0;
@@ -166,10 +114,10 @@ TEST_F(SignalDesignFile, OpenTakesTheLastRecordAndRefusesIncompleteOnes)
     ASSERT_TRUE(
         writeFileAtomically(library.signalPath(QStringLiteral("partial")), encodeSignalArchive(partial)));
     view.restores = 0;
-    EXPECT_FALSE(model.openSignalDesignWithFileName(QStringLiteral("partial")));
-    EXPECT_FALSE(model.lastFileError().isEmpty());
-    EXPECT_FALSE(model.openSignalDesignWithFileName(QStringLiteral("missing")));
-    EXPECT_FALSE(model.openSignalDesignWithFileName(QString()));
+    for (const char* name : {"partial", "missing", ""}) {
+        EXPECT_FALSE(model.openSignalDesignWithFileName(QLatin1String(name))) << name;
+        EXPECT_FALSE(model.lastFileError().isEmpty()) << name;
+    }
     EXPECT_EQ(view.restores, 0);
     EXPECT_EQ(model.signalRestorationDictionary().value(KEYSP_Y_STEP).toDouble(), 3.0);
 }
