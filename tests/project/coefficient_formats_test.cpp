@@ -141,23 +141,20 @@ TEST(CoefficientFormats, GoldenFilesOfAnAntisymmetricBandPass)
 TEST(CoefficientFormats, CHeadersCompileWithGcc)
 {
     for (const CoefficientFormat format : {CoefficientFormat::C, CoefficientFormat::Cmsis})
-        checkFormat(
-            format, "gcc", [&](const QString& dir, const QString& id, const Case&, const QString& text) {
-                write(dir + "/taps.h", text);
-                // Two typedefs stand in for CMSIS-DSP's header.
-                write(dir + "/arm_math.h",
-                      "#include <stdint.h>\ntypedef int16_t q15_t;\ntypedef int32_t q31_t;\n");
-                const QString t = id + (format == CoefficientFormat::Cmsis ? "_coeffs" : "_taps");
-                write(dir + "/main.c",
-                      "#include <stdio.h>\n#include \"taps.h\"\nint main(void) {\n  for (unsigned i = 0; "
-                      "i < sizeof " +
-                          t + " / sizeof " + t +
-                          "[0]; ++i)\n    printf(\"%.17g\\n\", "
-                          "(double)" +
-                          t + "[i]);\n  return 0;\n}\n");
-                run(dir, "gcc", {"-std=c99", "-Wall", "-Wextra", "-Werror", "-o", "main", "main.c"});
-                return numbers(run(dir, dir + "/main", {}));
-            });
+        checkFormat(format, "gcc",
+                    [&](const QString& dir, const QString& id, const Case&, const QString& text) {
+                        write(dir + "/taps.h", text);
+                        // Two typedefs stand in for CMSIS-DSP's header.
+                        write(dir + "/arm_math.h",
+                              "#include <stdint.h>\ntypedef int16_t q15_t;\ntypedef int32_t q31_t;\n");
+                        write(dir + "/main.c",
+                              QString("#include <stdio.h>\n#include \"taps.h\"\nint main(void) {\n"
+                                      "  for (unsigned i = 0; i < sizeof %1 / sizeof %1[0]; ++i)\n"
+                                      "    printf(\"%.17g\\n\", (double)%1[i]);\n  return 0;\n}\n")
+                                  .arg(id + (format == CoefficientFormat::Cmsis ? "_coeffs" : "_taps")));
+                        run(dir, "gcc", {"-std=c99", "-Wall", "-Wextra", "-Werror", "-o", "main", "main.c"});
+                        return numbers(run(dir, dir + "/main", {}));
+                    });
 }
 
 TEST(CoefficientFormats, VerilogRomReadByIverilog)

@@ -7,10 +7,10 @@
 
 #include "archive/atomic_write.h"
 #include "archive/project_archive.h"
+#include "library/design_library.h"
 #include "project/project_keys.h"
 #include "project/project_model.h"
 #include "project/project_view.h"
-#include "library/design_library.h"
 #include "shell/sample_designs.h"
 #include "support/temp_library.h"
 
@@ -18,7 +18,7 @@ namespace {
 
 class RestoringView : public ProjectView {
 public:
-    void displayNoteField(const QString& text, double, bool) override { note = text; }
+    void displayNoteField(const QString&, double, bool) override {}
     void plotTimeWithArray(const std::vector<double>&) override {}
     void plotFreqWithArray(const std::vector<double>&) override {}
     void restoreProjectParameters(const QVariantMap& p) override
@@ -26,7 +26,6 @@ public:
         restored = p;
         ++restores;
     }
-    QString note;
     QVariantMap restored;
     int restores = 0;
 };
@@ -39,48 +38,52 @@ protected:
         samples_ = new QTemporaryDir;
         ASSERT_TRUE(makeSampleDesigns(samples_->path()).isEmpty());
     }
-    static void TearDownTestSuite()
-    {
-        delete samples_;
-        samples_ = nullptr;
-    }
+    static void TearDownTestSuite() { delete std::exchange(samples_, nullptr); }
     void SetUp() override
     {
         ASSERT_TRUE(prepareLibrary(library, samples_->path()).isEmpty());
         model.setWinProject(&view);
     }
-    QVariantMap multirate(const QString& filter, int automatic) const
+    static QVariantMap multirate(int automatic)
     {
-        return GVRProjectModel::parameterDictionary(2, filter, QStringLiteral("Cos35Fs300"),
-                                                    QStringLiteral("Cos10M3Fs300"), 0, 1, 3, 2, automatic);
+        return GVRProjectModel::parameterDictionary(2, "lpNormfcp333", "Cos35Fs300", "Cos10M3Fs300", 0, 1, 3,
+                                                    2, automatic);
+    }
+    // A Sum & Filter project of two sample signals and a sample filter.
+    static GVRProject sum()
+    {
+        GVRProject p;
+        p.blockDiagramNumber = 1;
+        p.signalOneSign = p.signalTwoSign = 0;
+        p.multirateL = p.multirateM = 1;
+        p.multirateFilterType = 0;
+        p.filterName = "lp300fc25";
+        p.signalOneName = "Cos10M3Fs300";
+        p.signalTwoName = "Cos35Fs300";
+        return p;
     }
 
-    static QTemporaryDir* samples_;
+    static inline QTemporaryDir* samples_ = nullptr;
     TempLibrary temp;
     DesignLibrary library{temp.root()};
     RestoringView view;
     GVRProjectModel model{library};
 };
 
-QTemporaryDir* ProjectFile::samples_ = nullptr;
-
 } // namespace
 
 TEST_F(ProjectFile, SaveThenOpenRestoresTheNineValuesAndTheSameDesign)
 {
-    const QVariantMap chosen = multirate(QStringLiteral("lpNormfcp333"), 0);
+    const QVariantMap chosen = multirate(0);
     model.designProjectWithParameters(chosen);
-    ASSERT_TRUE(model.validResultsFlag()) << view.note.toStdString();
-    const std::vector<double> time = model.timeDomainArray();
+    ASSERT_TRUE(model.validResultsFlag());
     const QString path = library.projectPath(2, QStringLiteral("mine"));
     ASSERT_TRUE(model.saveProjectWithFilePath(path)) << model.lastFileError().toStdString();
 
     const auto record = readProjectFile(path);
     ASSERT_TRUE(record.has_value());
-    EXPECT_EQ(record->blockDiagramNumber, 2);
-    EXPECT_EQ(record->signalTwoSign, 1);
-    EXPECT_EQ(record->multirateL, 3);
-    EXPECT_EQ(record->multirateM, 2);
+    EXPECT_TRUE(record->blockDiagramNumber == 2 && record->signalOneSign == 0 && record->signalTwoSign == 1);
+    EXPECT_TRUE(record->multirateL == 3 && record->multirateM == 2);
     EXPECT_EQ(record->filterName, std::string("lpNormfcp333"));
 
     GVRProjectModel other(library);
@@ -92,10 +95,9 @@ TEST_F(ProjectFile, SaveThenOpenRestoresTheNineValuesAndTheSameDesign)
     for (auto it = chosen.begin(); it != chosen.end(); ++it)
         EXPECT_EQ(otherView.restored.value(it.key()).toString(), it.value().toString())
             << it.key().toStdString();
-
     other.designProjectWithParameters(otherView.restored);
     ASSERT_TRUE(other.validResultsFlag());
-    EXPECT_EQ(other.timeDomainArray(), time);
+    EXPECT_EQ(other.timeDomainArray(), model.timeDomainArray());
 }
 
 TEST_F(ProjectFile, SaveRefusesWithoutValidResults)
@@ -104,26 +106,22 @@ TEST_F(ProjectFile, SaveRefusesWithoutValidResults)
     EXPECT_FALSE(model.saveProjectWithFilePath(path));
     // Mismatched rates: Cos1MHz (20 MHz) with a 300 KHz filter.
     model.designProjectWithParameters(
-        GVRProjectModel::parameterDictionary(1, QStringLiteral("lp300fc25"), QStringLiteral("Cos1MHz"),
-                                             QStringLiteral("Cos35Fs300"), 0, 0, 1, 1, 0));
+        GVRProjectModel::parameterDictionary(1, "lp300fc25", "Cos1MHz", "Cos35Fs300", 0, 0, 1, 1, 0));
     ASSERT_FALSE(model.validResultsFlag());
     EXPECT_FALSE(model.saveProjectWithFilePath(path));
     EXPECT_FALSE(model.lastFileError().isEmpty());
     EXPECT_FALSE(QFile::exists(path));
-
-    model.designProjectWithParameters(multirate(QStringLiteral("lpNormfcp333"), 1));
+    model.designProjectWithParameters(multirate(1));
     ASSERT_TRUE(model.validResultsFlag());
     EXPECT_FALSE(model.saveProjectWithFilePath(QString()));
 }
 
 TEST_F(ProjectFile, OpenFailsWhenANamedDesignIsGone)
 {
-    model.designProjectWithParameters(multirate(QStringLiteral("lpNormfcp333"), 1));
-    ASSERT_TRUE(model.validResultsFlag());
+    model.designProjectWithParameters(multirate(1));
     const QString path = library.projectPath(2, QStringLiteral("auto"));
     ASSERT_TRUE(model.saveProjectWithFilePath(path));
     ASSERT_TRUE(model.openProjectWithFilePath(path));
-
     // The automatic filter still needs its saved filter in the library.
     ASSERT_TRUE(QFile::remove(library.filterPath(QStringLiteral("lpNormfcp333"))));
     view.restores = 0;
@@ -131,55 +129,38 @@ TEST_F(ProjectFile, OpenFailsWhenANamedDesignIsGone)
     EXPECT_TRUE(model.lastFileError().contains(QStringLiteral("lpNormfcp333")));
     EXPECT_EQ(view.restores, 0);
 
-    // A signal whose file was deleted.
-    GVRProject sum;
-    sum.blockDiagramNumber = 1;
-    sum.signalOneSign = sum.signalTwoSign = 0;
-    sum.multirateL = sum.multirateM = 1;
-    sum.multirateFilterType = 0;
-    sum.filterName = "lp300fc25";
-    sum.signalOneName = "Cos10M3Fs300";
-    sum.signalTwoName = "Cos35Fs300";
+    GVRProject p = sum();
     const QString sumPath = library.projectPath(1, QStringLiteral("sum"));
-    ASSERT_TRUE(writeProjectFile(sumPath, sum));
+    ASSERT_TRUE(writeProjectFile(sumPath, p));
     ASSERT_TRUE(model.openProjectWithFilePath(sumPath));
-    ASSERT_TRUE(QFile::remove(library.signalPath(QStringLiteral("Cos35Fs300"))));
+    p.signalTwoName = "cos35fs300"; // names compare exactly
+    ASSERT_TRUE(writeProjectFile(sumPath, p));
     EXPECT_FALSE(model.openProjectWithFilePath(sumPath));
-
-    // Names compare exactly.
-    sum.signalTwoName = "cos10m3fs300";
-    ASSERT_TRUE(writeProjectFile(sumPath, sum));
+    ASSERT_TRUE(writeProjectFile(sumPath, sum()));
+    ASSERT_TRUE(QFile::remove(library.signalPath(QStringLiteral("Cos35Fs300"))));
     EXPECT_FALSE(model.openProjectWithFilePath(sumPath));
 }
 
 TEST_F(ProjectFile, OpenUsesTheLastRecordAndRefusesIncompleteOrForeignFiles)
 {
-    GVRProject first;
-    first.blockDiagramNumber = 1;
-    first.signalOneSign = first.signalTwoSign = 0;
-    first.multirateL = first.multirateM = 1;
-    first.multirateFilterType = 0;
-    first.filterName = "lp300fc25";
-    first.signalOneName = "Cos10M3Fs300";
-    first.signalTwoName = "Cos35Fs300";
-    GVRProject second = first;
+    GVRProject second = sum();
     second.signalOneSign = 1;
     second.signalTwoName = "Cos10M3Fs300";
     const QString path = library.projectPath(1, QStringLiteral("two"));
-    ASSERT_TRUE(writeFileAtomically(path, encodeProjectArchive({first, second})));
+    ASSERT_TRUE(writeFileAtomically(path, encodeProjectArchive({sum(), second})));
     ASSERT_TRUE(model.openProjectWithFilePath(path));
     EXPECT_EQ(view.restored.value(KEYMOD_SIG_ONE_SIGN).toInt(), 1);
     EXPECT_EQ(view.restored.value(KEYMOD_SIG_TWO_NAME).toString(), QStringLiteral("Cos10M3Fs300"));
 
-    GVRProject partial = first;
+    GVRProject partial = sum();
     partial.multirateM.reset();
     ASSERT_TRUE(writeFileAtomically(path, encodeProjectArchive(partial)));
     view.restores = 0;
-    EXPECT_FALSE(model.openProjectWithFilePath(path));
-    // A filter file is not a project.
-    EXPECT_FALSE(model.openProjectWithFilePath(library.filterPath(QStringLiteral("lp300fc25"))));
-    EXPECT_FALSE(model.openProjectWithFilePath(library.projectPath(1, QStringLiteral("missing"))));
-    EXPECT_FALSE(model.openProjectWithFilePath(QString()));
+    // Incomplete, a filter file (not a project), missing, no name.
+    for (const QString& p : {path, library.filterPath(QStringLiteral("lp300fc25")),
+                             library.projectPath(1, QStringLiteral("missing")), QString()}) {
+        EXPECT_FALSE(model.openProjectWithFilePath(p)) << p.toStdString();
+        EXPECT_FALSE(model.lastFileError().isEmpty());
+    }
     EXPECT_EQ(view.restores, 0);
-    EXPECT_FALSE(model.lastFileError().isEmpty());
 }
