@@ -107,29 +107,17 @@ TEST_F(FilterDesignFile, SavesAnnounceOnceAndRefusalsWriteNothing)
     EXPECT_EQ(spy.count(), 2);
 }
 
-TEST_F(FilterDesignFile, OpenTakesTheLastRecordAndRefusesIncompleteOnes)
+// Without a β/ϒ the dictionary would hold eight entries: refused, window untouched.
+TEST_F(FilterDesignFile, OpenRefusesIncompleteOrForeignFiles)
 {
-    GVRFilter first;
-    first.filterType = first.windowType = first.filterWidth = first.unitsType = 0;
-    first.dfThetaSamplingFreq = first.dfFilterLengthN = first.dfBetaUpsilon = 0.0;
-    first.dfThetaCenterFreqNormalized = 0.0;
-    first.dfThetaCutoffFreqNormalized = 0.1;
-    GVRFilter last = first;
-    last.dfThetaCutoffFreqNormalized = 0.4;
-    last.windowType = 3;
-    const auto write = [&](const char* name, const QByteArray& bytes) {
-        ASSERT_TRUE(writeFileAtomically(library.filterPath(QLatin1String(name)), bytes));
-    };
-    write("two", encodeFilterArchive({first, last}));
-    ASSERT_TRUE(model.openFilterDesignWithFileName(QStringLiteral("two")));
-    EXPECT_EQ(view.restored.value(KEYFP_WINDOW_TYPE).toInt(), 3);
-    EXPECT_DOUBLE_EQ(view.restored.value(KEYFP_CUTOFF_FREQ).toDouble(), 0.4);
-
-    // Without a β/ϒ the dictionary would hold eight entries: refused, window untouched.
-    GVRFilter partial = last;
+    design({.cutoff = 0.3, .window = 3});
+    ASSERT_TRUE(model.saveFilterDesignWithFileName(QStringLiteral("whole")));
+    auto partial = stored(QStringLiteral("whole"));
     partial.dfBetaUpsilon.reset();
-    write("partial", encodeFilterArchive(partial));
-    write("junk", "not an archive");
+    ASSERT_TRUE(
+        writeFileAtomically(library.filterPath(QStringLiteral("partial")), encodeFilterArchive(partial)));
+    ASSERT_TRUE(writeFileAtomically(library.filterPath(QStringLiteral("junk")), "not an archive"));
+    ASSERT_TRUE(model.openFilterDesignWithFileName(QStringLiteral("whole")));
     view.calls.clear();
     for (const char* name : {"partial", "junk", "missing", ""}) {
         EXPECT_FALSE(model.openFilterDesignWithFileName(QLatin1String(name))) << name;

@@ -32,28 +32,22 @@ public:
         note = formatNote(text, value, withValue);
         calls << QStringLiteral("note:") + note;
     }
-    void displayFilterDesignResults(const QVariantMap& r) override
-    {
-        results = r;
-        calls << QStringLiteral("results");
-    }
-    void plotMagnitudeAndPhaseWithArray(const std::vector<double>& array) override
-    {
-        plotted = array;
-        calls << QStringLiteral("plot");
-    }
+    void displayFilterDesignResults(const QVariantMap& r) override { keep(results, r, "results"); }
+    void plotMagnitudeAndPhaseWithArray(const std::vector<double>& a) override { keep(plotted, a, "plot"); }
     void clearFilterDesignResults() override { calls << QStringLiteral("clear"); }
-    void restoreFilterParameters(const QVariantMap& p) override
-    {
-        restored = p;
-        calls << QStringLiteral("restore");
-    }
+    void restoreFilterParameters(const QVariantMap& p) override { keep(restored, p, "restore"); }
 
     QString note;
     QStringList calls;
-    QVariantMap results;
-    QVariantMap restored;
+    QVariantMap results, restored;
     std::vector<double> plotted;
+
+private:
+    template <class T> void keep(T& slot, const T& value, const char* call)
+    {
+        slot = value;
+        calls << QLatin1String(call);
+    }
 };
 
 // The nine entries of the design window: a 51-tap Norm low pass with a

@@ -10,25 +10,11 @@
 #include "library/design_library.h"
 #include "project/project_keys.h"
 #include "project/project_model.h"
-#include "project/project_view.h"
+#include "recording_project_view.h"
 #include "shell/sample_designs.h"
 #include "support/temp_library.h"
 
 namespace {
-
-class RestoringView : public ProjectView {
-public:
-    void displayNoteField(const QString&, double, bool) override {}
-    void plotTimeWithArray(const std::vector<double>&) override {}
-    void plotFreqWithArray(const std::vector<double>&) override {}
-    void restoreProjectParameters(const QVariantMap& p) override
-    {
-        restored = p;
-        ++restores;
-    }
-    QVariantMap restored;
-    int restores = 0;
-};
 
 class ProjectFile : public ::testing::Test {
 protected:
@@ -66,7 +52,7 @@ protected:
     static inline QTemporaryDir* samples_ = nullptr;
     TempLibrary temp;
     DesignLibrary library{temp.root()};
-    RestoringView view;
+    RecordingProjectView view;
     GVRProjectModel model{library};
 };
 
@@ -87,7 +73,7 @@ TEST_F(ProjectFile, SaveThenOpenRestoresTheNineValuesAndTheSameDesign)
     EXPECT_EQ(record->filterName, std::string("lpNormfcp333"));
 
     GVRProjectModel other(library);
-    RestoringView otherView;
+    RecordingProjectView otherView;
     other.setWinProject(&otherView);
     ASSERT_TRUE(other.openProjectWithFilePath(path)) << other.lastFileError().toStdString();
     ASSERT_EQ(otherView.restores, 1);

@@ -11,7 +11,7 @@
 #include "library/memory_design_source.h"
 #include "project/project_keys.h"
 #include "project/project_model.h"
-#include "project/project_view.h"
+#include "recording_project_view.h"
 #include "support/reference_python.h"
 #include "support/temp_library.h"
 
@@ -21,23 +21,6 @@ constexpr std::size_t N = 16384;
 const QString kSumError = QStringLiteral("ERROR - Both x₁[n] and x₂[n] must have same fs as H[n]");
 const QString kMultirateError =
     QStringLiteral("ERROR - Both x₁[n] and x₂[n] must have same fs; H[m] requires rate of L*fs");
-
-class RecordingView : public ProjectView {
-public:
-    void displayNoteField(const QString& text, double, bool withValue) override
-    {
-        note = text;
-        EXPECT_FALSE(withValue);
-        ++notes;
-    }
-    void plotTimeWithArray(const std::vector<double>&) override { ++plots; }
-    void plotFreqWithArray(const std::vector<double>&) override {}
-    void restoreProjectParameters(const QVariantMap&) override {}
-
-    QString note;
-    int notes = 0;
-    int plots = 0;
-};
 
 // A cosine of `cycles` per sample, or uniform noise of that amplitude when `seed` is set.
 std::vector<double> samples(double amplitude, double cycles, unsigned seed = 0)
@@ -98,7 +81,7 @@ protected:
     std::vector<double> output() const { return {t().begin() + 16400, t().end()}; }
 
     MemoryDesignSource library;
-    RecordingView view;
+    RecordingProjectView view;
     TempLibrary temp;
     DesignLibrary emptyLibrary{temp.root()};
     GVRProjectModel model{emptyLibrary};

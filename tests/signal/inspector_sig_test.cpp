@@ -20,12 +20,11 @@ GVRSignal record(double step, int freqUnits, int voltUnits, double fs, std::arra
     r.yStepIndex = step;
     r.freqUnits = freqUnits;
     r.voltUnits = voltUnits;
-    r.parm1 = p[0];
-    r.parm2 = p[1];
-    r.parm3 = p[2];
-    r.parm4 = p[3];
-    r.parm5 = p[4];
-    r.parm6 = p[5];
+    std::optional<double> GVRSignal::*const parms[] = {&GVRSignal::parm1, &GVRSignal::parm2,
+                                                       &GVRSignal::parm3, &GVRSignal::parm4,
+                                                       &GVRSignal::parm5, &GVRSignal::parm6};
+    for (std::size_t i = 0; i < 6; ++i)
+        r.*parms[i] = p[i];
     return r;
 }
 

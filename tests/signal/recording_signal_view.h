@@ -20,22 +20,21 @@ public:
         note = formatNote(text, value, withValue);
         ++notes;
     }
-    void plotTimeWithArray(const std::vector<double>& a) override
-    {
-        time = a;
-        ++plots;
-    }
+    void plotTimeWithArray(const std::vector<double>& a) override { keep(time, a, plots); }
     void plotFreqWithArray(const std::vector<double>& a) override { freq = a; }
-    void restoreSignalParameters(const QVariantMap& p) override
-    {
-        restored = p;
-        ++restores;
-    }
+    void restoreSignalParameters(const QVariantMap& p) override { keep(restored, p, restores); }
 
     QString note;
     int notes = 0, plots = 0, restores = 0;
     std::vector<double> time, freq;
     QVariantMap restored;
+
+private:
+    template <class T> static void keep(T& slot, const T& value, int& count)
+    {
+        slot = value;
+        ++count;
+    }
 };
 
 class SignalFixture : public ::testing::Test {
