@@ -2,6 +2,8 @@
 
 #include <QProcess>
 
+#include <gtest/gtest.h>
+
 namespace reference {
 
 QString scriptPath(const QString& name)
@@ -50,6 +52,15 @@ std::vector<double> parseNumbers(const QByteArray& text)
             values.push_back(v);
     }
     return values;
+}
+
+std::vector<double> numbers(const QString& script, const QStringList& args, const QByteArray& input)
+{
+    QString error;
+    const auto out = runPython(script, args, input, &error);
+    if (!out)
+        ADD_FAILURE() << script.toStdString() << " failed: " << error.toStdString();
+    return out ? parseNumbers(*out) : std::vector<double>{};
 }
 
 }  // namespace reference
