@@ -24,18 +24,6 @@ std::vector<double> randomSignal(std::size_t n, unsigned seed)
     return x;
 }
 
-// The system as its three stages, each over L·n samples.
-std::vector<double> chain(const std::vector<double>& x, const std::vector<double>& h, int L, int M)
-{
-    const std::size_t nl = static_cast<std::size_t>(L) * x.size();
-    std::vector<double> u(nl), v(nl), w(nl);
-    interpolateSignal(x, L, u);
-    convolutionSysOut(u, h, v);
-    decimateSignal(v, M, w);
-    w.resize(x.size());
-    return w;
-}
-
 std::vector<double> autoFilter(int L, int M)
 {
     std::vector<double> h(kAutoFilterTaps);
@@ -45,48 +33,35 @@ std::vector<double> autoFilter(int L, int M)
 
 } // namespace
 
-TEST(Multirate, InterpolationInsertsZeros)
+TEST(Multirate, InterpolationInsertsZerosAndDecimationKeepsEveryMth)
 {
     const std::vector<double> x{1, 2, 3};
-    std::vector<double> u(9, 7.0);
+    std::vector<double> u(9, 7.0), copy(3);
     EXPECT_TRUE(interpolateSignal(x, 3, u));
     EXPECT_EQ(u, (std::vector<double>{1, 0, 0, 2, 0, 0, 3, 0, 0}));
-    std::vector<double> copy(3);
     interpolateSignal(x, 1, copy);
     EXPECT_EQ(copy, x);
     EXPECT_FALSE(interpolateSignal(x, 0, u));
     EXPECT_EQ(u, std::vector<double>(9, 0.0));
-}
 
-TEST(Multirate, DecimationKeepsEveryMthThenZeros)
-{
-    const std::vector<double> v{0, 1, 2, 3, 4, 5, 6};
     std::vector<double> y(7, 9.0);
-    EXPECT_TRUE(decimateSignal(v, 3, y));
+    EXPECT_TRUE(decimateSignal(std::vector<double>{0, 1, 2, 3, 4, 5, 6}, 3, y));
     EXPECT_EQ(y, (std::vector<double>{0, 3, 6, 0, 0, 0, 0}));
-    EXPECT_FALSE(decimateSignal(v, -2, y));
-}
-
-TEST(Multirate, AutoFilterPassBandTable)
-{
-    const std::size_t expected[] = {128, 64, 43, 32, 26, 21, 18, 16, 14, 13, 12, 11};
-    for (int top = 1; top <= 12; ++top) {
-        EXPECT_EQ(autoFilterPassBins(top, 1), expected[top - 1]) << top;
-        EXPECT_EQ(autoFilterPassBins(1, top), expected[top - 1]) << top;
-    }
+    EXPECT_FALSE(decimateSignal(x, -2, y));
 }
 
 // Against scipy's Chebyshev window; the window rounds its spectrum through
 // single precision, hence 1e-6.
 TEST(Multirate, AutoFilterMatchesScipyDesign)
 {
+    const std::size_t passBins[] = {128, 64, 43, 32, 26, 21, 18, 16, 14, 13, 12, 11};
+    for (int top = 1; top <= 12; ++top) {
+        EXPECT_EQ(autoFilterPassBins(top, 1), passBins[top - 1]) << top;
+        EXPECT_EQ(autoFilterPassBins(1, top), passBins[top - 1]) << top;
+    }
     for (auto [L, M] : {std::pair{2, 3}, std::pair{10, 3}, std::pair{1, 12}}) {
         const auto h = autoFilter(L, M);
-        QString error;
-        const auto out = reference::runPython(QStringLiteral("project_auto_filter.py"),
-                                              {QString::number(L), QString::number(M)}, {}, &error);
-        ASSERT_TRUE(out) << error.toStdString();
-        const auto ref = reference::parseNumbers(*out);
+        const auto ref = reference::numbers("project_auto_filter.py", {QString::number(L), QString::number(M)});
         ASSERT_EQ(ref.size(), kAutoFilterTaps);
         for (std::size_t i = 0; i < kAutoFilterTaps; ++i)
             ASSERT_NEAR(h[i], ref[i], 1e-6) << L << "/" << M << " tap " << i;
@@ -119,29 +94,29 @@ TEST(Multirate, FusedSystemEqualsChainAndUpfirdn)
         double scale = 0.0;
         for (double v : h)
             scale += std::fabs(v);
-        const auto slow = chain(x, h, c.L, c.M);
+        // The system as its three stages, each over L·n samples.
+        const std::size_t nl = static_cast<std::size_t>(c.L) * N;
+        std::vector<double> u(nl), v(nl), w(nl);
+        interpolateSignal(x, c.L, u);
+        convolutionSysOut(u, h, v);
+        decimateSignal(v, c.M, w);
         for (std::size_t j = 0; j < N; ++j)
-            ASSERT_NEAR(y[j], slow[j], 1e-15 * scale) << j;
+            ASSERT_NEAR(y[j], w[j], 1e-15 * scale) << j;
 
-        QString error;
-        const auto out = reference::runPython(QStringLiteral("project_systems.py"),
-                                              {"multirate", QString::number(c.L), QString::number(c.M)},
-                                              reference::numbersLine(h) + reference::numbersLine(x), &error);
-        ASSERT_TRUE(out) << error.toStdString();
-        const auto ref = reference::parseNumbers(*out);
+        const auto ref = reference::numbers("project_systems.py", {"multirate", QString::number(c.L), QString::number(c.M)},
+                                            reference::numbersLine(h) + reference::numbersLine(x));
         ASSERT_EQ(ref.size(), N);
         for (std::size_t j = 0; j < N; ++j)
             ASSERT_NEAR(y[j], ref[j], 1e-12 * scale) << j;
     }
 }
 
-TEST(Multirate, UnitFactorsCopyWithoutFiltering)
+TEST(Multirate, UnitFactorsInPlaceAndTheZeroTail)
 {
     const auto x = randomSignal(N, 13);
     std::vector<double> y(N);
     ASSERT_TRUE(multirateSysOut(x, autoFilter(1, 1), 1, 1, y));
-    EXPECT_EQ(y, x);
-    // In place gives the same as out of place.
+    EXPECT_EQ(y, x); // copied without filtering
     std::vector<double> inPlace = x;
     const auto h = autoFilter(10, 3);
     multirateSysOut(x, h, 10, 3, y);
@@ -149,13 +124,8 @@ TEST(Multirate, UnitFactorsCopyWithoutFiltering)
     EXPECT_EQ(inPlace, y);
     EXPECT_FALSE(multirateSysOut(x, x, 0, 1, y));
     EXPECT_FALSE(multirateSysOut(x, x, 1, 17, y));
-}
 
-// M > L: decimation of 1/3 leaves the tail of the 16384 positions zero.
-TEST(Multirate, DecimationTailIsZero)
-{
-    const auto x = randomSignal(N, 14);
-    std::vector<double> y(N);
+    // M > L: decimation of 1/3 leaves the tail of the 16384 positions zero.
     multirateSysOut(x, autoFilter(1, 3), 1, 3, y);
     const std::size_t kept = (convolutionOutputLength(N, 255) + 2) / 3;
     EXPECT_NE(y[kept - 1], 0.0);

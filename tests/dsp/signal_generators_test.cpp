@@ -14,18 +14,12 @@ namespace {
 constexpr std::size_t N = kSignalSamples;
 
 // Samples from tests/reference/signal_generators.py, or an empty vector.
-std::vector<double> generated(const char* mode, const char* kind, double fs, std::size_t n, double a,
-                              double b, double c, double d)
+std::vector<double> generated(const char* mode, const char* kind, double fs, double a, double b, double c, double d)
 {
-    QString error;
-    const QStringList args{QString::fromLatin1(mode),    QString::fromLatin1(kind),
-                           QString::number(fs, 'g', 17), QString::number(n),
-                           QString::number(a, 'g', 17),  QString::number(b, 'g', 17),
-                           QString::number(c, 'g', 17),  QString::number(d, 'g', 17)};
-    const auto out = reference::runPython(QStringLiteral("signal_generators.py"), args, {}, &error);
-    if (!out)
-        ADD_FAILURE() << "reference failed: " << error.toStdString();
-    return out ? reference::parseNumbers(*out) : std::vector<double>{};
+    QStringList args{mode, kind};
+    for (const double v : {fs, double(N), a, b, c, d})
+        args << QString::number(v, 'g', 17);
+    return reference::numbers("signal_generators.py", args);
 }
 
 double maxAbsDiff(const std::vector<double>& a, const std::vector<double>& b)
@@ -86,7 +80,7 @@ TEST(SignalGenerators, MatchExactFormulaThroughoutTheRecord)
         SCOPED_TRACE(std::string(k.kind) + " fs " + std::to_string(k.fs) + " f " + std::to_string(k.b));
         std::vector<double> x(N);
         fill(k, x);
-        const auto ref = generated("exact", k.kind, k.fs, N, k.a, k.b, k.c, k.d);
+        const auto ref = generated("exact", k.kind, k.fs, k.a, k.b, k.c, k.d);
         EXPECT_LE(maxAbsDiff(x, ref), 1e-14 * k.scale);
     }
 }
@@ -97,12 +91,12 @@ TEST(SignalGenerators, AgreeWithPlainDoubleEvaluation)
 {
     std::vector<double> x(N);
     cosineSumSig(1.0, 10.0, 0.3, 14.0, 300.0, x);
-    const auto naive = generated("naive", "cossum", 300, N, 1.0, 10.0, 0.3, 14.0);
+    const auto naive = generated("naive", "cossum", 300, 1.0, 10.0, 0.3, 14.0);
     const double largestAngle = 2 * std::numbers::pi * 140.0 * (N - 1) / 300.0;
     EXPECT_LE(maxAbsDiff(x, naive), 14 * 4 * largestAngle * 0x1p-52);
 
     cosineSig(1.0, 35.0, 0.0, 300.0, x);
-    EXPECT_LE(maxAbsDiff(x, generated("naive", "cos", 300, N, 1.0, 35.0, 0.0, 0.0)), 1e-11);
+    EXPECT_LE(maxAbsDiff(x, generated("naive", "cos", 300, 1.0, 35.0, 0.0, 0.0)), 1e-11);
 }
 
 TEST(SignalGenerators, HandCheckedSamples)
@@ -187,30 +181,23 @@ TEST(SignalGenerators, DispatcherAddsNoiseAndReportsMaxFreq)
     for (std::size_t k = 0; k < N; ++k)
         ASSERT_EQ(x[k], clean[k] + 0.25);
 
-    EXPECT_EQ(signalTimeDomain(1, 300, 1, 20, 1, 30, 0, 0, x), 30.0);
-    EXPECT_EQ(signalTimeDomain(4, 300, 1, 40, 1, 30, 0, 0, x), 40.0);
-    EXPECT_EQ(signalTimeDomain(2, 300, 1, 10, 0, 3.7, 0, 0, x), 37.0);
-    EXPECT_EQ(signalTimeDomain(5, 300, 1, 10, 0, 0.5, 0, 0, x), 5.0);
-    EXPECT_EQ(signalTimeDomain(7, 300, 1, 20, 1, 30, 0, 0, x), 50.0);
-    EXPECT_EQ(signalTimeDomain(6, 300, 1, 5, 0, 0, 0, 0, x), 3.0);
-    EXPECT_EQ(signalTimeDomain(9, 300, 1, 0, 0, 0, 0, 0, x), 3.0);
-    EXPECT_EQ(signalTimeDomain(10, 300, 1, 0, 0, 0, 0, 0, x), 3.0);
-
+    // The highest frequency each kind holds.
+    const struct {
+        int index;
+        double a, b, c, d, maxFreq;
+    } kinds[] = {{1, 1, 20, 1, 30, 30}, {4, 1, 40, 1, 30, 40}, {2, 1, 10, 0, 3.7, 37}, {5, 1, 10, 0, 0.5, 5},
+                 {7, 1, 20, 1, 30, 50}, {6, 1, 5, 0, 0, 3},   {9, 1, 0, 0, 0, 3},     {10, 1, 0, 0, 0, 3}};
+    for (const auto& k : kinds)
+        EXPECT_EQ(signalTimeDomain(k.index, 300, k.a, k.b, k.c, k.d, 0, 0, x), k.maxFreq) << k.index;
     EXPECT_EQ(signalTimeDomain(11, 300, 1, 35, 0, 0, 0, 0, x), 0.0);
     for (double v : x)
         ASSERT_EQ(v, 0.0);
     EXPECT_EQ(signalTimeDomain(-1, 300, 1, 35, 0, 0, 0, 0, x), 0.0);
-}
 
-// Bad numbers give bad samples, never a crash or undefined behaviour.
-TEST(SignalGenerators, NonFiniteInputsAreHarmless)
-{
-    std::vector<double> x(N);
-    const double nan = std::nan("");
-    for (double bad : {nan, double(INFINITY), -double(INFINITY), 0.0}) {
+    // Bad numbers give bad samples, never a crash or undefined behaviour (the sanitizers stop the test).
+    for (double bad : {std::nan(""), double(INFINITY), -double(INFINITY), 0.0}) {
         for (int index = 0; index <= 10; ++index)
             signalTimeDomain(index, bad, bad, bad, bad, bad, bad, bad, x);
         cosineSumSig(1, 1, 0, 1e9, bad, x);
     }
-    SUCCEED();
 }

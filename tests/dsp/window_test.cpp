@@ -1,7 +1,7 @@
 // Window functions: symmetry, and every window against
 // scipy.signal.windows (or numpy, where our coefficients are not scipy's).
 #include "dsp/window.h"
-#include "filter_reference_support.h"
+#include "support/reference_python.h"
 
 #include <gtest/gtest.h>
 
@@ -62,7 +62,7 @@ TEST(Window, MatchesScipyAndNumpy)
         QStringList args{QStringLiteral("window"), QString::number(N)};
         for (const Reference& r : refs)
             args << QStringLiteral("%1:%2").arg(QString::fromLatin1(r.name)).arg(r.parameter);
-        const auto ref = filterref::run(args);
+        const auto ref = reference::numbers("filter_reference.py", args);
         ASSERT_EQ(ref.size(), N * std::size(refs));
         for (std::size_t i = 0; i < std::size(refs); ++i) {
             const Reference& r = refs[i];
