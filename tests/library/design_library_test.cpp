@@ -1,14 +1,11 @@
-// Design library: folder creation, paths, listings, sample seeding and the
-// new-file announcements.
+// Design library: folder creation, paths, listings and sample seeding.
 #include "library/design_library.h"
-
 
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -89,6 +86,8 @@ TEST_F(DesignLibraryTest, ReadOnlyRootReportsEachFolder)
 
 TEST_F(DesignLibraryTest, ListingKeepsFolderOrderAndOnlyItsExtension)
 {
+    EXPECT_TRUE(library.files(Folder::ProjectOne).isEmpty()); // a missing folder lists nothing
+    EXPECT_TRUE(library.designNames(Folder::Signal).isEmpty());
     ASSERT_TRUE(library.ensureFolders().isEmpty());
     const QString folder = library.folderPath(Folder::Filter);
     for (const char* name : {"b.filt", "a.filt", ".hidden.filt", "c.filt.bak", "d.FILT", ".filt", "e.signal"})
@@ -120,13 +119,6 @@ TEST_F(DesignLibraryTest, ListingKeepsFolderOrderAndOnlyItsExtension)
     for (const QString& name : expected)
         bare.append(name.chopped(5));
     EXPECT_EQ(library.designNames(Folder::Filter), bare);
-    EXPECT_TRUE(library.files(Folder::Signal).isEmpty());
-}
-
-TEST_F(DesignLibraryTest, MissingFolderListsNothing)
-{
-    EXPECT_TRUE(library.files(Folder::ProjectOne).isEmpty());
-    EXPECT_TRUE(library.designNames(Folder::Signal).isEmpty());
 }
 
 // A resource folder holding the thirteen samples, each with its own bytes.
@@ -140,27 +132,7 @@ QString makeSamples(const QTemporaryDir& dir)
     return samples;
 }
 
-TEST_F(DesignLibraryTest, SeedingCopiesEachSampleToItsFolder)
-{
-    const QString samples = makeSamples(dir);
-    ASSERT_TRUE(library.ensureFolders().isEmpty());
-    const SeedReport report = library.seedSamples(samples);
-    EXPECT_EQ(report.copied.size(), 13);
-    EXPECT_TRUE(report.kept.isEmpty());
-    EXPECT_TRUE(report.missing.isEmpty());
-    EXPECT_TRUE(report.problems.isEmpty());
-    for (const auto& sample : DesignLibrary::kSamples) {
-        const QString target = library.folderPath(sample.folder) + "/" + sample.fileName;
-        EXPECT_EQ(readText(target), QByteArray("sample ") + sample.fileName);
-    }
-    EXPECT_EQ(library.files(Folder::Signal).size(), 5);
-    EXPECT_EQ(library.files(Folder::Filter).size(), 6);
-    EXPECT_EQ(library.designNames(Folder::ProjectOne), QStringList{"Cos10M3andCos35"});
-    EXPECT_EQ(library.designNames(Folder::ProjectTwo), QStringList{"multirateUser300to450"});
-    EXPECT_FALSE(QFileInfo::exists(library.folderPath(Folder::Filter) + "/OrvanaUserManual.pdf"));
-}
-
-TEST_F(DesignLibraryTest, SeedingNeverReplacesTheUsersFileAndRestoresDeletedSamples)
+TEST_F(DesignLibraryTest, SeedingCopiesSamplesButNeverReplacesTheUsersFile)
 {
     const QString samples = makeSamples(dir);
     ASSERT_TRUE(library.ensureFolders().isEmpty());
@@ -168,7 +140,17 @@ TEST_F(DesignLibraryTest, SeedingNeverReplacesTheUsersFileAndRestoresDeletedSamp
     SeedReport report = library.seedSamples(samples);
     EXPECT_EQ(report.copied.size(), 12);
     EXPECT_EQ(report.kept, QStringList{"lp300fc25.filt"});
-    EXPECT_EQ(readText(library.filterPath("lp300fc25")), "the user's own design");
+    EXPECT_TRUE(report.missing.isEmpty() && report.problems.isEmpty());
+    for (const auto& sample : DesignLibrary::kSamples) {
+        const QByteArray own = QByteArray(sample.fileName) == "lp300fc25.filt" ? "the user's own design"
+                                                                               : QByteArray("sample ") + sample.fileName;
+        EXPECT_EQ(readText(library.folderPath(sample.folder) + "/" + sample.fileName), own);
+    }
+    EXPECT_EQ(library.files(Folder::Signal).size(), 5);
+    EXPECT_EQ(library.files(Folder::Filter).size(), 6);
+    EXPECT_EQ(library.designNames(Folder::ProjectOne), QStringList{"Cos10M3andCos35"});
+    EXPECT_EQ(library.designNames(Folder::ProjectTwo), QStringList{"multirateUser300to450"});
+    EXPECT_FALSE(QFileInfo::exists(library.folderPath(Folder::Filter) + "/OrvanaUserManual.pdf"));
 
     // Next launch: the user deleted one sample; it comes back, nothing else changes.
     QFile::remove(library.signalPath("Cos1MHz"));
@@ -198,17 +180,6 @@ TEST_F(DesignLibraryTest, SeedingReportsMissingSamplesAndFolders)
     EXPECT_EQ(none.missing.size(), 13);
     EXPECT_TRUE(none.copied.isEmpty());
     EXPECT_EQ(library.seedSamples(QString()).missing.size(), 13);
-}
-
-TEST_F(DesignLibraryTest, AnnouncementsReachListeners)
-{
-    QSignalSpy filters(&library, &DesignLibrary::newFilterFile);
-    QSignalSpy signalFiles(&library, &DesignLibrary::newSignalFile);
-    library.announceNewFilterFile();
-    library.announceNewFilterFile();
-    library.announceNewSignalFile();
-    EXPECT_EQ(filters.count(), 2);
-    EXPECT_EQ(signalFiles.count(), 1);
 }
 
 }  // namespace
