@@ -106,10 +106,13 @@ public:
     {
         QByteArray out;
         for (unsigned i = width; i-- > 0;)
-            out.append(char(i >= 8 ? 0 : (value >> (8 * i)) & 0xFF));  // widths over 8 get leading zeros
+            out.append(char(i >= 8 ? 0 : (value >> (8 * i)) & 0xFF)); // widths over 8 get leading zeros
         return out;
     }
-    static unsigned width(std::uint64_t v) { return v <= 0xFF ? 1 : v <= 0xFFFF ? 2 : v <= 0xFFFFFFFFu ? 4 : 8; }
+    static unsigned width(std::uint64_t v)
+    {
+        return v <= 0xFF ? 1 : v <= 0xFFFF ? 2 : v <= 0xFFFFFFFFu ? 4 : 8;
+    }
     static QByteArray integerBytes(std::uint64_t v)
     {
         return QByteArray(1, char(0x10 | std::countr_zero(width(v)))) + bigEndian(v, width(v));
@@ -131,11 +134,18 @@ public:
     int hex(const char* bytes) { return add(QByteArray::fromHex(bytes)); }
     int integer(std::int64_t v)
     {
-        return add(v >= 0 ? integerBytes(std::uint64_t(v)) : QByteArray(1, 0x13) + bigEndian(std::uint64_t(v), 8));
+        return add(v >= 0 ? integerBytes(std::uint64_t(v))
+                          : QByteArray(1, 0x13) + bigEndian(std::uint64_t(v), 8));
     }
     int real(double v) { return add(QByteArray(1, 0x23) + bigEndian(std::bit_cast<std::uint64_t>(v), 8)); }
-    int uid(std::uint64_t v) { return add(QByteArray(1, char(0x80 | (width(v) - 1))) + bigEndian(v, width(v))); }
-    int ascii(const std::string& text) { return add(head(0x5, text.size()) + QByteArray::fromStdString(text)); }
+    int uid(std::uint64_t v)
+    {
+        return add(QByteArray(1, char(0x80 | (width(v) - 1))) + bigEndian(v, width(v)));
+    }
+    int ascii(const std::string& text)
+    {
+        return add(head(0x5, text.size()) + QByteArray::fromStdString(text));
+    }
     int array(const std::vector<std::uint64_t>& refs) { return add(head(0xA, refs.size()), refs); }
     // A dictionary with string keys made on the spot.
     int dict(const std::vector<std::pair<std::string, std::uint64_t>>& pairs)
@@ -193,8 +203,10 @@ public:
 
     std::uint64_t classEntry(const std::string& name)
     {
-        const int chain = plist.array({std::uint64_t(plist.ascii(name)), std::uint64_t(plist.ascii("NSObject"))});
-        return entry(plist.dict({{"$classname", std::uint64_t(plist.ascii(name))}, {"$classes", std::uint64_t(chain)}}));
+        const int chain =
+            plist.array({std::uint64_t(plist.ascii(name)), std::uint64_t(plist.ascii("NSObject"))});
+        return entry(plist.dict(
+            {{"$classname", std::uint64_t(plist.ascii(name))}, {"$classes", std::uint64_t(chain)}}));
     }
     // An object dictionary: keys to UIDs, plus "$class".
     int object(const std::vector<std::pair<std::string, std::uint64_t>>& uids, std::uint64_t classUid)
@@ -223,7 +235,8 @@ public:
             {"$archiver", std::uint64_t(plist.ascii(archiver))},
             {"$objects", std::uint64_t(objectsArray())}};
         if (top)
-            root.push_back({"$top", std::uint64_t(plist.dict({{"root", std::uint64_t(plist.uid(rootUid))}}))});
+            root.push_back(
+                {"$top", std::uint64_t(plist.dict({{"root", std::uint64_t(plist.uid(rootUid))}}))});
         return plist.build(std::uint64_t(plist.dict(root)));
     }
 
@@ -233,4 +246,4 @@ private:
     std::vector<std::uint64_t> objects_;
 };
 
-}  // namespace archive_test
+} // namespace archive_test

@@ -53,7 +53,7 @@ QByteArray nested(int depth, int fanOut = 1)
     return b.build(0);
 }
 
-}  // namespace
+} // namespace
 
 TEST(BinaryPlistHostile, WellFormedListsParse)
 {
@@ -68,7 +68,7 @@ TEST(BinaryPlistHostile, WellFormedListsParse)
     const auto text = BinaryPlist::parse(plist({"6303a9d83dde00"}), nullptr);
     ASSERT_TRUE(text);
     EXPECT_EQ(text->string(0), "\xce\xa9\xf0\x9f\x98\x80");
-    EXPECT_TRUE(BinaryPlist::parse(plist({"330000000000000000"}), nullptr));  // a date
+    EXPECT_TRUE(BinaryPlist::parse(plist({"330000000000000000"}), nullptr)); // a date
     EXPECT_TRUE(BinaryPlist::parse(nested(16), nullptr));
     // Shared objects are not expanded: 250^14 paths are parsed in linear time.
     const QByteArray wide = nested(15, 250);
@@ -84,9 +84,9 @@ TEST(BinaryPlistHostile, RefusalsNameTheFault)
     const qsizetype table = good.size() - 32 - 3;
     QByteArray version = good, inHeader = good, pastTable = good, shared = good;
     version.replace(6, 2, "15");
-    inHeader[table + 1] = 3;  // object 1 inside "bplist00"
+    inHeader[table + 1] = 3; // object 1 inside "bplist00"
     pastTable[table + 2] = char(table + 1);
-    shared[table + 1] = shared[table + 2] = 8;  // every offset at the array: read three times over
+    shared[table + 1] = shared[table + 2] = 8; // every offset at the array: read three times over
     const std::uint64_t all = ~std::uint64_t(0);
     const struct {
         QByteArray bytes;
@@ -97,7 +97,8 @@ TEST(BinaryPlistHostile, RefusalsNameTheFault)
         {"bplist00", "it is too short to be a binary property list"},
         {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><array/></plist>",
          "it is an XML property list, and design files are binary ones"},
-        {"  <plist version=\"1.0\"><dict/></plist>", "it is an XML property list, and design files are binary ones"},
+        {"  <plist version=\"1.0\"><dict/></plist>",
+         "it is an XML property list, and design files are binary ones"},
         {QByteArray(100, 'x'), "it is not a binary property list"},
         {version, "it is a binary property list of an unknown version"},
         {smallList({.tableOffset = std::uint64_t(good.size())}), "its offset table lies outside the file"},
@@ -113,7 +114,8 @@ TEST(BinaryPlistHostile, RefusalsNameTheFault)
         {smallList({.objectCount = 4}), "it declares 4 objects, more than its offset table holds"},
         {smallList({.objectCount = std::uint64_t(1) << 40}),
          "it declares 1099511627776 objects, more than its offset table holds"},
-        {smallList({.objectCount = all}), "it declares 18446744073709551615 objects, more than its offset table holds"},
+        {smallList({.objectCount = all}),
+         "it declares 18446744073709551615 objects, more than its offset table holds"},
         {inHeader, "object 1 lies outside the object area"},
         {pastTable, "object 2 lies outside the object area"},
         {shared, "its objects overlap one another"},
@@ -131,10 +133,10 @@ TEST(BinaryPlistHostile, RefusalsNameTheFault)
          "object 0 refers to object 4294967295, which does not exist"},
         {plist({"a101", "5361ff62"}), "object 1 is an ASCII string holding the byte 0xff"},
         {plist({"a101", "53610062"}), "object 1 is an ASCII string holding the byte 0x00"},
-        {plist({"a101", "61d800"}), "object 1 is a string with an invalid character"},    // lone high
-        {plist({"a101", "62d8000041"}), "object 1 is a string with an invalid character"},  // high, no low
-        {plist({"a101", "61dc00"}), "object 1 is a string with an invalid character"},    // lone low
-        {plist({"a101", "6200410000"}), "object 1 is a string with an invalid character"},  // NUL
+        {plist({"a101", "61d800"}), "object 1 is a string with an invalid character"},     // lone high
+        {plist({"a101", "62d8000041"}), "object 1 is a string with an invalid character"}, // high, no low
+        {plist({"a101", "61dc00"}), "object 1 is a string with an invalid character"},     // lone low
+        {plist({"a101", "6200410000"}), "object 1 is a string with an invalid character"}, // NUL
         {plist({"d10102", "a0", "1001"}), "object 0 is a dictionary with a key that is not a string"},
         {plist({"a101", "337ff8000000000000"}), "object 1 is a date that is not a number"},
         {plist({"a101", "337ff0000000000000"}), "object 1 is a date that is not a number"},
@@ -144,7 +146,7 @@ TEST(BinaryPlistHostile, RefusalsNameTheFault)
         {plist({"a101", "d10200", "516b"}), "it contains a reference cycle"},
         {nested(17), "it nests deeper than 16 levels"},
         {nested(100000), "it nests deeper than 16 levels"},
-        {nested(31, 2), "it nests deeper than 16 levels"},  // 2^30 paths, never expanded
+        {nested(31, 2), "it nests deeper than 16 levels"}, // 2^30 paths, never expanded
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.bytes.left(48).toHex().toStdString());
@@ -157,12 +159,15 @@ TEST(BinaryPlistHostile, RefusalsNameTheFault)
 TEST(BinaryPlistHostile, ExtendedCountsBeyondTheFile)
 {
     // 2^31-1, 2^40 and just over 4 GiB, for every counted kind.
-    for (std::uint64_t count : {std::uint64_t(0x7FFFFFFF), std::uint64_t(1) << 40, (std::uint64_t(1) << 32) + 1}) {
+    for (std::uint64_t count :
+         {std::uint64_t(0x7FFFFFFF), std::uint64_t(1) << 40, (std::uint64_t(1) << 32) + 1}) {
         for (unsigned kind : {0x4u, 0x5u, 0x6u, 0xAu, 0xDu}) {
             BplistBuilder b;
             b.add(BplistBuilder::head(kind, count) + QByteArray(8, 'a'));
             EXPECT_EQ(refusal(b.build(0)),
-                      QStringLiteral("object 0 claims %1 entries, more than the file holds").arg(count).toStdString())
+                      QStringLiteral("object 0 claims %1 entries, more than the file holds")
+                          .arg(count)
+                          .toStdString())
                 << kind;
         }
     }
@@ -173,11 +178,11 @@ TEST(BinaryPlistHostile, DepthCountsTheLongestPathNotTheFirst)
     // Object 1 is reached first from the top directly, then again at the end
     // of a chain of 14; the longer path makes the list 17 levels deep.
     BplistBuilder b;
-    b.array({1, 2});  // 0: top, level 1
-    b.array({17});    // 1: shallow route to the tail
+    b.array({1, 2}); // 0: top, level 1
+    b.array({17});   // 1: shallow route to the tail
     for (std::uint64_t i = 2; i < 16; ++i)
-        b.array({i + 1});  // 2..15: the long route
-    b.array({1});          // 16: rejoins object 1
+        b.array({i + 1}); // 2..15: the long route
+    b.array({1});         // 16: rejoins object 1
     b.array({18});
     b.array({});
     EXPECT_EQ(refusal(b.build(0)), "it nests deeper than 16 levels");
@@ -190,7 +195,7 @@ TEST(BinaryPlistHostile, EveryUnassignedMarker)
         for (unsigned low = 0; low < 16; ++low)
             assigned.insert((high << 4) | low);
     for (unsigned low = 0; low < 8; ++low)
-        assigned.insert(0x80 | low);  // UIDs are at most eight bytes
+        assigned.insert(0x80 | low); // UIDs are at most eight bytes
     int refused = 0;
     for (unsigned marker = 0; marker < 256; ++marker) {
         if (assigned.contains(marker))

@@ -18,11 +18,24 @@ using namespace archive_test;
 
 namespace {
 
-const char* const kFilterKeys[] = {"filterName", "filterType", "windowType", "filterWidth", "unitsType",
-                                   "dfThetaSamplingFreq", "dfFilterLengthN", "dfBetaUpsilon",
-                                   "dfThetaCutoffFreqNormalized", "dfThetaCenterFreqNormalized", "dfGimeldbLow",
-                                   "dfGimeldbHigh", "dfGimeldbBandwidth", "dfPassbandRipple", "dfDynamicRange",
-                                   "dfDynamicRangeError", "integerCoefficients", "filterCoefficients",
+const char* const kFilterKeys[] = {"filterName",
+                                   "filterType",
+                                   "windowType",
+                                   "filterWidth",
+                                   "unitsType",
+                                   "dfThetaSamplingFreq",
+                                   "dfFilterLengthN",
+                                   "dfBetaUpsilon",
+                                   "dfThetaCutoffFreqNormalized",
+                                   "dfThetaCenterFreqNormalized",
+                                   "dfGimeldbLow",
+                                   "dfGimeldbHigh",
+                                   "dfGimeldbBandwidth",
+                                   "dfPassbandRipple",
+                                   "dfDynamicRange",
+                                   "dfDynamicRangeError",
+                                   "integerCoefficients",
+                                   "filterCoefficients",
                                    "filterPrecisionCoefficients"};
 
 QJsonArray strings(std::initializer_list<const char*> list)
@@ -51,7 +64,7 @@ QByteArray contents(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
 }
 
-}  // namespace
+} // namespace
 
 // Decoding then encoding again gives the same bytes, so every bit of every
 // field (NaN payloads, -0.0, subnormals) came back.
@@ -61,7 +74,7 @@ TEST(DesignRecords, RoundTripsKeepEveryBit)
     QString error;
     const QString filterPath = dir.filePath(QStringLiteral("hp20fc5.filt"));
     ASSERT_TRUE(writeFilterFile(filterPath, GVRFilter{}, &error)) << error.toStdString();
-    ASSERT_TRUE(writeFilterFile(filterPath, awkwardFilter(), &error)) << error.toStdString();  // replaces
+    ASSERT_TRUE(writeFilterFile(filterPath, awkwardFilter(), &error)) << error.toStdString(); // replaces
     const auto filter = readFilterFile(filterPath, &error);
     ASSERT_TRUE(filter) << error.toStdString();
     EXPECT_EQ(encodeFilterArchive(*filter), encodeFilterArchive(awkwardFilter()));
@@ -90,15 +103,15 @@ TEST(DesignRecords, RoundTripsKeepEveryBit)
     GVRFilter second;
     second.filterType = 2;
     second.dfThetaCutoffFreqNormalized = 0.7;
-    EXPECT_EQ(decodeFilterArchive(encodeFilterArchive(std::vector<GVRFilter>{awkwardFilter(), second})), second);
+    EXPECT_EQ(decodeFilterArchive(encodeFilterArchive(std::vector<GVRFilter>{awkwardFilter(), second})),
+              second);
 }
 
 TEST(DesignRecords, PlistlibSeesAKeyedArchiveOfOneFilter)
 {
     const GVRFilter filter = awkwardFilter();
-    const QJsonObject view = savedView("awkward.filt", [&](auto path, auto error) {
-        return writeFilterFile(path, filter, error);
-    });
+    const QJsonObject view = savedView(
+        "awkward.filt", [&](auto path, auto error) { return writeFilterFile(path, filter, error); });
     EXPECT_EQ(view["archiver"].toString(), "NSKeyedArchiver");
     EXPECT_EQ(view["version"].toInt(), 100000);
     EXPECT_TRUE(view["versionIsInt"].toBool());
@@ -142,9 +155,11 @@ TEST(DesignRecords, PlistlibSeesAKeyedArchiveOfOneFilter)
     }
 
     // A record as init leaves it: every value a null reference.
-    const QJsonObject empty = savedView("empty.filt", [](auto path, auto error) {
-        return writeFilterFile(path, GVRFilter{}, error);
-    })["records"][0]["fields"].toObject();
+    const QJsonObject empty = savedView("empty.filt",
+                                        [](auto path, auto error) {
+                                            return writeFilterFile(path, GVRFilter{}, error);
+                                        })["records"][0]["fields"]
+                                  .toObject();
     EXPECT_EQ(empty.size(), 19);
     for (const char* key : kFilterKeys)
         EXPECT_EQ(empty[key]["type"].toString(), "null") << key;
@@ -153,13 +168,15 @@ TEST(DesignRecords, PlistlibSeesAKeyedArchiveOfOneFilter)
 TEST(DesignRecords, PlistlibSeesSignalsAndProjectsWithNumbersOfTheRightKind)
 {
     const GVRSignal signal = awkwardSignal();
-    const QJsonObject record = savedView("awkward.signal", [&](auto path, auto error) {
-        return writeSignalFile(path, signal, error);
-    })["records"][0].toObject();
+    const QJsonObject record =
+        savedView("awkward.signal",
+                  [&](auto path, auto error) { return writeSignalFile(path, signal, error); })["records"][0]
+            .toObject();
     EXPECT_EQ(record["classes"].toArray(), strings({"GVRSignal", "NSObject"}));
-    EXPECT_EQ(record["keys"].toArray(),
-              strings({"samplingFreq", "yStepIndex", "freqUnits", "voltUnits", "parm1", "parm2", "parm3", "parm4",
-                       "parm5", "parm6", "maxAmplitude", "minAmplitude", "maxFreq", "sampledSignalArray"}));
+    EXPECT_EQ(
+        record["keys"].toArray(),
+        strings({"samplingFreq", "yStepIndex", "freqUnits", "voltUnits", "parm1", "parm2", "parm3", "parm4",
+                 "parm5", "parm6", "maxAmplitude", "minAmplitude", "maxFreq", "sampledSignalArray"}));
     const QJsonObject fields = record["fields"].toObject();
     // The function index is a double holding a whole value, the units integers.
     EXPECT_EQ(fields["yStepIndex"]["type"].toString(), "float");
@@ -180,15 +197,19 @@ TEST(DesignRecords, PlistlibSeesSignalsAndProjectsWithNumbersOfTheRightKind)
     }
     EXPECT_EQ(mismatches, 0);
 
-    const QJsonObject project = savedView("p.orvana", [](auto path, auto error) {
-        return writeProjectFile(path, awkwardProject(), error);
-    })["records"][0].toObject();
+    const QJsonObject project = savedView("p.orvana",
+                                          [](auto path, auto error) {
+                                              return writeProjectFile(path, awkwardProject(), error);
+                                          })["records"][0]
+                                    .toObject();
     EXPECT_EQ(project["classname"].toString(), "GVRProject");
-    const auto projectKeys = {"blockDiagramNumber", "signalOneSign", "signalTwoSign", "multirateL",
-                              "multirateM", "multirateFilterType", "filterName", "signalOneName", "signalTwoName"};
+    const auto projectKeys = {"blockDiagramNumber", "signalOneSign", "signalTwoSign",
+                              "multirateL",         "multirateM",    "multirateFilterType",
+                              "filterName",         "signalOneName", "signalTwoName"};
     EXPECT_EQ(project["keys"].toArray(), strings(projectKeys));
     for (const char* key : projectKeys)
-        EXPECT_EQ(project["fields"][key]["type"].toString(), QString(key).endsWith("Name") ? "str" : "int") << key;
+        EXPECT_EQ(project["fields"][key]["type"].toString(), QString(key).endsWith("Name") ? "str" : "int")
+            << key;
     EXPECT_EQ(project["fields"]["multirateM"]["value"].toString(), "-2");
     EXPECT_EQ(project["fields"]["signalTwoName"]["value"].toString(), QString::fromUtf8("Ωmega 😀"));
 }
@@ -202,9 +223,10 @@ TEST(DesignRecords, WholeNumberDoublesAreEightByteReals)
     filter.dfBetaUpsilon = 0.0;
     filter.dfPassbandRipple = 0.5;
     const QByteArray bytes = encodeFilterArchive(filter);
-    EXPECT_FALSE(bytes.contains(QByteArray::fromHex("2243960000")));  // 300 as libplist would shrink it
+    EXPECT_FALSE(bytes.contains(QByteArray::fromHex("2243960000"))); // 300 as libplist would shrink it
     for (double v : {300.0, 7.0, 0.0, -1.0, 0.5})
-        EXPECT_TRUE(bytes.contains("\x23" + BplistBuilder::bigEndian(std::bit_cast<std::uint64_t>(v), 8))) << v;
+        EXPECT_TRUE(bytes.contains("\x23" + BplistBuilder::bigEndian(std::bit_cast<std::uint64_t>(v), 8)))
+            << v;
     EXPECT_EQ(decodeFilterArchive(bytes)->dfThetaSamplingFreq, 300.0);
     for (const QByteArray& bad : {QByteArray(), QByteArray("bplist00"), QByteArray(64, 'x'),
                                   QByteArray("bplist00") + QByteArray(32, '\xff')})
@@ -219,7 +241,7 @@ TEST(DesignRecords, RecordsThatWouldNotReadBackAreNotWritten)
     const QByteArray before = contents(path);
 
     GVRFilter tooShort = awkwardFilter();
-    tooShort.filterCoefficients->pop_back();  // 6 coefficients, N = 7
+    tooShort.filterCoefficients->pop_back(); // 6 coefficients, N = 7
     QString error;
     EXPECT_FALSE(writeFilterFile(path, tooShort, &error));
     EXPECT_EQ(error, "“keep.filt” was not saved: its “filterCoefficients” holds 6 coefficients but its "
@@ -242,7 +264,8 @@ TEST(DesignRecords, RecordsThatWouldNotReadBackAreNotWritten)
     EXPECT_TRUE(encodeSignalArchive(shortSignal, &error).isEmpty());
     EXPECT_EQ(error, "its “sampledSignalArray” holds 16383 samples instead of 16384");
     EXPECT_FALSE(writeSignalFile(dir.filePath(QStringLiteral("short.signal")), shortSignal, &error));
-    EXPECT_EQ(error, "“short.signal” was not saved: its “sampledSignalArray” holds 16383 samples instead of 16384.");
+    EXPECT_EQ(error,
+              "“short.signal” was not saved: its “sampledSignalArray” holds 16383 samples instead of 16384.");
     EXPECT_FALSE(QFile::exists(dir.filePath(QStringLiteral("short.signal"))));
 }
 
@@ -259,7 +282,8 @@ TEST(DesignRecords, ReadFailuresNameTheFile)
     EXPECT_EQ(error, "“Cos1MHz.filt” is not an Orvana filter design: it holds a “GVRSignal” record where "
                      "a “GVRFilter” belongs.");
     EXPECT_FALSE(decodeProjectArchive(encodeFilterArchive(GVRFilter{}), &error));
-    EXPECT_EQ(error, "This is not an Orvana project: it holds a “GVRFilter” record where a “GVRProject” belongs.");
+    EXPECT_EQ(error,
+              "This is not an Orvana project: it holds a “GVRFilter” record where a “GVRProject” belongs.");
 
     // Over the size cap: refused before anything is parsed.
     const QString big = dir.filePath(QStringLiteral("big.filt"));
@@ -267,7 +291,9 @@ TEST(DesignRecords, ReadFailuresNameTheFile)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(16 * 1024 * 1024 + 1));
     file.close();
     EXPECT_FALSE(readFilterFile(big, &error));
-    EXPECT_EQ(error, "“big.filt” is not an Orvana filter design: it is larger than 16 MiB, far more than any design.");
+    EXPECT_EQ(
+        error,
+        "“big.filt” is not an Orvana filter design: it is larger than 16 MiB, far more than any design.");
     EXPECT_FALSE(decodeFilterArchive(QByteArray(), &error));
     EXPECT_EQ(error, "This is not an Orvana filter design: the file is empty.");
 }

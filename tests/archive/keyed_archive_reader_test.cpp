@@ -39,7 +39,8 @@ QByteArray coefficients(K& k, std::optional<double> lengthN, std::size_t count, 
 {
     const auto uid = k.entry(element);
     const auto arrayClass = k.classEntry(arrayClassName);
-    Fields fields{{"filterCoefficients", k.entry(k.arrayObject(std::vector<std::uint64_t>(count, uid), arrayClass))}};
+    Fields fields{
+        {"filterCoefficients", k.entry(k.arrayObject(std::vector<std::uint64_t>(count, uid), arrayClass))}};
     if (lengthN)
         fields.push_back({"dfFilterLengthN", k.entry(k.plist.real(*lengthN))});
     return oneRecord(k, "GVRFilter", fields);
@@ -53,12 +54,13 @@ std::string refusal(const QByteArray& bytes, bool asFilter)
                                : decodeProjectArchive(bytes, &error).has_value();
     if (read)
         return {};
-    const QString prefix = asFilter ? "This is not an Orvana filter design: " : "This is not an Orvana project: ";
+    const QString prefix =
+        asFilter ? "This is not an Orvana filter design: " : "This is not an Orvana project: ";
     EXPECT_TRUE(error.startsWith(prefix) && error.endsWith('.')) << error.toStdString();
     return error.mid(prefix.size()).chopped(1).toStdString();
 }
 
-}  // namespace
+} // namespace
 
 TEST(KeyedArchiveHostile, HandBuiltArchiveReads)
 {
@@ -75,9 +77,9 @@ TEST(KeyedArchiveHostile, HandBuiltArchiveReads)
     QString error;
     const auto project = decodeProjectArchive(bytes, &error);
     ASSERT_TRUE(project) << error.toStdString();
-    GVRProject expected{2, 1, 1, {}, {}, {}, {}, "\xce\xa9m", {}};  // null reference and missing keys: absent
+    GVRProject expected{2, 1, 1, {}, {}, {}, {}, "\xce\xa9m", {}}; // null reference and missing keys: absent
     EXPECT_EQ(*project, expected);
-    K f;  // NSArray is as good as NSMutableArray; 512 coefficients are allowed
+    K f; // NSArray is as good as NSMutableArray; 512 coefficients are allowed
     EXPECT_EQ(refusal(coefficients(f, 512.0, 512, f.plist.real(0.5), "NSArray"), true), "");
 }
 
@@ -94,8 +96,9 @@ TEST(KeyedArchiveHostile, RefusalsNameTheFault)
         return std::uint64_t(0);
     };
     const auto offList = [](const std::string& name) {
-        return std::make_tuple(std::function<QByteArray(K&)>([name](K& k) { return oneRecord(k, name, {}); }), false,
-                               "it contains an object of class “" + name + "”, which design files never hold");
+        return std::make_tuple(
+            std::function<QByteArray(K&)>([name](K& k) { return oneRecord(k, name, {}); }), false,
+            "it contains an object of class “" + name + "”, which design files never hold");
     };
     const auto damagedClass = [&](const std::string& badKind) {
         return std::make_tuple(std::function<QByteArray(K&)>([=](K& k) {
@@ -105,29 +108,45 @@ TEST(KeyedArchiveHostile, RefusalsNameTheFault)
     };
     const std::tuple<std::function<QByteArray(K&)>, bool, std::string> rows[] = {
         // The archive around the records.
-        {[](K& k) { return k.build(k.entry(k.arrayObject({}, k.classEntry("NSMutableArray"))), 100000, "NSArchiver"); },
-         false, "it was not written by a keyed archiver"},
-        {[](K& k) { return k.build(k.entry(k.arrayObject({}, k.classEntry("NSMutableArray"))), 99999); }, false,
-         "its archive version is 99999, not 100000"},
-        {[](K& k) { return rootArray(k, {}); }, false, "it holds no design"},
-        {[](K& k) { k.setEntry(0, k.plist.ascii("null")); return rootArray(k, {}); }, false,
-         "its object list does not begin with “$null”"},
-        {[](K& k) { return k.build(0, 100000, "NSKeyedArchiver", false); }, false, "its root object is missing"},
-        {[](K& k) { k.classEntry("NSMutableArray"); return k.build(0); }, false, "its root object is missing"},
         {[](K& k) {
-             return k.plist.build(std::uint64_t(k.plist.dict({{"$version", std::uint64_t(k.plist.integer(100000))},
-                                                              {"$archiver", std::uint64_t(k.plist.ascii("NSKeyedArchiver"))}})));
+             return k.build(k.entry(k.arrayObject({}, k.classEntry("NSMutableArray"))), 100000, "NSArchiver");
+         },
+         false, "it was not written by a keyed archiver"},
+        {[](K& k) { return k.build(k.entry(k.arrayObject({}, k.classEntry("NSMutableArray"))), 99999); },
+         false, "its archive version is 99999, not 100000"},
+        {[](K& k) { return rootArray(k, {}); }, false, "it holds no design"},
+        {[](K& k) {
+             k.setEntry(0, k.plist.ascii("null"));
+             return rootArray(k, {});
+         },
+         false, "its object list does not begin with “$null”"},
+        {[](K& k) { return k.build(0, 100000, "NSKeyedArchiver", false); }, false,
+         "its root object is missing"},
+        {[](K& k) {
+             k.classEntry("NSMutableArray");
+             return k.build(0);
+         },
+         false, "its root object is missing"},
+        {[](K& k) {
+             return k.plist.build(std::uint64_t(
+                 k.plist.dict({{"$version", std::uint64_t(k.plist.integer(100000))},
+                               {"$archiver", std::uint64_t(k.plist.ascii("NSKeyedArchiver"))}})));
          },
          false, "its object list is missing"},
-        {[](K& k) { return k.plist.build(std::uint64_t(k.plist.array({}))); }, false, "it is not a keyed archive"},
+        {[](K& k) { return k.plist.build(std::uint64_t(k.plist.array({}))); }, false,
+         "it is not a keyed archive"},
         // References out of bounds.
-        {[](K& k) { return oneRecord(k, "GVRProject", {{"multirateL", 99}}); }, false,
-         "it refers to object 99 of an archive of 5 objects"},
-        {[](K& k) { return k.build(1u << 31); }, false, "it refers to object 2147483648 of an archive of 1 objects"},
+        {[](K& k) {
+             return oneRecord(k, "GVRProject", {{"multirateL", 99}});
+         },
+         false, "it refers to object 99 of an archive of 5 objects"},
+        {[](K& k) { return k.build(1u << 31); }, false,
+         "it refers to object 2147483648 of an archive of 1 objects"},
         {[](K& k) { return rootArray(k, {k.entry(k.object({}, 1000))}); }, false,
          "it refers to object 1000 of an archive of 4 objects"},
         {[](K& k) { return rootArray(k, {7}); }, false, "it refers to object 7 of an archive of 3 objects"},
-        // Cycles: a field naming its record, record -> root -> record, an array holding itself, a class that is the object.
+        // Cycles: a field naming its record, record -> root -> record, an array holding itself, a class that
+        // is the object.
         {[](K& k) {
              const auto recordClass = k.classEntry("GVRFilter");
              const auto self = k.uidCount();
@@ -158,19 +177,29 @@ TEST(KeyedArchiveHostile, RefusalsNameTheFault)
          },
          true, "it contains a reference cycle"},
         // Classes.
-        offList("NSDictionary"), offList("NSData"), offList("NSString"), offList("NSURL"), offList("GVRFilter2"),
+        offList("NSDictionary"),
+        offList("NSData"),
+        offList("NSString"),
+        offList("NSURL"),
+        offList("GVRFilter2"),
         {[](K& k) { return oneRecord(k, "GVRSignal", {}); }, false,
          "it holds a “GVRSignal” record where a “GVRProject” belongs"},
         {[](K& k) { return k.build(k.entry(k.object({}, k.classEntry("GVRProject")))); }, false,
          "its root object is a “GVRProject”, not an array"},
-        {[](K& k) { return rootArray(k, {k.entry(k.plist.dict({{"multirateL", std::uint64_t(k.plist.uid(0))}}))}); },
+        {[](K& k) {
+             return rootArray(k, {k.entry(k.plist.dict({{"multirateL", std::uint64_t(k.plist.uid(0))}}))});
+         },
          false, "one of its objects has no class"},
-        damagedClass("string"), damagedClass("null"), damagedClass("noname"), damagedClass("chain"),
+        damagedClass("string"),
+        damagedClass("null"),
+        damagedClass("noname"),
+        damagedClass("chain"),
         // Values of the wrong kind; one object under keys of different types.
         {[](K& k) {
              const auto recordClass = k.classEntry("GVRProject");
-             return rootArray(k, {k.entry(k.plist.dict({{"multirateL", std::uint64_t(k.plist.integer(3))},
-                                                        {"$class", std::uint64_t(k.plist.uid(recordClass))}}))});
+             return rootArray(k,
+                              {k.entry(k.plist.dict({{"multirateL", std::uint64_t(k.plist.integer(3))},
+                                                     {"$class", std::uint64_t(k.plist.uid(recordClass))}}))});
          },
          false, "it holds a value where a reference belongs"},
         {[](K& k) {
@@ -183,14 +212,22 @@ TEST(KeyedArchiveHostile, RefusalsNameTheFault)
              return oneRecord(k, "GVRFilter", {{"dfFilterLengthN", number}, {"windowType", number}});
          },
          true, "the value under “windowType” is not a whole number"},
-        {[](K& k) { return oneRecord(k, "GVRFilter", {{"dfFilterLengthN", k.entry(k.plist.integer(7))}}); }, true,
-         "the value under “dfFilterLengthN” is not a real number"},
-        {[](K& k) { return oneRecord(k, "GVRFilter", {{"filterType", k.entry(k.plist.real(1.0))}}); }, true,
-         "the value under “filterType” is not a whole number"},
-        {[](K& k) { return oneRecord(k, "GVRFilter", {{"filterName", k.entry(k.plist.hex("09"))}}); }, true,
-         "the value under “filterName” is not a text"},
-        {[](K& k) { return oneRecord(k, "GVRFilter", {{"filterCoefficients", k.entry(k.plist.real(1.0))}}); }, true,
-         "the value under “filterCoefficients” is not an array"},
+        {[](K& k) {
+             return oneRecord(k, "GVRFilter", {{"dfFilterLengthN", k.entry(k.plist.integer(7))}});
+         },
+         true, "the value under “dfFilterLengthN” is not a real number"},
+        {[](K& k) {
+             return oneRecord(k, "GVRFilter", {{"filterType", k.entry(k.plist.real(1.0))}});
+         },
+         true, "the value under “filterType” is not a whole number"},
+        {[](K& k) {
+             return oneRecord(k, "GVRFilter", {{"filterName", k.entry(k.plist.hex("09"))}});
+         },
+         true, "the value under “filterName” is not a text"},
+        {[](K& k) {
+             return oneRecord(k, "GVRFilter", {{"filterCoefficients", k.entry(k.plist.real(1.0))}});
+         },
+         true, "the value under “filterCoefficients” is not an array"},
         {[](K& k) { return coefficients(k, 1.0, 1, k.plist.ascii("x")); }, true,
          "the value under “filterCoefficients” holds an element that is not a real number"},
         {[](K& k) {
@@ -234,11 +271,13 @@ TEST(KeyedArchiveHostile, SignalsHoldExactly16384Samples)
         const auto arrayClass = k.classEntry("NSMutableArray");
         const auto samples = k.entry(k.arrayObject(std::vector<std::uint64_t>(count, sample), arrayClass));
         QString error;
-        EXPECT_FALSE(decodeSignalArchive(oneRecord(k, "GVRSignal", {{"sampledSignalArray", samples}}), &error));
-        EXPECT_EQ(error, count == 100 ? "This is not an Orvana signal design: its “sampledSignalArray” holds 100 "
-                                        "samples instead of 16384."
-                                      : "This is not an Orvana signal design: the value under "
-                                        "“sampledSignalArray” holds 16385 elements; at most 16384 are allowed.");
+        EXPECT_FALSE(
+            decodeSignalArchive(oneRecord(k, "GVRSignal", {{"sampledSignalArray", samples}}), &error));
+        EXPECT_EQ(error, count == 100
+                             ? "This is not an Orvana signal design: its “sampledSignalArray” holds 100 "
+                               "samples instead of 16384."
+                             : "This is not an Orvana signal design: the value under "
+                               "“sampledSignalArray” holds 16385 elements; at most 16384 are allowed.");
     }
 }
 

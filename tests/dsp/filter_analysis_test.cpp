@@ -55,7 +55,8 @@ TEST(WindowProperties, ClosedFormsAndPublishedTables)
         EXPECT_NEAR(windowProperties(w).enbwBins, 1.5 * n / (n - 1.0), 1e-9);
     }
     // Published values (Harris 1978) for large N; a symmetric 255-point window differs by ~1/N.
-    for (const int index : {kWindowRectangular, kWindowHann, kWindowHamming, kWindowBlackman, kWindowBlackmanHarris}) {
+    for (const int index :
+         {kWindowRectangular, kWindowHann, kWindowHamming, kWindowBlackman, kWindowBlackmanHarris}) {
         std::vector<double> w(255);
         winfun(index, 0.0, w);
         const WindowProperties m = windowProperties(w);
@@ -118,7 +119,8 @@ TEST(FilterAnalysis, EdgesStopbandRippleAndBits)
 
     // All ones in the ideal samples: a single impulse, flat, no crossing and no stopband.
     const Design flat = design(kFilterLowPass, 25, 0.99, 0.0, kWindowRectangular, 0.0, kWidthDouble);
-    const FilterMeasurement f = measureFilter(kFilterLowPass, 0.99, 0.0, kWidthDouble, flat.c, flat.cp, flat.q);
+    const FilterMeasurement f =
+        measureFilter(kFilterLowPass, 0.99, 0.0, kWidthDouble, flat.c, flat.cp, flat.q);
     EXPECT_TRUE(std::isnan(f.response.edges3dB[0]));
     EXPECT_TRUE(std::isnan(f.stopbandAttenuationDb));
     EXPECT_NEAR(f.response.passbandRippleDb, 0.0, 1e-9);

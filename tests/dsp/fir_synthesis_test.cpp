@@ -55,7 +55,10 @@ TEST(FirSynthesis, PassbandCountsAndMask)
         std::size_t N;
         double theta;
         std::size_t M;
-    } counts[] = {{25, 0.5, 6}, {255, 0.99, 126}, {25, 0.01, 0} /* N·θ < 1 */, {51, 0.2, 5} /* floor(11.2/2) */,
+    } counts[] = {{25, 0.5, 6},
+                  {255, 0.99, 126},
+                  {25, 0.01, 0} /* N·θ < 1 */,
+                  {51, 0.2, 5} /* floor(11.2/2) */,
                   {25, 0.2, 3} /* N·θ = 5: floor(6/2), the half bin rounds up */};
     for (const auto& c : counts)
         EXPECT_EQ(passbandCount(c.N, c.theta), c.M) << c.N << " " << c.theta;
@@ -112,7 +115,8 @@ TEST(FirSynthesis, CentredInverseMatchesNumpy)
         for (double& v : H)
             v = u(gen);
         iDFTforSinc(H, h);
-        const auto ref = reference::numbers("filter_reference.py", {"idft", QString::number(N)}, reference::numbersLine(H));
+        const auto ref = reference::numbers("filter_reference.py", {"idft", QString::number(N)},
+                                            reference::numbersLine(H));
         ASSERT_EQ(ref.size(), N);
         for (std::size_t k = 0; k < N; ++k)
             EXPECT_NEAR(h[k], ref[k], 1e-12) << k;

@@ -52,7 +52,8 @@ TEST(FrequencyResponse, MatchesNumpy)
     };
     for (std::size_t f = 0; f < filters.size(); ++f) {
         const Response r = respond(filters[f]);
-        const auto ref = reference::numbers("filter_reference.py", {"response"}, reference::numbersLine(filters[f]));
+        const auto ref =
+            reference::numbers("filter_reference.py", {"response"}, reference::numbersLine(filters[f]));
         ASSERT_EQ(ref.size(), 2 * kResponsePoints);
         for (std::size_t k = 0; k < kResponsePoints; ++k) {
             // Deep stop-band bins carry the FFT's absolute rounding (~1e-16), which in dB grows as 1/|X|.

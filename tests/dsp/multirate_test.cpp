@@ -61,7 +61,8 @@ TEST(Multirate, AutoFilterMatchesScipyDesign)
     }
     for (auto [L, M] : {std::pair{2, 3}, std::pair{10, 3}, std::pair{1, 12}}) {
         const auto h = autoFilter(L, M);
-        const auto ref = reference::numbers("project_auto_filter.py", {QString::number(L), QString::number(M)});
+        const auto ref =
+            reference::numbers("project_auto_filter.py", {QString::number(L), QString::number(M)});
         ASSERT_EQ(ref.size(), kAutoFilterTaps);
         for (std::size_t i = 0; i < kAutoFilterTaps; ++i)
             ASSERT_NEAR(h[i], ref[i], 1e-6) << L << "/" << M << " tap " << i;
@@ -103,7 +104,8 @@ TEST(Multirate, FusedSystemEqualsChainAndUpfirdn)
         for (std::size_t j = 0; j < N; ++j)
             ASSERT_NEAR(y[j], w[j], 1e-15 * scale) << j;
 
-        const auto ref = reference::numbers("project_systems.py", {"multirate", QString::number(c.L), QString::number(c.M)},
+        const auto ref = reference::numbers("project_systems.py",
+                                            {"multirate", QString::number(c.L), QString::number(c.M)},
                                             reference::numbersLine(h) + reference::numbersLine(x));
         ASSERT_EQ(ref.size(), N);
         for (std::size_t j = 0; j < N; ++j)

@@ -14,7 +14,8 @@ namespace {
 constexpr std::size_t N = kSignalSamples;
 
 // Samples from tests/reference/signal_generators.py, or an empty vector.
-std::vector<double> generated(const char* mode, const char* kind, double fs, double a, double b, double c, double d)
+std::vector<double> generated(const char* mode, const char* kind, double fs, double a, double b, double c,
+                              double d)
 {
     QStringList args{mode, kind};
     for (const double v : {fs, double(N), a, b, c, d})
@@ -186,7 +187,7 @@ TEST(SignalGenerators, DispatcherAddsNoiseAndReportsMaxFreq)
         int index;
         double a, b, c, d, maxFreq;
     } kinds[] = {{1, 1, 20, 1, 30, 30}, {4, 1, 40, 1, 30, 40}, {2, 1, 10, 0, 3.7, 37}, {5, 1, 10, 0, 0.5, 5},
-                 {7, 1, 20, 1, 30, 50}, {6, 1, 5, 0, 0, 3},   {9, 1, 0, 0, 0, 3},     {10, 1, 0, 0, 0, 3}};
+                 {7, 1, 20, 1, 30, 50}, {6, 1, 5, 0, 0, 3},    {9, 1, 0, 0, 0, 3},     {10, 1, 0, 0, 0, 3}};
     for (const auto& k : kinds)
         EXPECT_EQ(signalTimeDomain(k.index, 300, k.a, k.b, k.c, k.d, 0, 0, x), k.maxFreq) << k.index;
     EXPECT_EQ(signalTimeDomain(11, 300, 1, 35, 0, 0, 0, 0, x), 0.0);

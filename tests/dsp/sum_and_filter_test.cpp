@@ -74,7 +74,8 @@ TEST(SumAndFilter, MatchesNumpyConvolution)
         const auto h = randomSignal(taps, 5);
         std::vector<double> y(N);
         convolutionSysOut(x, h, y);
-        const auto ref = reference::numbers("project_systems.py", {"conv"}, reference::numbersLine(h) + reference::numbersLine(x));
+        const auto ref = reference::numbers("project_systems.py", {"conv"},
+                                            reference::numbersLine(h) + reference::numbersLine(x));
         ASSERT_EQ(ref.size(), N);
         for (std::size_t n = 0; n < N; ++n)
             ASSERT_NEAR(y[n], ref[n], 1e-12 * std::sqrt(static_cast<double>(taps))) << taps << " " << n;

@@ -33,10 +33,10 @@ TEST(UnitConversion, FreqUnits)
         int code;
         double maxFreq;
     } cases[] = {
-        {0, 1, 3.0, 35.0, 0, 2, 0, 3.0},     // only x₁
-        {0, 1, 3.0, 35.0, 2, 1, 1, 35.0},    // only x₂
-        {1, 1, 3.0, 35.0, 0, 0, 1, 35.0},    // both KHz
-        {1, 0, 3500.0, 2.0, 0, 1, 0, 3.5},   // KHz and MHz → MHz
+        {0, 1, 3.0, 35.0, 0, 2, 0, 3.0},   // only x₁
+        {0, 1, 3.0, 35.0, 2, 1, 1, 35.0},  // only x₂
+        {1, 1, 3.0, 35.0, 0, 0, 1, 35.0},  // both KHz
+        {1, 0, 3500.0, 2.0, 0, 1, 0, 3.5}, // KHz and MHz → MHz
         {0, 1, 3.0, 500.0, 1, 0, 0, 3.0},
     };
     for (const auto& c : cases) {

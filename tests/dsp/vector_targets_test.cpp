@@ -64,16 +64,33 @@ TEST_P(FastElementary, DecibelsPhaseAndZerosMatchTheCLibrary)
     for (int i = 0; i < 10003; ++i) // both parts over 12 decades: the arctangent
         X.push_back({u(gen) * std::pow(10.0, 6.0 * u(gen)), u(gen) * std::pow(10.0, 6.0 * u(gen))});
     const double root2 = std::sqrt(std::sqrt(2.0)); // powers either side of √2, where the reduction turns
-    for (const double r : {1.0, std::sqrt(2.0), std::sqrt(0.5), root2, std::nextafter(root2, 2.0),
-                           std::nextafter(root2, 0.0), std::ldexp(1.0, -511) /* power DBL_MIN */, std::sqrt(DBL_MAX),
-                           1e-155 /* subnormal power */, 1e155 /* power overflows */, kInf, kNaN, -1.0})
+    for (const double r :
+         {1.0, std::sqrt(2.0), std::sqrt(0.5), root2, std::nextafter(root2, 2.0), std::nextafter(root2, 0.0),
+          std::ldexp(1.0, -511) /* power DBL_MIN */, std::sqrt(DBL_MAX), 1e-155 /* subnormal power */,
+          1e155 /* power overflows */, kInf, kNaN, -1.0})
         X.push_back({r, 0.0});
     const std::complex<double> specials[] = {
-        {1.0, 0.0},  {1.0, -0.0}, {0.0, 1.0},   {0.0, -1.0},      {-0.0, 1.0}, {1.0, 1.0}, {1.0, -1.0}, {1.0, kInf},
-        {kInf, 1.0}, {kInf, kInf}, {1.0, 2.414213562373095}, {1.0, 0.66}, {1e200, 1e200},
+        {1.0, 0.0},
+        {1.0, -0.0},
+        {0.0, 1.0},
+        {0.0, -1.0},
+        {-0.0, 1.0},
+        {1.0, 1.0},
+        {1.0, -1.0},
+        {1.0, kInf},
+        {kInf, 1.0},
+        {kInf, kInf},
+        {1.0, 2.414213562373095},
+        {1.0, 0.66},
+        {1e200, 1e200},
         // The near-zero rule's edges: on it, just past it in either part, far below it.
-        {0.0, 0.0},  {tiny, -tiny}, {-tiny, tiny}, {-1e-300, 0.0}, {std::nextafter(tiny, 1.0), 0.0},
-        {0.0, -std::nextafter(tiny, 1.0)}, {1e-11, 0.0} /* last: in the one-lane tail */};
+        {0.0, 0.0},
+        {tiny, -tiny},
+        {-tiny, tiny},
+        {-1e-300, 0.0},
+        {std::nextafter(tiny, 1.0), 0.0},
+        {0.0, -std::nextafter(tiny, 1.0)},
+        {1e-11, 0.0} /* last: in the one-lane tail */};
     X.insert(X.end(), std::begin(specials), std::end(specials));
 
     for (const bool withPhase : {true, false}) {
@@ -165,10 +182,10 @@ TEST(VectorTargets, QuantisationRoundsLikeTheDefinition)
     std::vector<double> c(251);
     for (std::size_t n = 0; n < c.size(); ++n)
         c[n] = std::sin(0.37 * static_cast<double>(n)) * std::exp(-0.01 * static_cast<double>(n));
-    c[7] = 1.0;          // full scale
-    c[8] = 2.5 / 127.0;  // near halves, both signs
+    c[7] = 1.0;         // full scale
+    c[8] = 2.5 / 127.0; // near halves, both signs
     c[9] = -2.5 / 127.0;
-    c[10] = -1e9;        // saturates
+    c[10] = -1e9; // saturates
     c[11] = kNaN;
     c[250] = -0.5 / 127.0; // in the scalar tail
     std::vector<std::int32_t> want(c.size());

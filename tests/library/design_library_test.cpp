@@ -39,7 +39,8 @@ TEST_F(DesignLibraryTest, FirstLaunchMakesRootAndFourFolders)
 {
     EXPECT_TRUE(library.ensureFolders().isEmpty());
     for (Folder folder : DesignLibrary::kFolders)
-        EXPECT_TRUE(QFileInfo(library.folderPath(folder)).isDir()) << library.folderPath(folder).toStdString();
+        EXPECT_TRUE(QFileInfo(library.folderPath(folder)).isDir())
+            << library.folderPath(folder).toStdString();
     // Every launch runs it again; existing folders and their files stay.
     writeText(library.filterPath("mine"), "kept");
     EXPECT_TRUE(library.ensureFolders().isEmpty());
@@ -53,7 +54,8 @@ TEST_F(DesignLibraryTest, PlainFileInPlaceOfAFolderIsLeftAloneAndReported)
     const QList<LibraryProblem> problems = library.ensureFolders();
     ASSERT_EQ(problems.size(), 1);
     EXPECT_EQ(problems[0].path, root + "/signal");
-    EXPECT_TRUE(problems[0].message.contains("signal designs cannot be saved")) << problems[0].message.toStdString();
+    EXPECT_TRUE(problems[0].message.contains("signal designs cannot be saved"))
+        << problems[0].message.toStdString();
     EXPECT_EQ(readText(root + "/signal"), "not a folder");
     EXPECT_TRUE(QFileInfo(library.folderPath(Folder::Filter)).isDir());
     EXPECT_TRUE(QFileInfo(library.folderPath(Folder::ProjectTwo)).isDir());
@@ -142,8 +144,9 @@ TEST_F(DesignLibraryTest, SeedingCopiesSamplesButNeverReplacesTheUsersFile)
     EXPECT_EQ(report.kept, QStringList{"lp300fc25.filt"});
     EXPECT_TRUE(report.missing.isEmpty() && report.problems.isEmpty());
     for (const auto& sample : DesignLibrary::kSamples) {
-        const QByteArray own = QByteArray(sample.fileName) == "lp300fc25.filt" ? "the user's own design"
-                                                                               : QByteArray("sample ") + sample.fileName;
+        const QByteArray own = QByteArray(sample.fileName) == "lp300fc25.filt"
+                                   ? "the user's own design"
+                                   : QByteArray("sample ") + sample.fileName;
         EXPECT_EQ(readText(library.folderPath(sample.folder) + "/" + sample.fileName), own);
     }
     EXPECT_EQ(library.files(Folder::Signal).size(), 5);
@@ -170,7 +173,8 @@ TEST_F(DesignLibraryTest, SeedingReportsMissingSamplesAndFolders)
     const SeedReport report = library.seedSamples(samples);
     EXPECT_EQ(report.missing, QStringList{"Cos35Fs300.signal"});
     ASSERT_EQ(report.problems.size(), 1);
-    EXPECT_TRUE(report.problems[0].message.startsWith("The sample design “multirateUser300to450.orvana” was not copied"))
+    EXPECT_TRUE(report.problems[0].message.startsWith(
+        "The sample design “multirateUser300to450.orvana” was not copied"))
         << report.problems[0].message.toStdString();
     EXPECT_EQ(readText(root + "/projectTwo"), "in the way");
     EXPECT_EQ(report.copied.size(), 11);
@@ -182,4 +186,4 @@ TEST_F(DesignLibraryTest, SeedingReportsMissingSamplesAndFolders)
     EXPECT_EQ(library.seedSamples(QString()).missing.size(), 13);
 }
 
-}  // namespace
+} // namespace

@@ -26,7 +26,8 @@ GVRFilter smallFilter()
 
 GVRSignal cosine()
 {
-    GVRSignal s{300.0, 0.0, 0, 0, 10.0, {}, {}, {}, {}, {}, {}, {}, {}, std::vector<double>(kSignalSampleCount)};
+    GVRSignal s{300.0, 0.0, 0,  0,  10.0, {}, {},
+                {},    {},  {}, {}, {},   {}, std::vector<double>(kSignalSampleCount)};
     for (std::size_t k = 0; k < kSignalSampleCount; ++k)
         (*s.sampledSignalArray)[k] = double(k % 7) - 3.0;
     return s;
@@ -78,4 +79,4 @@ TEST_F(LibraryDesignSourceTest, MissingDamagedOrOutsideFilesAreRefusedWithAReaso
     EXPECT_FALSE(LibraryDesignSource::isPlainName(".."));
 }
 
-}  // namespace
+} // namespace

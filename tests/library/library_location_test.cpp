@@ -11,9 +11,8 @@ TEST(LibraryLocation, OptionBeatsEnvironmentBeatsDefault)
 {
     const bool had = qEnvironmentVariableIsSet(kLibraryEnvironmentVariable);
     const QByteArray old = qgetenv(kLibraryEnvironmentVariable);
-    const auto restore = qScopeGuard([&] {
-        had ? qputenv(kLibraryEnvironmentVariable, old) : qunsetenv(kLibraryEnvironmentVariable);
-    });
+    const auto restore = qScopeGuard(
+        [&] { had ? qputenv(kLibraryEnvironmentVariable, old) : qunsetenv(kLibraryEnvironmentVariable); });
     const QString base = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     EXPECT_EQ(defaultLibraryRoot(), QDir::cleanPath(base + "/Orvana"));
     qputenv(kLibraryEnvironmentVariable, "");

@@ -21,5 +21,6 @@ TEST(NoteFormat, NumberFollowsTwoBlanksWithThreeDecimals)
         {"x ", 0.0004999999999999999, true, "x  0.001"},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(formatNote(QString::fromUtf8(c.text), c.number, c.withNumber), QString::fromUtf8(c.note)) << c.note;
+        EXPECT_EQ(formatNote(QString::fromUtf8(c.text), c.number, c.withNumber), QString::fromUtf8(c.note))
+            << c.note;
 }

@@ -11,8 +11,8 @@ QString scriptPath(const QString& name)
     return QStringLiteral(ORVANA_TEST_SCRIPTS_DIR "/") + name;
 }
 
-std::optional<QByteArray> runPython(const QString& script, const QStringList& args,
-                                    const QByteArray& input, QString* error)
+std::optional<QByteArray> runPython(const QString& script, const QStringList& args, const QByteArray& input,
+                                    QString* error)
 {
     QProcess p;
     p.start(QStringLiteral(ORVANA_REFERENCE_PYTHON), QStringList{scriptPath(script)} + args);
@@ -63,4 +63,4 @@ std::vector<double> numbers(const QString& script, const QStringList& args, cons
     return out ? parseNumbers(*out) : std::vector<double>{};
 }
 
-}  // namespace reference
+} // namespace reference

@@ -32,4 +32,4 @@ std::vector<double> parseNumbers(const QByteArray& text);
 // message and the result is empty.
 std::vector<double> numbers(const QString& script, const QStringList& args, const QByteArray& input = {});
 
-}  // namespace reference
+} // namespace reference
