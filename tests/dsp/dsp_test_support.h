@@ -11,7 +11,8 @@ namespace dsptest {
 
 // An ideal low pass of N taps and pass band θ, windowed with its peak
 // restored, then moved to its band (θ0 is a band pass's centre).
-inline std::vector<double> design(std::size_t N, double theta, int type, double theta0, int window, double p = 0.0)
+inline std::vector<double> design(std::size_t N, double theta, int type, double theta0, int window,
+                                  double p = 0.0)
 {
     std::vector<double> H(N), h(N), w(N), hw(N), c(N);
     idealLowPassSamples(passbandCount(N, theta), H);

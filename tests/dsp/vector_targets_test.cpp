@@ -68,29 +68,15 @@ TEST_P(FastElementary, DecibelsPhaseAndZerosMatchTheCLibrary)
           std::ldexp(1.0, -511) /* power DBL_MIN */, std::sqrt(DBL_MAX), 1e-155 /* subnormal power */,
           1e155 /* power overflows */, kInf, kNaN, -1.0})
         X.push_back({r, 0.0});
-    const std::complex<double> specials[] = {
-        {1.0, 0.0},
-        {1.0, -0.0},
-        {0.0, 1.0},
-        {0.0, -1.0},
-        {-0.0, 1.0},
-        {1.0, 1.0},
-        {1.0, -1.0},
-        {1.0, kInf},
-        {kInf, 1.0},
-        {kInf, kInf},
-        {1.0, 2.414213562373095},
-        {1.0, 0.66},
-        {1e200, 1e200},
-        // The near-zero rule's edges: on it, just past it in either part, far below it.
-        {0.0, 0.0},
-        {tiny, -tiny},
-        {-tiny, tiny},
-        {-1e-300, 0.0},
-        {std::nextafter(tiny, 1.0), 0.0},
-        {0.0, -std::nextafter(tiny, 1.0)},
-        {1e-11, 0.0} /* last: in the one-lane tail */};
-    X.insert(X.end(), std::begin(specials), std::end(specials));
+    // (Re, Im): quadrants, axes, infinities, overflow; then the near-zero rule's edges: on it, just past it
+    // in either part, far below it, and last (in the one-lane tail) one more below it.
+    const double t1 = std::nextafter(tiny, 1.0),
+                 parts[] = {1.0, 0.0,  1.0,   -0.0,  0.0,  1.0,   0.0,  -1.0,  -0.0,  1.0,  1.0,
+                            1.0, 1.0,  -1.0,  1.0,   kInf, kInf,  1.0,  kInf,  kInf,  1.0,  2.414213562373095,
+                            1.0, 0.66, 1e200, 1e200, 0.0,  0.0,   tiny, -tiny, -tiny, tiny, -1e-300,
+                            0.0, t1,   0.0,   0.0,   -t1,  1e-11, 0.0};
+    for (std::size_t i = 0; i < std::size(parts); i += 2)
+        X.push_back({parts[i], parts[i + 1]});
 
     for (const bool withPhase : {true, false}) {
         std::vector<double> dB(X.size()), phase(withPhase ? X.size() : 0);

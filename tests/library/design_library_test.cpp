@@ -47,7 +47,7 @@ TEST_F(DesignLibraryTest, FirstLaunchMakesRootAndFourFolders)
     EXPECT_EQ(readText(library.filterPath("mine")), "kept");
 }
 
-TEST_F(DesignLibraryTest, PlainFileInPlaceOfAFolderIsLeftAloneAndReported)
+TEST_F(DesignLibraryTest, PlainFilesInPlaceOfFoldersAreLeftAloneAndReported)
 {
     ASSERT_TRUE(QDir().mkpath(root));
     writeText(root + "/signal", "not a folder");
@@ -60,17 +60,15 @@ TEST_F(DesignLibraryTest, PlainFileInPlaceOfAFolderIsLeftAloneAndReported)
     EXPECT_TRUE(QFileInfo(library.folderPath(Folder::Filter)).isDir());
     EXPECT_TRUE(QFileInfo(library.folderPath(Folder::ProjectTwo)).isDir());
     EXPECT_FALSE(QFileInfo(library.signalPath("x")).exists());
-}
 
-TEST_F(DesignLibraryTest, RootThatCannotBeMadeIsOneProblem)
-{
-    writeText(dir.path() + "/blocker", "file");
-    DesignLibrary blocked(dir.path() + "/blocker/Orvana");
-    const QList<LibraryProblem> problems = blocked.ensureFolders();
-    ASSERT_EQ(problems.size(), 1);
-    EXPECT_EQ(problems[0].path, dir.path() + "/blocker/Orvana");
-    EXPECT_TRUE(problems[0].message.startsWith("The folder “")) << problems[0].message.toStdString();
-    EXPECT_EQ(readText(dir.path() + "/blocker"), "file");
+    // A root that cannot be made is one problem.
+    DesignLibrary blocked(root + "/signal/Orvana");
+    const QList<LibraryProblem> blockedProblems = blocked.ensureFolders();
+    ASSERT_EQ(blockedProblems.size(), 1);
+    EXPECT_EQ(blockedProblems[0].path, root + "/signal/Orvana");
+    EXPECT_TRUE(blockedProblems[0].message.startsWith("The folder “"))
+        << blockedProblems[0].message.toStdString();
+    EXPECT_EQ(readText(root + "/signal"), "not a folder");
 }
 
 TEST_F(DesignLibraryTest, ReadOnlyRootReportsEachFolder)
