@@ -31,6 +31,7 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QSpinBox;
+class QStringListModel;
 
 class GVRWinProject : public QMainWindow, public ProjectView, public TimeArraySource, public FreqArraySource {
     Q_OBJECT
@@ -120,6 +121,9 @@ private:
     void showInMode(int mode);
     void showProjectWindow();
     void initPopUpsWithMandatoryFlag(bool mandatory);
+    // The filter and signal pop-ups' names, read from the library folders.
+    void listDesignNames();
+    void ensureDesignNamesListed();
     // True unless both folders are provably as they were when the pop-ups
     // were last filled.
     bool designFoldersChanged() const;
@@ -154,6 +158,9 @@ private:
     QComboBox* signalOneSignPopUp_ = nullptr;
     QComboBox* signalTwoSignPopUp_ = nullptr;
     QComboBox* filterPopUp_ = nullptr;
+    QStringListModel* filterNames_ = nullptr;
+    QStringListModel* signalNames_ = nullptr;
+    bool namesListed_ = false;
     QComboBox* graphPopUp_ = nullptr;
     QButtonGroup* autoFilterGenBut_ = nullptr;
     QRadioButton* userFilterBut_ = nullptr;
