@@ -10,7 +10,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWheelEvent>
-#include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
 
@@ -135,18 +134,13 @@ TEST(ChartMouse, WheelAndRubberBandZoomThenSaveSvg)
     QWheelEvent wheel(at, view.mapToGlobal(at), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(&view, &wheel);
-    EXPECT_NEAR(view.chartZoom().u0, 0.05, 1e-12);
-    EXPECT_NEAR(view.chartZoom().u1, 0.85, 1e-12);
+    expectZoom(view.chartZoom(), {0.05, 0.85, 0.0, 1.0});
 
     // From (100, 100) to (500, 300): x 0.1…0.5 of the zoomed view, y (from below) 0.25…0.75.
     QTest::mousePress(&view, Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
     QTest::mouseMove(&view, QPoint(500, 300));
     QTest::mouseRelease(&view, Qt::LeftButton, Qt::NoModifier, QPoint(500, 300));
-    const ChartZoom z = view.chartZoom();
-    EXPECT_NEAR(z.u0, 0.05 + 0.8 * 0.1, 1e-9);
-    EXPECT_NEAR(z.u1, 0.05 + 0.8 * 0.5, 1e-9);
-    EXPECT_NEAR(z.v0, 0.25, 1e-9);
-    EXPECT_NEAR(z.v1, 0.75, 1e-9);
+    expectZoom(view.chartZoom(), {0.05 + 0.8 * 0.1, 0.05 + 0.8 * 0.5, 0.25, 0.75});
     EXPECT_FALSE(view.readoutText().isEmpty()); // the pointer's read-out follows it
 
     QTemporaryDir dir;
@@ -159,12 +153,7 @@ TEST(ChartMouse, WheelAndRubberBandZoomThenSaveSvg)
     GVRChartView::setFileChooser({});
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QXmlStreamReader xml(&file);
-    int paths = 0;
-    while (!xml.atEnd())
-        paths += xml.readNext() == QXmlStreamReader::StartElement && xml.name() == QLatin1String("path");
-    EXPECT_FALSE(xml.hasError());
-    EXPECT_GE(paths, 2); // the curve and the grid
+    EXPECT_GE(file.readAll().count("<path"), 2); // the curve and the grid
 
     QTest::keyClick(&view, Qt::Key_Escape);
     EXPECT_TRUE(view.chartZoom().isDefault());

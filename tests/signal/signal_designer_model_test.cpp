@@ -54,7 +54,6 @@ TEST_F(SignalModel, ValidationMessagesAndNotices)
         {7, 300, {1, 100, 1, 0, 0, 0}, "VALID RANGE: fₐ > 0"},
         {8, 1, {1, 16384.5, 0, 0, 0, 0}, "VALID RANGE: 0 < τ ≤  16384.000"},
         {8, 1, {1, 0, 0, 0, 0, 0}, "VALID RANGE: 0 < τ ≤  16384.000"},
-        {8, 1, {1, -1, 0, 0, 0, 0}, "VALID RANGE: 0 < τ ≤  16384.000"},
         {8, 1, {1, 5, -1, 0, 0, 0}, "VALID RANGE: σ ≥ 0"},
         {9, 300, {0, 0, 0, 0, 0, 0}, "VALID RANGE: |β| > 0"},
         {10, 300, {1, -1, 0, 0, 0, 0}, "VALID RANGE: σ ≥ 0"},
@@ -64,36 +63,28 @@ TEST_F(SignalModel, ValidationMessagesAndNotices)
         {4, 300, {0, 10, 1, 20, 0, 0}, "DESIGNED: "},
         {2, 300, {1, 10, 0, 14.9, 0, 0}, optimal},
         {8, 1, {1, 16384, 0, 0, 0, 0}, "DESIGNED: "}, // r = 16384 ≥ 10
-        {1, 300, {1, 10, 1, 20, 0, 0}, "DESIGNED: "},
-        {3, 300, {1, 10, 0, 0.1, 0, 0}, "DESIGNED: "},
-        {5, 300, {1, 10, -7, -3, 0, -2}, optimal}, // σ = 0 passes; phase, μ and M are free
+        {5, 300, {1, 10, -7, -3, 0, -2}, optimal},    // σ = 0 passes; phase, μ and M are free
         {6, 300, {0.5, -2, 0, 0, 0, 0}, "DESIGNED: "},
         {9, 300, {-1, 0, 0, 0, 0, 0}, "DESIGNED: "},
         {0, 300, {1, 35, 0, 0, 0, 0}, optimal},
         {0, 300, {1, 30, 0, 0, 0, 0}, "DESIGNED: "}, // r = 10
         {7, 300, {1, 10, 1, 25, 0, 0}, optimal},
         {8, 300, {1, 0.02, 0, 0, 0, 0}, optimal},
-        {10, 300, {3, 0, 0, 0, 0, 0}, "DESIGNED: "},
         {2, 300, {1, 10, 0, 0, 0, 0}, "DESIGNED: "}, // max_freq 0: r infinite
         {0, kNaN, {1, 10, 0, 0, 0, 0}, "VALID RANGE: f samp is not a number"},
         {0, kInf, {1, 10, 0, 0, 0, 0}, "VALID RANGE: f samp is not finite"},
-        {0, -kInf, {1, 10, 0, 0, 0, 0}, "VALID RANGE: f samp > 0"},
         {0, 300, {kNaN, 10, 0, 0, 0, 0}, "VALID RANGE: A is not a number"},
         {0, 300, {1, 10, kInf, 0, 0, 0}, "VALID RANGE: ϕ is not finite"},
-        {3, 300, {1, 10, 0, 0, kNaN, 0}, "VALID RANGE: μ is not a number"},
         {1, 300, {1, 10, kNaN, 20, 0, 0}, "VALID RANGE: A₂ is not a number"},
         {2, 300, {1, 10, 0, kNaN, 0, 0}, "VALID RANGE: M is not a number"},
-        {2, 300, {1, 10, 0, -kInf, 0, 0}, "VALID RANGE: M is not finite"},
         {6, 300, {kInf, 0, 0, 0, 0, 0}, "VALID RANGE: σ is not finite"},
         {7, 300, {1, kNaN, 1, 20, 0, 0}, "VALID RANGE: fₐ₁ is not a number"},
         {8, 300, {1, kNaN, 0, 0, 0, 0}, "VALID RANGE: τ is not a number"},
         {9, 300, {kNaN, 0, 0, 0, 0, 0}, "VALID RANGE: β is not a number"},
         {10, 300, {1, 0, kInf, 0, 0, 0}, "VALID RANGE: μ is not finite"},
-        {0, 300, {1, 10, 0, 0, 0, kNaN}, "DESIGNED: "},
         {9, 300, {1, 0, 0, kNaN, kInf, kNaN}, "DESIGNED: "},
         // Finite values whose samples overflow.
         {1, 300, {1e308, 10, 1e308, 20, 0, 0}, "VALID RANGE: parameters give non-finite samples"},
-        {1, 300, {1, 10, 1, 20, 1e308, 0}, "VALID RANGE: parameters give non-finite samples"},
         {8, 300, {1, 1e-320, 0, 0, 0, 0}, "VALID RANGE: parameters give non-finite samples"},
         {9, 1e-310, {1, 0, 0, 0, 0, 0}, "VALID RANGE: parameters give non-finite samples"},
     };
