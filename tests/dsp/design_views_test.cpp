@@ -63,8 +63,7 @@ TEST(DesignViews, GroupDelayOfLinearPhaseIsHalfTheLength)
         EXPECT_GT(checked, 600);
     }
     // A pure delay of 3 samples.
-    const auto d = designviews::groupDelay(std::vector<double>{0, 0, 0, 2.0}, 10);
-    for (const double v : d)
+    for (const double v : designviews::groupDelay(std::vector<double>{0, 0, 0, 2.0}, 10))
         EXPECT_NEAR(v, 3.0, 1e-12);
 }
 

@@ -176,7 +176,6 @@ TEST_F(FilterModel, SymmetryNotices)
     for (const auto& [code, text] : {std::pair{1, "Filter Coefficients: Negative Symmetry"},
                                      {2, "Filter Coefficients: Positive Symmetry"},
                                      {0, "ERROR: Filter Coefficients are not Symmetric"},
-                                     {3, "ERROR: Filter Coefficients are not Symmetric"},
                                      {-1, "ERROR: Filter Coefficients are not Symmetric"}}) {
         model.displayNoticeWithSymmetry(code);
         EXPECT_EQ(view.note, QString::fromUtf8(text)) << code;
