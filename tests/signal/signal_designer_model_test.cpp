@@ -58,7 +58,6 @@ TEST_F(SignalModel, ValidationMessagesAndNotices)
         {9, 300, {0, 0, 0, 0, 0, 0}, "VALID RANGE: |β| > 0"},
         {10, 300, {1, -1, 0, 0, 0, 0}, "VALID RANGE: σ ≥ 0"},
         {0, -1, {0, 200, 0, -1, 0, 0}, "VALID RANGE: f samp > 0"},
-        {2, 300, {1, 200, 0, 15, -1, 0}, "VALID RANGE: fₐ <  150.000"},
         {0, 300, {1, 149.9, 0, 0, 0, 0}, optimal},
         {4, 300, {0, 10, 1, 20, 0, 0}, "DESIGNED: "},
         {2, 300, {1, 10, 0, 14.9, 0, 0}, optimal},
@@ -107,10 +106,8 @@ TEST_F(SignalModel, ArraysAndHeaders)
     ASSERT_TRUE(model.validResultsFlag());
     const auto& t = model.timeDomainArray();
     const auto& f = model.freqDomainArray();
-    ASSERT_EQ(t.size(), 16392u);
-    ASSERT_EQ(f.size(), 8200u);
-    EXPECT_EQ(view.time, t);
-    EXPECT_EQ(view.freq, f);
+    ASSERT_TRUE(t.size() == 16392u && f.size() == 8200u);
+    EXPECT_TRUE(view.time == t && view.freq == f);
     // fs, max frequency, volts, KHz, largest and smallest sample, two zeros.
     EXPECT_EQ(std::vector<double>(t.begin(), t.begin() + 4), (std::vector<double>{300.0, 37.5, 0.0, 1.0}));
     EXPECT_NEAR(t[4], 1.0, 1e-15);
