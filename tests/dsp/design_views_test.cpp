@@ -63,8 +63,7 @@ TEST(DesignViews, GroupDelayOfLinearPhaseIsHalfTheLength)
         EXPECT_GT(checked, 600);
     }
     // A pure delay of 3 samples.
-    const auto d = designviews::groupDelay(std::vector<double>{0, 0, 0, 2.0}, 10);
-    for (const double v : d)
+    for (const double v : designviews::groupDelay(std::vector<double>{0, 0, 0, 2.0}, 10))
         EXPECT_NEAR(v, 3.0, 1e-12);
 }
 
@@ -90,8 +89,7 @@ TEST(DesignViews, ZerosPairUpAndMultiplyOutToTheCoefficients)
         }
         const double tolerance = 1e-9;
         for (size_t n = 0; n < h.size(); ++n) {
-            EXPECT_NEAR(poly[n].real(), h[n], tolerance) << taps << " " << n;
-            EXPECT_NEAR(poly[n].imag(), 0.0, tolerance);
+            EXPECT_LT(std::abs(poly[n] - h[n]), tolerance) << taps << " " << n;
         }
     }
     // Trailing zeros are zeros at the origin; 1 − z⁻¹ has its zero at 1.

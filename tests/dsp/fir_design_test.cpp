@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 #include <vector>
@@ -185,9 +186,8 @@ TEST(FirSynthesis, BandTransformsAndPeakRestoration)
 
     std::vector<double> out(3);
     cosineTerm(-2.0, kPi, std::vector<double>{0.0, 0.25, 0.5}, out);
-    EXPECT_NEAR(out[0], -2.0, 1e-15);
-    EXPECT_NEAR(out[1], -std::sqrt(2.0), 1e-15);
-    EXPECT_NEAR(out[2], 0.0, 1e-15);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_NEAR(out[i], (std::array{-2.0, -std::sqrt(2.0), 0.0})[i], 1e-15) << i;
     // The peak is the largest value, not the largest magnitude.
     winSync(std::vector<double>{-3.0, 1.0, 2.0}, std::vector<double>{1.0, 0.5, 0.5}, out);
     EXPECT_EQ(out, (std::vector<double>{-6.0, 1.0, 2.0}));

@@ -61,10 +61,6 @@ TEST(GaussianNoise, FreshNoiseHasTheRequestedStatistics)
         squares += (v - 5.0) * (v - 5.0);
     EXPECT_NEAR(std::sqrt(squares / 16384.0), 1.0, 0.05);
 
-    // Fraction within one σ ≈ 68.3 %.
-    const auto inside = std::count_if(x.begin(), x.end(), [](double v) { return std::fabs(v - 5.0) < 1.0; });
-    EXPECT_NEAR(static_cast<double>(inside) / 16384.0, 0.6827, 0.02);
-
     std::vector<double> previous = x;
     for (int design = 0; design < 200; ++design) {
         gaussianSig(2.0, 0.0, x);
@@ -77,16 +73,4 @@ TEST(GaussianNoise, FreshNoiseHasTheRequestedStatistics)
     EXPECT_EQ(x, std::vector<double>(16384, 0.25));
     addGaussianNoiseSig(std::vector<double>(16384, 1.5), 0.0, 0.25, x);
     EXPECT_EQ(x, std::vector<double>(16384, 1.75));
-}
-
-TEST(GaussianNoise, DrawsCoverTheRangeUniformly)
-{
-    std::vector<std::uint32_t> r(1 << 16);
-    uniformDraws(r);
-    double sum = 0.0;
-    for (auto v : r) {
-        ASSERT_LT(v, 0x80000000u);
-        sum += v * 0x1p-31;
-    }
-    EXPECT_NEAR(sum / static_cast<double>(r.size()), 0.5, 5 * std::sqrt(1.0 / 12 / r.size()));
 }

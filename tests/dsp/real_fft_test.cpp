@@ -40,9 +40,7 @@ TEST(RealFft, PaddedTransformsMatchTheDirectSumWhateverCameBefore)
     for (const auto* x : {&full, &longer, &shorter, &longer, &shorter}) {
         fft.executePadded(*x);
         for (std::size_t k = 0; k <= n / 2; ++k) {
-            const std::complex<double> want = directBin(*x, k, n);
-            ASSERT_NEAR(fft.output()[k].real(), want.real(), 1e-12) << k;
-            ASSERT_NEAR(fft.output()[k].imag(), want.imag(), 1e-12) << k;
+            ASSERT_LT(std::abs(fft.output()[k] - directBin(*x, k, n)), 1e-12) << k;
         }
     }
 }

@@ -1,7 +1,5 @@
-// Filter designs saved and opened through GVRFilterDesignerModel: what the
-// file holds, what open gives back, refusals, the save announcement, and the
-// inspector rows of saved files (cell texts, unit scaling, the high-pass
-// complement, empty cells, files that cannot be read).
+// Filter designs saved and opened through the model: file contents, refusals,
+// the save announcement and the inspector rows of saved files.
 #include <QDir>
 #include <QFile>
 #include <QSignalSpy>
@@ -51,12 +49,11 @@ TEST_F(FilterDesignFile, HighPassStoresTheComplementAndOpensAsTyped)
     EXPECT_FALSE(r.filterName.has_value());
     EXPECT_TRUE(r.filterType == 2 && r.windowType == 9 && r.dfBetaUpsilon == 5.0 &&
                 r.dfFilterLengthN == 51.0);
-    EXPECT_EQ(*r.integerCoefficients, model.integerCoefficients());
-    EXPECT_EQ(*r.filterCoefficients, model.filterCoefficients());
-    EXPECT_EQ(*r.filterPrecisionCoefficients, model.filterPrecisionCoefficients());
-    EXPECT_EQ(r.dfGimeldbLow, model.gimeldbLow());
-    EXPECT_EQ(r.dfPassbandRipple, model.passbandRipple());
-    EXPECT_EQ(r.dfDynamicRangeError, model.dynamicRangeError());
+    EXPECT_TRUE(*r.integerCoefficients == model.integerCoefficients() &&
+                *r.filterCoefficients == model.filterCoefficients() &&
+                *r.filterPrecisionCoefficients == model.filterPrecisionCoefficients());
+    EXPECT_TRUE(r.dfGimeldbLow == model.gimeldbLow() && r.dfPassbandRipple == model.passbandRipple() &&
+                r.dfDynamicRangeError == model.dynamicRangeError());
 
     GVRFilterDesignerModel other(library);
     RecordingFilterView otherView;
@@ -154,10 +151,6 @@ TEST_F(FilterDesignFile, InspectorRowsOfSavedDesigns)
         double scale;     // of the 3 dB cells
         const char* want; // the `typed` cells, split at '|'
     } cases[] = {
-        {"lowNorm",
-         {.cutoff = 0.2, .width = 5, .window = 2},
-         1.0,
-         "Low Pass||Hamming||16-bit|51|0.20000||Norm"},
         {"high",
          {.type = 2, .cutoff = 0.3, .width = 5, .window = 9, .beta = 5.0},
          1.0,
@@ -207,9 +200,6 @@ TEST_F(FilterDesignFile, InspectorShowsOnlyTheNameOfAnUnreadableFile)
     EXPECT_EQ(rows[0], nameOnly("broken"));
     EXPECT_EQ(rows[1].filename, QStringLiteral("good"));
     EXPECT_EQ(rows[1].filter, QStringLiteral("Low Pass"));
-
-    ASSERT_TRUE(QDir(library.filterFolder()).removeRecursively());
-    EXPECT_TRUE(GVRInspectorFiltModel(library).getFiltInspectorArray().isEmpty());
 }
 
 TEST(InspectFilt, HostileRecordValuesGiveEmptyCells)

@@ -16,7 +16,6 @@ TEST(NoteFormat, NumberFollowsTwoBlanksWithThreeDecimals)
         {"VALID RANGE: fcutoff ≥ ", 0.01, true, "VALID RANGE: fcutoff ≥  0.010"},
         {"VALID RANGE: fₐ < ", 150.0, true, "VALID RANGE: fₐ <  150.000"},
         {"VALID RANGE: fsampling > 0", 3.0, false, "VALID RANGE: fsampling > 0"},
-        {"", 0.0, false, ""},
         // As a float 0.0004999999999999999 is 0.000500000024, which rounds up.
         {"x ", 0.0004999999999999999, true, "x  0.001"},
     };

@@ -1,10 +1,7 @@
-// Coefficient export. Formats: byte-for-byte golden files of a fixed
-// antisymmetric band pass, and every format read back by the tool a user
-// feeds it (gcc, iverilog, ghdl, python3) or parsed strictly, for saved
-// designs in golden/: that band pass (12-bit), a 20-bit low pass, a Double
-// band pass and a 17-bit high pass whose integers need 18 bits
-// (ORVANA_UPDATE_GOLDEN=1 rewrites the golden files). The export list's rows
-// and the one-line CSV of a saved filter, written whole or not at all.
+// Coefficient export: golden files of an antisymmetric band pass; every format
+// read back by its consumer (gcc, iverilog, ghdl, python3) or parsed strictly for
+// the designs in golden/ (12-bit, 20-bit, Double, 17-bit needing 18 bits); the CSV.
+// ORVANA_UPDATE_GOLDEN=1 rewrites the golden files.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -56,7 +56,7 @@ def main():
     every_dict_has_class = all(isinstance(o.get("$class"), plistlib.UID) for o in object_dicts)
 
     root = deref(archive["$top"]["root"])
-    root_class, root_classes = class_of(root)
+    root_classes = class_of(root)[1]
     records = []
     for uid in root["NS.objects"]:
         rec = deref(uid)
@@ -72,10 +72,8 @@ def main():
         "version": archive["$version"],
         "versionIsInt": type(archive["$version"]) is int,
         "topKeys": sorted(archive["$top"].keys()),
-        "rootUid": archive["$top"]["root"].data,
         "firstObject": objects[0],
         "everyDictHasClass": every_dict_has_class,
-        "rootClass": root_class,
         "rootClasses": root_classes,
         "records": records,
     }))

@@ -6,7 +6,7 @@
 
 namespace reference {
 
-QString scriptPath(const QString& name)
+static QString scriptPath(const QString& name)
 {
     return QStringLiteral(ORVANA_TEST_SCRIPTS_DIR "/") + name;
 }

@@ -12,9 +12,6 @@
 
 namespace reference {
 
-// Path of tests/reference/<name>.
-QString scriptPath(const QString& name);
-
 // Runs python3 with the script and arguments, feeding `input` on stdin.
 // Returns stdout, or nothing when python or its modules are missing or the
 // script fails (the failure text goes to `error`).
