@@ -165,6 +165,17 @@ void SelfTest::runWindowTour(OrvanaShell& shell, const QString& folder)
                   designer);
         });
     }
+    // The Multirate model's inner stages, chosen as the user does in the Graph list.
+    for (int item : {2, 3}) {
+        script->add([&shell, shoot, item, designer] {
+            QComboBox* graph = shell.project()->graphPopUp();
+            graph->setCurrentIndex(item);
+            emit graph->activated(item);
+            shoot(shell.project(),
+                  item == 2 ? QStringLiteral("multirate-upsampled") : QStringLiteral("multirate-filtered"),
+                  designer);
+        });
+    }
 
     script->add([&shell] { shell.filtInspector()->showGVRWinFiltInspector(); });
     script->add(
