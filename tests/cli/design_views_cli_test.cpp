@@ -1,6 +1,7 @@
 // --plot charts of the further design views: the Multirate stages of the
 // project verb, and their CSV row counts and refusals.
 #include <QFile>
+#include <QJsonArray>
 #include <QTemporaryDir>
 
 #include "cli_test_support.h"
@@ -56,4 +57,62 @@ TEST(DesignViewsCli, MultirateStageCharts)
         temp.root());
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_TRUE(r.err.contains("--diagram 2")) << r.err.toStdString();
+}
+
+// word-length: 14 rows, 8 to 20 bits and then Double, spelt "double"; the
+// rows are those `sweep --json` measures for the same design.
+TEST(DesignViewsCli, WordLengthCsvHasTheFourteenSweepRows)
+{
+    QTemporaryDir dir;
+    const QStringList design{"--units", "norm",     "--cutoff", "0.3",     "--taps",
+                             "51",      "--window", "kaiser",   "--param", "6"};
+    const QString path = dir.filePath("wl.csv");
+    const auto r = clitest::runCli(QStringList{"filter"} + design +
+                                   QStringList{"--plot", path, "--chart", "word-length"});
+    ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+    const auto sweep = clitest::runCli(QStringList{"sweep"} + design + QStringList{"--json"});
+    const QJsonArray expected = clitest::json(sweep).value("rows").toArray();
+    const auto rows = csvRows(path);
+    ASSERT_EQ(rows.size(), 15);
+    ASSERT_EQ(expected.size(), 14);
+    EXPECT_EQ(rows[0].size(), 3);
+    for (int i = 0; i < 14; ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(rows[i + 1][0], i < 13 ? QByteArray::number(8 + i) : QByteArray("double"));
+        EXPECT_DOUBLE_EQ(rows[i + 1][1].toDouble(),
+                         expected[i].toObject().value("stopbandAttenuationDb").toDouble());
+        EXPECT_DOUBLE_EQ(rows[i + 1][2].toDouble(),
+                         expected[i].toObject().value("passbandRippleDb").toDouble());
+    }
+}
+
+// zeros: always N − 1 rows. An 8-bit design quantises its outer taps to
+// 0: each leading zero is a zero at infinity ("inf"), each trailing one a
+// zero at the origin; the rest are the roots of the shortened polynomial.
+TEST(DesignViewsCli, ZerosCsvHasNMinusOneRowsWithLeadingZeroCoefficients)
+{
+    QTemporaryDir dir;
+    for (const char* width : {"8", "double"}) {
+        SCOPED_TRACE(width);
+        const QString path = dir.filePath(QStringLiteral("z%1.csv").arg(width));
+        const auto r = clitest::runCli({"filter", "--units", "norm", "--cutoff", "0.1", "--taps", "51",
+                                        "--window", "blackman-harris", "--width", width, "--json", "--plot",
+                                        path, "--chart", "zeros"});
+        ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+        const QJsonArray cp = clitest::json(r).value("filterPrecisionCoefficients").toArray();
+        int leading = 0;
+        while (leading < cp.size() && cp[leading].toDouble() == 0.0)
+            ++leading;
+        const auto rows = csvRows(path);
+        ASSERT_EQ(rows.size(), 1 + 50);
+        int infinite = 0;
+        int origin = 0;
+        for (const auto& row : rows.mid(1)) {
+            infinite += row[0] == "inf" && row[1] == "0";
+            origin += row[0].toDouble() == 0.0 && row[1].toDouble() == 0.0;
+        }
+        EXPECT_EQ(infinite, leading);
+        EXPECT_GE(origin, leading); // symmetric: as many trailing zeros
+        EXPECT_TRUE(leading > 0 || QByteArray(width) == "double");
+    }
 }
