@@ -116,3 +116,46 @@ TEST(DesignViewsCli, ZerosCsvHasNMinusOneRowsWithLeadingZeroCoefficients)
         EXPECT_TRUE(leading > 0 || QByteArray(width) == "double");
     }
 }
+
+// compare: column k + 1 of the CSV is design k's own magnitude chart (the
+// response array its design printed), whatever its units and width; the
+// first column is k/2048. Too few or too many names is a usage error, a
+// missing design a refusal that names it.
+TEST(DesignViewsCli, CompareCsvEqualsEachDesignsMagnitudeChart)
+{
+    TempLibrary temp;
+    const QList<QStringList> designs{
+        {"--units", "norm", "--cutoff", "0.3", "--taps", "41", "--window", "hann", "--save", "a"},
+        {"--units", "khz", "--fs", "48", "--cutoff", "6", "--taps", "61", "--window", "kaiser", "--param",
+         "5", "--width", "12", "--save", "b"},
+        {"--units", "mhz", "--fs", "10", "--type", "highpass", "--cutoff", "2", "--taps", "25", "--width",
+         "8", "--save", "c"}};
+    QList<QJsonArray> responses;
+    for (const QStringList& d : designs) {
+        const auto r = clitest::runCli(QStringList{"filter", "--json"} + d, temp.root());
+        ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+        responses << clitest::json(r).value("response").toArray();
+    }
+    const QString path = temp.root() + "/compare.csv";
+    const auto r = clitest::runCli({"compare", "a", "b.filt", "c", "--plot", path}, temp.root());
+    ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+    const auto rows = csvRows(path);
+    ASSERT_EQ(rows.size(), 2049);
+    EXPECT_EQ(rows[0].size(), 4);
+    for (int k = 0; k < 2048; ++k) {
+        ASSERT_EQ(rows[k + 1][0].toDouble(), k / 2048.0);
+        for (int d = 0; d < 3; ++d)
+            ASSERT_EQ(rows[k + 1][d + 1].toDouble(), responses[d][8 + k].toDouble()) << k << " " << d;
+    }
+
+    const struct {
+        QStringList names;
+        int status;
+    } refusals[] = {{{"a"}, 2}, {{"a", "b", "c", "a", "b"}, 2}, {{"a", "gone"}, 1}};
+    for (const auto& c : refusals) {
+        const auto refused =
+            clitest::runCli(QStringList{"compare"} + c.names + QStringList{"--plot", path}, temp.root());
+        EXPECT_EQ(refused.exitCode, c.status) << c.names.join(' ').toStdString();
+        EXPECT_TRUE(c.status != 1 || refused.err.contains("gone")) << refused.err.toStdString();
+    }
+}
