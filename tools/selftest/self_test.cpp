@@ -134,6 +134,13 @@ void SelfTest::runWindowTour(OrvanaShell& shell, const QString& folder)
     script->add([&shell, shoot, designer] {
         shoot(shell.filterDesign(), QStringLiteral("filter-designer"), designer);
     });
+    // Compare…: two saved filters over the band pass, one of them normalised.
+    script->add([&shell, shoot, designer] {
+        GVRWinFilterDesign* w = shell.filterDesign();
+        w->setComparedDesigns({QStringLiteral("lp300fc25"), QStringLiteral("lpNormfcp333")});
+        shoot(w, QStringLiteral("filter-compare"), designer);
+        w->clearComparison();
+    });
 
     script->add([&shell] {
         GVRWinSignalDesign* w = shell.signalDesign();
