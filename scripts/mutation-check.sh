@@ -27,8 +27,8 @@ done
 # One fault per line: file @@ text to find @@ replacement (\n for a new line).
 faults=$(cat <<'EOF'
 src/dsp/window.cpp @@ cosineTerm(-a1, 2.0 * kPi, x, s1); @@ cosineTerm(a1, 2.0 * kPi, x, s1);
-src/dsp/window.cpp @@ for (int k = 1; k <= 10; ++k)\n            for @@ for (int k = 1; k < 10; ++k)\n            for
-src/dsp/window.cpp @@ const double t = 2.0 * x[i] - 1.0; @@ const double t = 2.0 * x[i] + 1.0;
+src/dsp/vector_kernels.cpp @@ for (int k = 1; k <= 10; ++k) {\n        term @@ for (int k = 1; k < 10; ++k) {\n        term
+src/dsp/vector_kernels.cpp @@ const auto t = hn::Sub(hn::Mul(hn::Set(d, 2.0), hn::LoadU(d, x + i)), one); @@ const auto t = hn::Add(hn::Mul(hn::Set(d, 2.0), hn::LoadU(d, x + i)), one);
 src/dsp/window.cpp @@ const double signed_t = (i % 2 == 0) ? t : -t; @@ const double signed_t = (i % 2 == 0) ? -t : t;
 src/dsp/window.cpp @@ const double step = 1.0 / static_cast<double>(N - 1); @@ const double step = 1.0 / static_cast<double>(N);
 src/dsp/fir_synthesis.cpp @@ std::floor((static_cast<double>(N) * theta + 1.0) * 0.5) @@ std::floor((static_cast<double>(N) * theta) * 0.5)
@@ -38,7 +38,7 @@ src/dsp/fir_synthesis.cpp @@ ? maxH / maxP : 1.0; @@ ? maxP / maxH : 1.0;
 src/dsp/fir_synthesis.cpp @@ c[n] = (n % 2 == 0) ? -hw[n] : hw[n]; @@ c[n] = (n % 2 == 0) ? hw[n] : -hw[n];
 src/dsp/fir_synthesis.cpp @@ c[n] = 2.0 * re[b] * hw[n]; @@ c[n] = re[b] * hw[n];
 src/dsp/frequency_response.cpp @@ const std::size_t from = k == 0 ? 1 : k - 1; @@ const std::size_t from = k == 0 ? 1 : k + 1;
-src/dsp/frequency_response.cpp @@ step[j] = notch ? down : -up; @@ step[j] = notch ? -up : down;
+src/dsp/vector_kernels.cpp @@ step[j] = notch ? down : -up; @@ step[j] = notch ? -up : down;
 src/dsp/filter_measurements.cpp @@ (at(k) + 3.0) / (at(k) - at(k + 1)) @@ (at(k) + 3.0) / (at(k) - at(k - 1))
 src/dsp/filter_measurements.cpp @@ std::max(0.0, std::max(high, -low)) @@ std::max(0.0, std::max(high, low))
 src/dsp/quantisation.cpp @@ ? kBitsPlusIndex - widthIndex : 0; @@ ? kBitsPlusIndex + 1 - widthIndex : 0;
@@ -55,12 +55,12 @@ src/archive/project_archive.cpp @@ p.multirateM = fromValue<std::int64_t>(v[4]);
 src/filter/filter_designer_model.cpp @@ if (d_.filterType == kFilterHighPass)\n        d_.thetaCutoffFreqNormalized = 1.0 @@ if (d_.filterType == kFilterBandPass)\n        d_.thetaCutoffFreqNormalized = 1.0
 src/filter/filter_designer_model.cpp @@ d_.thetaCutoffFreqNormalized = cutoffFreq / half; @@ d_.thetaCutoffFreqNormalized = cutoffFreq / fs;
 src/filter/filter_designer_model.cpp @@ fftFilterHalf(cp, dBmagnitude, {}); @@ fftFilterHalf(c, dBmagnitude, {});
-src/filter/filter_designer_model_files.cpp @@ record.dfGimeldbHigh = d_.gimeldbHigh; @@ record.dfGimeldbHigh = d_.gimeldbLow;
+src/filter/filter_designer_model_files.cpp @@ record.dfGimeldbHigh = saved.gimeldbHigh; @@ record.dfGimeldbHigh = saved.gimeldbLow;
 src/signal/signal_designer_model.cpp @@ if (freq >= 0.5 * fs) @@ if (freq > 0.5 * fs)
 src/signal/signal_designer_model.cpp @@ extremes.max, extremes.min, 0.0, 0.0}); @@ extremes.min, extremes.max, 0.0, 0.0});
 src/project/project_model.cpp @@ stage.fs /= multirateL_; @@ stage.fs *= multirateL_;
 src/project/project_model.cpp @@ fsOut = (static_cast<double>(multirateL_) * fs) / multirateM_; @@ fsOut = (static_cast<double>(multirateM_) * fs) / multirateL_;
-src/project/project_model_files.cpp @@ record.signalOneSign = signalOneSign_; @@ record.signalOneSign = signalTwoSign_;
+src/project/project_model_files.cpp @@ putNumber(KEYMOD_SIG_ONE_SIGN, record->signalOneSign); @@ putNumber(KEYMOD_SIG_ONE_SIGN, record->signalTwoSign);
 EOF
 )
 

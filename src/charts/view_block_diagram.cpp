@@ -1,6 +1,9 @@
 // The block diagram of the project window.
 #include "charts/view_block_diagram.h"
 
+#include <algorithm>
+
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -35,10 +38,20 @@ void GVRViewBlockDiagram::setHighlightedStage(DiagramStage stage)
 void GVRViewBlockDiagram::paintEvent(QPaintEvent*)
 {
     const QSizeF size = this->size();
-    const BlockDiagramLayout d =
+    BlockDiagramLayout d =
         blockDiagramLayout(blockDiagramIndex_, float(size.width()), float(size.height()), stage_);
+    auto fontOf = [&](const DiagramText& t) {
+        QFont font = t.large ? textFontLarge_ : textFont_;
+        if (t.scale < 1.0)
+            font.setPixelSize(std::max(1, int(font.pixelSize() * t.scale)));
+        return font;
+    };
+    fitLabelsBetweenBlocks(d, float(size.width()), [&](const DiagramText& t) {
+        return QFontMetricsF(fontOf(t), this).horizontalAdvance(t.text);
+    });
     auto draw = [&](QPainter& p, const DiagramText& t) {
-        chartpaint::drawTextAt(p, t.at, t.text, t.large ? textFontLarge_ : textFont_);
+        if (t.scale > 0.0)
+            chartpaint::drawTextAt(p, t.at, t.text, fontOf(t));
     };
 
     QPainter painter(this);

@@ -19,6 +19,7 @@
 #include "archive/design_titles.h"
 #include "library/design_library.h"
 #include "project/fir_export_table_model.h"
+#include "widgets/window_parts.h"
 
 const QStringList& GVRWinFirExport::bitWidthTitle()
 {
@@ -88,7 +89,7 @@ GVRWinFirExport::GVRWinFirExport(DesignLibrary& library, QWidget* parent)
     buttons->addWidget(exportBut_);
     column->addLayout(buttons);
     setCentralWidget(central);
-    resize(560, 420);
+    fitToScreen(*this, QSize(560, 420));
 
     updateTableDisplay();
     connect(&library, &DesignLibrary::newFilterFile, this, &GVRWinFirExport::updateTableDisplay);

@@ -17,6 +17,7 @@
 #include "signal/signal_design_window.h"
 #include "signal/signal_inspector_window.h"
 #include "widgets/design_file_commands.h"
+#include "widgets/window_parts.h"
 
 OrvanaShell::OrvanaShell(DesignLibrary& library, QSettings* settings, QObject* parent)
     : QObject(parent), library_(library), filterDesign_(std::make_unique<GVRWinFilterDesign>(library)),
@@ -62,6 +63,7 @@ OrvanaShell::OrvanaShell(DesignLibrary& library, QSettings* settings, QObject* p
     int step = 0;
     for (QMainWindow* window : windows()) {
         window->move(origin + QPoint(40 * step, 32 * step));
+        keepOnScreen(*window);
         ++step;
         windowPlaces_->track(window);
     }

@@ -1,13 +1,13 @@
 // Keeping and restoring window places.
 #include "shell/window_places.h"
 
-#include <algorithm>
-
 #include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSettings>
 #include <QWidget>
+
+#include "widgets/window_parts.h"
 
 namespace {
 
@@ -17,18 +17,6 @@ QString keyFor(const QWidget* window)
 }
 
 } // namespace
-
-QRect clampToScreen(const QRect& frame, const QRect& available)
-{
-    if (!available.isValid())
-        return frame;
-    QRect r = frame;
-    r.setWidth(std::min(r.width(), available.width()));
-    r.setHeight(std::min(r.height(), available.height()));
-    r.moveLeft(std::clamp(r.left(), available.left(), available.right() - r.width() + 1));
-    r.moveTop(std::clamp(r.top(), available.top(), available.bottom() - r.height() + 1));
-    return r;
-}
 
 WindowPlaces::WindowPlaces(QSettings* settings, QObject* parent)
     : QObject(parent), settings_(settings ? settings : new QSettings), ownsSettings_(!settings)

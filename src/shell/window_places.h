@@ -11,9 +11,6 @@
 class QSettings;
 class QWidget;
 
-// `frame` moved and, if need be, shrunk so it lies within `available`.
-QRect clampToScreen(const QRect& frame, const QRect& available);
-
 class WindowPlaces : public QObject {
     Q_OBJECT
 public:

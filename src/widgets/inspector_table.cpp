@@ -8,6 +8,8 @@
 #include <QScrollBar>
 #include <QTableView>
 
+#include "widgets/window_parts.h"
+
 void setUpInspectorTable(QTableView& table, QAbstractItemModel& model)
 {
     table.setModel(&model);
@@ -45,5 +47,5 @@ void fitInspectorToColumns(QWidget& window, QTableView& table)
     table.resizeColumnsToContents();
     const int columns = table.horizontalHeader()->length() + 2 * table.frameWidth() +
                         table.verticalScrollBar()->sizeHint().width();
-    window.resize(std::clamp(columns, 640, 1400), 360);
+    fitToScreen(window, QSize(std::clamp(columns, 640, 1400), 360));
 }

@@ -1,6 +1,8 @@
 // Widgets the designer and project windows build alike.
 #include "widgets/window_parts.h"
 
+#include <algorithm>
+
 #include <QAbstractSpinBox>
 #include <QAction>
 #include <QComboBox>
@@ -70,17 +72,52 @@ QLineEdit* spinBoxEditor(QAbstractSpinBox* box)
     return box ? box->findChild<QLineEdit*>() : nullptr;
 }
 
+QRect clampToScreen(const QRect& frame, const QRect& available)
+{
+    if (!available.isValid())
+        return frame;
+    QRect r = frame;
+    r.setWidth(std::min(r.width(), available.width()));
+    r.setHeight(std::min(r.height(), available.height()));
+    r.moveLeft(std::clamp(r.left(), available.left(), available.right() - r.width() + 1));
+    r.moveTop(std::clamp(r.top(), available.top(), available.bottom() - r.height() + 1));
+    return r;
+}
+
+namespace {
+
+// Room for the frame and title bar the window manager adds.
+const QSize kFrameRoom(16, 48);
+
+const QScreen* screenOf(const QWidget& window)
+{
+    return window.screen() ? window.screen() : QGuiApplication::primaryScreen();
+}
+
+} // namespace
+
 void fitToScreen(QWidget& window, QSize size)
 {
-    const QScreen* screen = window.screen() ? window.screen() : QGuiApplication::primaryScreen();
+    const QScreen* screen = screenOf(window);
     if (!screen) {
         window.resize(size);
         return;
     }
-    // Room for the frame and title bar the window manager adds.
-    const QSize room = screen->availableGeometry().size() - QSize(16, 48);
+    const QSize room = screen->availableGeometry().size() - kFrameRoom;
     const QSize fitted = size.boundedTo(room).expandedTo(window.minimumSizeHint().boundedTo(room));
     window.resize(fitted);
+    keepOnScreen(window);
+}
+
+void keepOnScreen(QWidget& window)
+{
+    const QScreen* screen = screenOf(window);
+    if (!screen)
+        return;
+    const QRect frame(window.pos(), window.size() + kFrameRoom);
+    const QPoint place = clampToScreen(frame, screen->availableGeometry()).topLeft();
+    if (place != window.pos())
+        window.move(place);
 }
 
 QComboBox* makePopUp(const char* name, QWidget* parent)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QList>
+#include <QRect>
 #include <QSize>
 #include <QString>
 
@@ -34,6 +35,11 @@ QLineEdit* spinBoxEditor(QAbstractSpinBox* box);
 // Makes a window opened at `size` fit the available screen (and its minimum
 // size too), whatever the scale factor.
 void fitToScreen(QWidget& window, QSize size);
+// Moves a window (with room for its frame) back inside its screen's
+// available area, e.g. after a cascade pushed it past an edge.
+void keepOnScreen(QWidget& window);
+// `frame` moved, and shrunk if need be, to lie within `available`.
+QRect clampToScreen(const QRect& frame, const QRect& available);
 
 // A pop-up named `name` as wide as its longest title.
 QComboBox* makePopUp(const char* name, QWidget* parent);

@@ -70,50 +70,43 @@ TEST(FilterVerb, DefaultsAreTheWindowsDefaults)
         EXPECT_EQ(v.toInt(), 0);
 }
 
-TEST(FilterVerb, RefusedDesignsExitWithOne)
+// Refused designs exit 1 with the model's note, a design without valid results
+// 3 with its warning and nothing else, usage errors 2 on standard error only.
+TEST(FilterVerb, ExitStatusesAndNotes)
 {
-    CliRun r = cli({"--units", "khz", "--fs", "100", "--cutoff", "0.4"});
-    EXPECT_EQ(r.exitCode, 1);
-    EXPECT_EQ(QString::fromUtf8(r.out).trimmed(), QStringLiteral("VALID RANGE: fcutoff ≥  0.500"));
-
-    r = cli({"--cutoff", "1"}); // MHz with no sampling frequency
-    EXPECT_EQ(r.exitCode, 1);
-    EXPECT_EQ(QString::fromUtf8(r.out).trimmed(), QStringLiteral("VALID RANGE: fsampling > 0"));
-
-    r = cli({"--units", "norm", "--cutoff", "nan", "--json"});
-    EXPECT_EQ(r.exitCode, 1);
-    const QJsonObject o = json(r);
-    EXPECT_EQ(o.value("note").toString(), QStringLiteral("VALID RANGE: fcutoff is not a number"));
-    EXPECT_FALSE(o.value("valid").toBool());
-    EXPECT_TRUE(o.value("response").toArray().isEmpty());
-
-    r = cli({"--units", "norm", "--cutoff", "0.3", "--taps", "26"});
-    EXPECT_EQ(r.exitCode, 1);
-}
-
-TEST(FilterVerb, MissingThreeDecibelPointIsADesignWithoutValidResults)
-{
-    const CliRun r = cli({"--units", "norm", "--cutoff", "0.99", "--json"});
-    ASSERT_EQ(r.exitCode, 3);
-    const QJsonObject o = json(r);
-    EXPECT_EQ(o.value("note").toString(),
-              QStringLiteral("WARNING: Increase Filter Length (3dB Point Not Found)"));
-    EXPECT_FALSE(o.value("valid").toBool());
-    EXPECT_TRUE(o.value("results").toObject().isEmpty());
-    EXPECT_TRUE(o.value("filterCoefficients").toArray().isEmpty());
-    EXPECT_TRUE(o.value("response").toArray().isEmpty());
-}
-
-TEST(FilterVerb, UsageErrorsExitWithTwo)
-{
-    for (const QStringList& args :
-         {QStringList{"--bogus"}, QStringList{"--cutoff", "abc"}, QStringList{"--window", "Triangle"},
-          QStringList{"--window", "11"}, QStringList{"--width", "7"}, QStringList{"--units", "hz"},
-          QStringList{"--type", "notch"}, QStringList{"stray"}}) {
-        const CliRun r = cli(args);
-        EXPECT_EQ(r.exitCode, 2) << args.join(' ').toStdString();
-        EXPECT_TRUE(r.out.isEmpty());
-        EXPECT_FALSE(r.err.isEmpty());
+    const struct {
+        QStringList args;
+        int status;
+        const char* note; // the JSON note, or the plain output; null for usage errors
+    } cases[] = {
+        // clang-format off
+        {{"--units", "khz", "--fs", "100", "--cutoff", "0.4"}, 1, "VALID RANGE: fcutoff ≥  0.500"},
+        {{"--cutoff", "1"}, 1, "VALID RANGE: fsampling > 0"},
+        {{"--units", "norm", "--cutoff", "nan", "--json"}, 1, "VALID RANGE: fcutoff is not a number"},
+        {{"--units", "norm", "--cutoff", "0.3", "--taps", "26"}, 1, "VALID RANGE: filter length N odd, 25 ≤ N ≤ 255"},
+        {{"--units", "norm", "--cutoff", "0.99", "--json"}, 3, "WARNING: Increase Filter Length (3dB Point Not Found)"},
+        {{"--bogus"}, 2, nullptr}, {{"--cutoff", "abc"}, 2, nullptr}, {{"--window", "Triangle"}, 2, nullptr},
+        {{"--window", "11"}, 2, nullptr}, {{"--width", "7"}, 2, nullptr}, {{"--units", "hz"}, 2, nullptr},
+        {{"--type", "notch"}, 2, nullptr}, {{"stray"}, 2, nullptr},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.args.join(' ').toStdString());
+        const CliRun r = cli(c.args);
+        EXPECT_EQ(r.exitCode, c.status);
+        if (!c.note) {
+            EXPECT_TRUE(r.out.isEmpty());
+            EXPECT_FALSE(r.err.isEmpty());
+        } else if (c.args.contains("--json")) {
+            const QJsonObject o = json(r);
+            EXPECT_EQ(o.value("note").toString(), QString::fromUtf8(c.note));
+            EXPECT_FALSE(o.value("valid").toBool());
+            EXPECT_TRUE(o.value("results").toObject().isEmpty());
+            EXPECT_TRUE(o.value("filterCoefficients").toArray().isEmpty());
+            EXPECT_TRUE(o.value("response").toArray().isEmpty());
+        } else {
+            EXPECT_EQ(QString::fromUtf8(r.out).trimmed(), QString::fromUtf8(c.note));
+        }
     }
 }
 

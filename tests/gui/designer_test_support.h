@@ -1,13 +1,19 @@
 // Driving the designer windows as a user would: choosing from pop-up lists
-// through their popups, typing into fields, answering sheets and alerts, and
-// saving screenshots for a person to look at.
+// through their popups, typing into fields, answering sheets and alerts; and
+// the flow runner, a table of such steps each followed by what the window
+// must show.
 #pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
-#include <QDir>
+#include <QFile>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -18,19 +24,30 @@
 
 #include <gtest/gtest.h>
 
+#include "library/design_library.h"
+#include "support/temp_library.h"
 #include "widgets/open_sheet.h"
 #include "widgets/save_sheet.h"
 
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
 namespace designer_test {
 
-// The design name a window's title shows: "lp300fc25 — Filter Designer[*]"
-// gives "lp300fc25".
+// The title without the edited mark: "lp300fc25 — Filter Designer".
+inline QString title(const QWidget& window)
+{
+    return window.windowTitle().remove(QStringLiteral("[*]"));
+}
+
+// The design name a window's title shows: "lp300fc25 — Filter Designer[*]" gives "lp300fc25".
 inline QString shownName(const QWidget& window)
 {
-    QString title = window.windowTitle();
-    title.remove(QStringLiteral("[*]"));
-    const int dash = title.lastIndexOf(QStringLiteral(" — "));
-    return dash >= 0 ? title.left(dash) : title;
+    const QString text = title(window);
+    const int dash = text.indexOf(QStringLiteral(" — "));
+    return dash >= 0 ? text.left(dash) : text;
 }
 
 // Makes `window` the active window, as a click on it would. The offscreen
@@ -40,7 +57,6 @@ inline void activate(QWidget* window)
     window->activateWindow();
     QApplication::processEvents();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-    EXPECT_EQ(QApplication::activeWindow(), window);
 }
 
 // Opens the list's popup, moves to item `index` with the arrow keys and
@@ -48,17 +64,13 @@ inline void activate(QWidget* window)
 // popup are at times taken for the click that opened it.)
 inline void choose(QComboBox* popUp, int index)
 {
-    ASSERT_NE(popUp, nullptr);
     ASSERT_TRUE(index >= 0 && index < popUp->count()) << "no item " << index;
     popUp->showPopup();
     QAbstractItemView* view = popUp->view();
     ASSERT_TRUE(view->isVisible());
     const int from = view->currentIndex().isValid() ? view->currentIndex().row() : 0;
-    for (int row = from; row < index; ++row)
-        QTest::keyClick(view, Qt::Key_Down);
-    for (int row = from; row > index; --row)
-        QTest::keyClick(view, Qt::Key_Up);
-    EXPECT_EQ(view->currentIndex().row(), index);
+    for (int row = from; row != index; row += row < index ? 1 : -1)
+        QTest::keyClick(view, row < index ? Qt::Key_Down : Qt::Key_Up);
     QTest::keyClick(view, Qt::Key_Return);
     QApplication::processEvents();
     EXPECT_FALSE(view->isVisible()) << popUp->objectName().toStdString() << " item " << index;
@@ -67,18 +79,16 @@ inline void choose(QComboBox* popUp, int index)
         activate(popUp->window());
 }
 
-inline void choose(QComboBox* popUp, const QString& title)
+inline void choose(QComboBox* popUp, const QString& item)
 {
-    ASSERT_NE(popUp, nullptr);
-    const int index = popUp->findText(title);
-    ASSERT_GE(index, 0) << "no item " << title.toStdString();
+    const int index = popUp->findText(item);
+    ASSERT_GE(index, 0) << "no item " << item.toStdString();
     choose(popUp, index);
 }
 
 // Replaces the field's text by typing `text` (the field's validator applies).
 inline void type(QLineEdit* field, const QString& text)
 {
-    ASSERT_NE(field, nullptr);
     field->setFocus();
     field->selectAll();
     QTest::keyClick(field, Qt::Key_Backspace);
@@ -87,7 +97,6 @@ inline void type(QLineEdit* field, const QString& text)
 
 inline void typeInto(QSpinBox* box, const QString& text)
 {
-    ASSERT_NE(box, nullptr);
     box->setFocus();
     box->selectAll();
     QTest::keyClicks(box, text);
@@ -143,18 +152,98 @@ inline void answerOpenSheet(const QString& fileName)
     QApplication::processEvents();
 }
 
-// The widget as painted now.
-inline QImage snapshot(QWidget* widget)
+// A designer window of type W over a fresh temporary library, shown.
+template <class W> class DesignerTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(library.ensureFolders().isEmpty());
+        window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    }
+    void TearDown() override
+    {
+        window.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    // The record of a saved design file, read by the archive reader.
+    template <class R> static R saved(std::optional<R> (*read)(const QString&, QString*), const QString& path)
+    {
+        QString error;
+        const std::optional<R> record = read(path, &error);
+        EXPECT_TRUE(record) << error.toStdString();
+        return record.value_or(R{});
+    }
+
+    TempLibrary temp;
+    DesignLibrary library{temp.root()};
+    std::unique_ptr<W> window = std::make_unique<W>(library);
+};
+
+inline QByteArray readBytes(const QString& path)
 {
-    return widget->grab().toImage();
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// Saves a screenshot of `widget` under the test artifacts folder.
-inline void saveScreenshot(QWidget* widget, const QString& fileName)
+inline void writeFile(const QString& path, const QByteArray& bytes)
 {
-    const QString folder = QStringLiteral(ORVANA_TEST_ARTIFACTS);
-    QDir().mkpath(folder);
-    EXPECT_TRUE(widget->grab().save(QDir(folder).filePath(fileName))) << fileName.toStdString();
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    file.write(bytes);
+}
+
+// Pixels of `image` close to `colour` (each channel within 3 of it).
+inline int countPixels(const QImage& image, const QColor& colour)
+{
+    const QImage rgb = image.convertToFormat(QImage::Format_RGB32);
+    int count = 0;
+    for (int y = 0; y < rgb.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(rgb.constScanLine(y));
+        for (int x = 0; x < rgb.width(); ++x)
+            count += std::abs(qRed(line[x]) - colour.red()) <= 3 &&
+                     std::abs(qGreen(line[x]) - colour.green()) <= 3 &&
+                     std::abs(qBlue(line[x]) - colour.blue()) <= 3;
+    }
+    return count;
+}
+
+inline int countPixels(QWidget* widget, const QColor& colour)
+{
+    return countPixels(widget->grab().toImage(), colour);
+}
+
+// One step of a window's flow: what the user does, then what the window must
+// show: its title (without the edited mark), the note line (null: not
+// checked), whether the charts hold a design, and further checks of fields
+// and saved files.
+struct Step {
+    const char* what;
+    std::function<void()> act;
+    QString title;
+    const char* note;
+    bool designed;
+    std::function<void()> check = {};
+};
+
+// Runs the steps in order, stopping at the first fatal failure.
+inline void runFlow(const QWidget& window, QLabel* noteLine, const std::function<bool()>& designed,
+                    const std::vector<Step>& steps)
+{
+    for (const Step& step : steps) {
+        SCOPED_TRACE(step.what);
+        step.act();
+        QApplication::processEvents();
+        EXPECT_EQ(title(window), step.title);
+        if (step.note) {
+            EXPECT_EQ(noteLine->text(), QString::fromUtf8(step.note));
+        }
+        EXPECT_EQ(designed(), step.designed);
+        if (step.check)
+            step.check();
+        if (::testing::Test::HasFatalFailure())
+            return;
+    }
 }
 
 } // namespace designer_test

@@ -27,6 +27,7 @@
 #include "designer_test_support.h"
 #include "widgets/design_file_commands.h"
 #include "widgets/open_sheet.h"
+#include "widgets/window_parts.h"
 
 using designer_test::shownName;
 

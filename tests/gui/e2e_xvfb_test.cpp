@@ -13,23 +13,11 @@
 #include <gtest/gtest.h>
 
 #include "charts/chart_colors.h"
+#include "gui/designer_test_support.h"
 
 namespace {
 
-int pixelsNear(const QImage& image, const QColor& colour)
-{
-    const QImage rgb = image.convertToFormat(QImage::Format_RGB32);
-    int count = 0;
-    for (int y = 0; y < rgb.height(); ++y) {
-        const auto* line = reinterpret_cast<const QRgb*>(rgb.constScanLine(y));
-        for (int x = 0; x < rgb.width(); ++x)
-            if (std::abs(qRed(line[x]) - colour.red()) <= 3 &&
-                std::abs(qGreen(line[x]) - colour.green()) <= 3 &&
-                std::abs(qBlue(line[x]) - colour.blue()) <= 3)
-                ++count;
-    }
-    return count;
-}
+using designer_test::countPixels;
 
 TEST(EndToEndXvfb, FilterDesignedOnARealScreen)
 {
@@ -50,8 +38,8 @@ TEST(EndToEndXvfb, FilterDesignedOnARealScreen)
     QProcess program;
     program.setProcessEnvironment(env);
     program.setProcessChannelMode(QProcess::MergedChannels);
-    program.start(xvfbRun, {"-a", "-s", "-screen 0 1600x1000x24", ORVANA_SELFTEST_PATH, "--screenshot", png, "--library",
-                            library});
+    program.start(xvfbRun, {"-a", "-s", "-screen 0 1600x1000x24", ORVANA_SELFTEST_PATH, "--screenshot", png,
+                            "--library", library});
     ASSERT_TRUE(program.waitForStarted(10000));
     const bool finished = program.waitForFinished(120000);
     const QString output = QString::fromLocal8Bit(program.readAll());
@@ -75,7 +63,7 @@ TEST(EndToEndXvfb, FilterDesignedOnARealScreen)
         for (int x = 0; x < shot.width(); x += 7)
             colours.insert(shot.pixel(x, y));
     EXPECT_GT(colours.size(), 20);
-    EXPECT_GT(pixelsNear(shot, chartcolors::dBMagGraph()), 100);
+    EXPECT_GT(countPixels(shot, chartcolors::dBMagGraph()), 100);
 
     const QString artifacts = QStringLiteral(ORVANA_TEST_ARTIFACTS);
     QDir().mkpath(artifacts);

@@ -36,7 +36,8 @@ TEST(InspectorFill, LargeFoldersFillInWorkerThreads)
     ASSERT_TRUE(library.ensureFolders().isEmpty());
     const int count = int(kRowsFilledInLine) + 50;
     link(samples + QStringLiteral("/lp300fc25.filt"), library.filterFolder(), QStringLiteral(".filt"), count);
-    link(samples + QStringLiteral("/Cos35Fs300.signal"), library.signalFolder(), QStringLiteral(".signal"), count);
+    link(samples + QStringLiteral("/Cos35Fs300.signal"), library.signalFolder(), QStringLiteral(".signal"),
+         count);
     QFile broken(library.filterPath(QStringLiteral("zz broken")));
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
     broken.write("not a design");
@@ -50,14 +51,16 @@ TEST(InspectorFill, LargeFoldersFillInWorkerThreads)
     EXPECT_FALSE(filters.rowsLoading());
 
     // Every row as the small-folder code path makes it; the broken file by name only.
-    const GVRInspectFilt expected = GVRInspectorFiltModel::rowForFile(samples + QStringLiteral("/lp300fc25.filt"), {});
+    const GVRInspectFilt expected =
+        GVRInspectorFiltModel::rowForFile(samples + QStringLiteral("/lp300fc25.filt"), {});
     ASSERT_EQ(filters.inspectorDataArray().size(), count + 1);
     for (GVRInspectFilt row : filters.inspectorDataArray()) {
         const bool broke = row.filename == QStringLiteral("zz broken");
         row.filename.clear();
         EXPECT_EQ(row, broke ? GVRInspectFilt{} : expected);
     }
-    const GVRInspectSig signalRow = GVRInspectorSigModel::rowForFile(samples + QStringLiteral("/Cos35Fs300.signal"), {});
+    const GVRInspectSig signalRow =
+        GVRInspectorSigModel::rowForFile(samples + QStringLiteral("/Cos35Fs300.signal"), {});
     ASSERT_EQ(signalRows.inspectorDataArray().size(), count);
     for (const GVRInspectSig& row : signalRows.inspectorDataArray())
         EXPECT_EQ(row.function, signalRow.function);

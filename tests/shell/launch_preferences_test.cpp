@@ -26,56 +26,48 @@ TEST_F(LaunchPreferencesTest, FirstLaunchDefaults)
     EXPECT_FALSE(prefs.projectTwoPref());
     EXPECT_TRUE(prefs.filterInspectorPref());
     EXPECT_TRUE(prefs.signalInspectorPref());
-    EXPECT_EQ(prefs.windowsToShow(), (std::vector<W>{W::FilterDesign, W::FilterInspector, W::SignalInspector}));
+    EXPECT_EQ(prefs.windowsToShow(),
+              (std::vector<W>{W::FilterDesign, W::FilterInspector, W::SignalInspector}));
     // Defaults answer for unset keys but are never written.
     EXPECT_TRUE(store.allKeys().isEmpty());
 }
 
-TEST_F(LaunchPreferencesTest, ChoicesPersistToTheNextLaunch)
+TEST_F(LaunchPreferencesTest, ChoicesPersistToTheNextLaunchInShowOrder)
 {
     prefs.setSignalDesignPref(true);
     prefs.setFilterDesignPref(false);
     prefs.setFilterDesignPref(true);
     prefs.setSignalInspectorPref(false);
-
+    prefs.setProjectOnePref(true);
     QSettings nextStore(path, QSettings::IniFormat);
     const LaunchPreferences next(nextStore);
-    EXPECT_TRUE(next.signalDesignPref());
-    EXPECT_FALSE(next.signalInspectorPref());
-    // The signal design window opens right after the filter design window.
-    EXPECT_EQ(next.windowsToShow(), (std::vector<W>{W::FilterDesign, W::SignalDesign, W::FilterInspector}));
+    // The signal design window right after the filter design window; projects last.
+    EXPECT_EQ(next.windowsToShow(),
+              (std::vector<W>{W::FilterDesign, W::SignalDesign, W::FilterInspector, W::ProjectOne}));
 }
 
+// Turning one project window on turns the other off, in the store too;
+// turning one off leaves the other as it is.
 TEST_F(LaunchPreferencesTest, ProjectWindowsExcludeEachOther)
 {
-    prefs.setProjectTwoPref(true);
-    prefs.setProjectOnePref(true);
-    EXPECT_TRUE(prefs.projectOnePref());
-    EXPECT_FALSE(prefs.projectTwoPref());
-    // Both keys changed in the store.
-    EXPECT_EQ(store.value("GVRWinProjectOneKey").toBool(), true);
-    EXPECT_TRUE(store.contains("GVRWinProjectTwoKey"));
-    EXPECT_EQ(store.value("GVRWinProjectTwoKey").toBool(), false);
-
-    prefs.setProjectTwoPref(true);
-    EXPECT_FALSE(prefs.projectOnePref());
-    EXPECT_TRUE(prefs.projectTwoPref());
-
-    // Turning one off leaves the other as it is.
-    prefs.setProjectOnePref(false);
-    EXPECT_TRUE(prefs.projectTwoPref());
-    prefs.setProjectTwoPref(false);
-    EXPECT_FALSE(prefs.projectOnePref());
-    EXPECT_FALSE(prefs.projectTwoPref());
-    EXPECT_EQ(prefs.windowsToShow(), (std::vector<W>{W::FilterDesign, W::FilterInspector, W::SignalInspector}));
-}
-
-TEST_F(LaunchPreferencesTest, ProjectWindowsComeLastInShowOrder)
-{
-    prefs.setProjectOnePref(true);
-    prefs.setSignalDesignPref(true);
-    EXPECT_EQ(prefs.windowsToShow(), (std::vector<W>{W::FilterDesign, W::SignalDesign, W::FilterInspector,
-                                                     W::SignalInspector, W::ProjectOne}));
+    const struct {
+        void (LaunchPreferences::*set)(bool);
+        bool on, one, two;
+    } steps[] = {
+        {&LaunchPreferences::setProjectTwoPref, true, false, true},
+        {&LaunchPreferences::setProjectOnePref, true, true, false},
+        {&LaunchPreferences::setProjectTwoPref, true, false, true},
+        {&LaunchPreferences::setProjectOnePref, false, false, true},
+        {&LaunchPreferences::setProjectTwoPref, false, false, false},
+    };
+    for (const auto& s : steps) {
+        (prefs.*s.set)(s.on);
+        EXPECT_EQ(std::pair(prefs.projectOnePref(), prefs.projectTwoPref()), std::pair(s.one, s.two));
+        QSettings stored(path, QSettings::IniFormat);
+        EXPECT_EQ(std::pair(stored.value("GVRWinProjectOneKey", false).toBool(),
+                            stored.value("GVRWinProjectTwoKey", false).toBool()),
+                  std::pair(s.one, s.two));
+    }
 }
 
 TEST_F(LaunchPreferencesTest, HandEditedValuesThatAreNotYesOrNoFallBackToDefaults)
@@ -90,4 +82,4 @@ TEST_F(LaunchPreferencesTest, HandEditedValuesThatAreNotYesOrNoFallBackToDefault
     EXPECT_TRUE(prefs.projectTwoPref());
 }
 
-}  // namespace
+} // namespace
