@@ -11,6 +11,7 @@
 #include "charts/view_block_diagram.h"
 #include "charts/view_proj_freq.h"
 #include "charts/view_proj_time.h"
+#include "designer_test_support.h"
 #include "project/project_window.h"
 #include "seeded_library.h"
 
@@ -54,7 +55,7 @@ TEST(MultirateStagesWindow, GraphItemsShowTheStagesAndMarkTheirBlock)
         ASSERT_EQ(time.size(), GVRProjectModel::kStageTimeLength);
         ASSERT_EQ(freq.size(), GVRProjectModel::kStageFreqLength);
         EXPECT_DOUBLE_EQ(time[0], 900.0); // 300 KHz · 3
-        EXPECT_GT(countPixels(window.viewProjTime(), chartcolors::timeGraph()), 50);
-        EXPECT_GT(countPixels(window.viewBlockDiagram(), chartcolors::stageHighlight()), 100);
+        EXPECT_GT(designer_test::countPixels(window.viewProjTime(), chartcolors::timeGraph()), 50);
+        EXPECT_GT(designer_test::countPixels(window.viewBlockDiagram(), chartcolors::stageHighlight()), 100);
     }
 }
