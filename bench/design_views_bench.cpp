@@ -31,7 +31,7 @@ constexpr QSize kSize{1200, 400};
 // The 255-tap Hamming low pass with cutoff fs/8, as zeros_numpy.py makes it.
 std::vector<double> lowPass(int taps, double cutoff)
 {
-    std::vector<double> h(std::size_t(taps));
+    std::vector<double> h(static_cast<std::size_t>(taps));
     const int mid = (taps - 1) / 2;
     for (int i = 0; i < taps; ++i) {
         const double n = i - mid;
