@@ -45,7 +45,8 @@ TEST(AtomicWrite, AFailedStepKeepsTheOldFileAndNamesTheReason)
         QString error;
         EXPECT_FALSE(writeFileAtomically(path, QByteArray(100, 'n'), &error));
         EXPECT_EQ(contents(path), QByteArray("old design"));
-        EXPECT_EQ(error, QStringLiteral("“FA.filt” was not saved: %1.").arg(QString::fromLocal8Bit(std::strerror(c.errorNumber))));
+        EXPECT_EQ(error, QStringLiteral("“FA.filt” was not saved: %1.")
+                             .arg(QString::fromLocal8Bit(std::strerror(c.errorNumber))));
         EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"FA.filt"});
     }
 }
@@ -67,8 +68,8 @@ TEST(AtomicWrite, NamesAtTheFileNameLimitAreWrittenTwice)
 {
     QTemporaryDir dir;
     // 255 bytes in all: ASCII, and two-byte UTF-8 ending in the extension.
-    for (const QString& name : {QString(250, u'a') + QStringLiteral(".filt"),
-                                QString(124, u'é') + QStringLiteral(".signal")}) {
+    for (const QString& name :
+         {QString(250, u'a') + QStringLiteral(".filt"), QString(124, u'é') + QStringLiteral(".signal")}) {
         const QString path = dir.filePath(name);
         ASSERT_EQ(QFile::encodeName(name).size(), 255);
         for (const QByteArray& data : {QByteArray("first"), QByteArray("second")}) {

@@ -1,11 +1,16 @@
-// Synthetic result arrays in the layouts the charts read, for the chart tests:
-// a low-pass response, a sine record and a one-peak spectrum.
+// Synthetic result arrays in the layouts the charts read, for the chart tests
+// (a low-pass response, a sine record, a one-peak spectrum), and the label
+// texts of a laid-out chart.
 #pragma once
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <vector>
+
+#include <QStringList>
+
+#include "charts/chart_scene.h"
 
 namespace chartarrays {
 
@@ -19,7 +24,6 @@ inline std::vector<double> filterResponse(int edge, double stopDb, double lastPh
         a[8 + 2048 + k] = lastPhase * k / 2047.0;
     }
     a[0] = 2048.0;
-    a[1] = 0.0;
     a[2] = std::min(0.0, stopDb);
     a[3] = fsOver2;
     a[4] = std::max(0.0, lastPhase);
@@ -31,20 +35,15 @@ inline std::vector<double> filterResponse(int edge, double stopDb, double lastPh
 inline std::vector<double> signalTime(double fs, double amplitude, double period, int voltUnit, int freqUnit)
 {
     std::vector<double> a(8 + 16384, 0.0);
-    double largest = -INFINITY;
-    double smallest = INFINITY;
-    for (int k = 0; k < 16384; ++k) {
-        const double v = amplitude * std::sin(2.0 * std::numbers::pi * k / period);
-        a[8 + k] = v;
-        largest = std::max(largest, v);
-        smallest = std::min(smallest, v);
-    }
+    for (int k = 0; k < 16384; ++k)
+        a[8 + k] = amplitude * std::sin(2.0 * std::numbers::pi * k / period);
+    const auto [low, high] = std::minmax_element(a.begin() + 8, a.end());
     a[0] = fs;
     a[1] = fs / period;
     a[2] = voltUnit;
     a[3] = freqUnit;
-    a[4] = largest;
-    a[5] = smallest;
+    a[4] = *high;
+    a[5] = *low;
     return a;
 }
 
@@ -59,8 +58,15 @@ inline std::vector<double> signalSpectrum(double fs, double maxFreq, int peakBin
     a[2] = voltUnit;
     a[3] = freqUnit;
     a[4] = peak;
-    a[5] = 0.0;
     return a;
+}
+
+inline QStringList labelTexts(const ChartScene& scene)
+{
+    QStringList texts;
+    for (const ChartLabel& label : scene.labels)
+        texts << label.text;
+    return texts;
 }
 
 } // namespace chartarrays

@@ -14,8 +14,6 @@
 #include "charts/chart_scene.h"
 #include "charts/chart_series.h"
 #include "charts/filter_chart_layout.h"
-#include "charts/spectrum_chart_layout.h"
-#include "charts/time_chart_layout.h"
 
 namespace {
 
@@ -36,9 +34,9 @@ ChartScene flatScene(double level, QColor color)
     return scene;
 }
 
-QList<QByteArray> csvRows(const QByteArray& csv)
+QList<QByteArray> csvRows(const ChartSeries& series)
 {
-    QList<QByteArray> rows = csv.split('\n');
+    QList<QByteArray> rows = chartexport::csvBytes(series).split('\n');
     if (!rows.isEmpty() && rows.last().isEmpty())
         rows.removeLast();
     return rows;
@@ -51,12 +49,10 @@ TEST(ChartExport, SvgParsesAndHoldsOnePathPerCurve)
     const auto response = chartarrays::filterResponse(600, -60.0, -25.0, 0.5);
     for (const int type : {filterchart::kMagnitude, filterchart::kPhase}) {
         const ChartScene scene = layoutFilterChart(response, type, QStringLiteral("Norm"), 1200.0f, 400.0f);
-        const QByteArray svg =
-            chartexport::svgBytes(scene, QSize(1200, 400), labelFont(), QStringLiteral("t"));
-        QXmlStreamReader xml(svg);
+        QXmlStreamReader xml(
+            chartexport::svgBytes(scene, QSize(1200, 400), labelFont(), QStringLiteral("t")));
         int curvePaths = 0;
         int texts = 0;
-        const QString colour = scene.curveColor.name();
         // Qt Svg puts the pen on the group around each path.
         QStringList strokes{QString()};
         while (!xml.atEnd()) {
@@ -67,16 +63,13 @@ TEST(ChartExport, SvgParsesAndHoldsOnePathPerCurve)
                 continue;
             if (xml.name() == QLatin1String("g"))
                 strokes << xml.attributes().value(QLatin1String("stroke")).toString();
-            if (xml.name() == QLatin1String("path") &&
-                strokes.last().compare(colour, Qt::CaseInsensitive) == 0)
-                ++curvePaths;
-            if (xml.name() == QLatin1String("text"))
-                ++texts;
+            curvePaths += xml.name() == QLatin1String("path") &&
+                          strokes.last().compare(scene.curveColor.name(), Qt::CaseInsensitive) == 0;
+            texts += xml.name() == QLatin1String("text");
         }
         EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
         EXPECT_EQ(curvePaths, 1) << type;
-        // Text stays text: one element per label at least.
-        EXPECT_GE(texts, scene.labels.size()) << type;
+        EXPECT_GE(texts, scene.labels.size()) << type; // text stays text
     }
 }
 
@@ -110,8 +103,7 @@ TEST(ChartExport, PngSizeColourAndLineWidthAtRatioTwo)
     int rows = 0;
     for (int y = 0; y < two.height(); ++y)
         rows += two.pixelColor(400, y).rgb() == blue.rgb() ? 1 : 0;
-    // 2 px per logical pixel: 4 device rows.
-    EXPECT_EQ(rows, 4);
+    EXPECT_EQ(rows, 4); // 2 px per logical pixel
 }
 
 TEST(ChartExport, CsvRowsEqualTheArrays)
@@ -119,7 +111,7 @@ TEST(ChartExport, CsvRowsEqualTheArrays)
     const auto response = chartarrays::filterResponse(600, -60.0, -25.0, 22.05);
     const auto time = chartarrays::signalTime(44.1, 1.5, 37.0, 0, 1);
     const auto freq = chartarrays::signalSpectrum(44.1, 3.0, 300, 0.75, 1, 1);
-    struct Case {
+    const struct {
         ChartSeries series;
         QByteArray header;
         int rows;
@@ -131,20 +123,19 @@ TEST(ChartExport, CsvRowsEqualTheArrays)
         {chartseries::timeSeries(time, 0, 8, 1.0f), "time (mS),amplitude (V)", 16384, &time, 8},
         {chartseries::spectrumSeries(freq, 0, 8), "frequency (KHz),magnitude (mV)", 8192, &freq, 8},
     };
-    for (const Case& c : cases) {
-        const QList<QByteArray> rows = csvRows(chartexport::csvBytes(c.series));
-        ASSERT_EQ(rows.size(), c.rows + 1) << c.header.toStdString();
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.header.toStdString());
+        const QList<QByteArray> rows = csvRows(c.series);
+        ASSERT_EQ(rows.size(), c.rows + 1);
         EXPECT_EQ(rows.first(), c.header);
         for (const int i : {0, 1, 299, 300, c.rows - 1}) {
             const QList<QByteArray> cells = rows[i + 1].split(',');
             ASSERT_EQ(cells.size(), 2);
             // Full precision: the text reads back to the very same double.
-            EXPECT_EQ(cells[1].toDouble(), (*c.array)[size_t(c.first + i)]) << c.header.toStdString() << i;
+            EXPECT_EQ(cells[1].toDouble(), (*c.array)[size_t(c.first + i)]) << i;
         }
     }
     // x: the frequency of point k is k × fs/2 / 2048; the time of sample k is k / fs (here in mS).
-    EXPECT_EQ(csvRows(chartexport::csvBytes(cases[0].series))[1025].split(',')[0].toDouble(),
-              1024 * 22.05 / 2048);
-    EXPECT_NEAR(csvRows(chartexport::csvBytes(cases[2].series))[101].split(',')[0].toDouble(), 100 / 44.1,
-                1e-5);
+    EXPECT_EQ(csvRows(cases[0].series)[1025].split(',')[0].toDouble(), 1024 * 22.05 / 2048);
+    EXPECT_NEAR(csvRows(cases[2].series)[101].split(',')[0].toDouble(), 100 / 44.1, 1e-5);
 }

@@ -1,17 +1,19 @@
-// Measured analysis, window properties, word-length sweep, Kaiser's formulas and
-// equiripple designs against closed forms and published values.
+// 3 dB measurements on curves whose crossings are known; measured analysis,
+// window properties, word-length sweep, Kaiser's formulas and equiripple
+// designs against closed forms and published values.
 #include "dsp/equiripple.h"
 #include "dsp/filter_analysis.h"
-#include "dsp/fir_synthesis.h"
+#include "dsp/filter_measurements.h"
 #include "dsp/kaiser_design_formulas.h"
 #include "dsp/quantisation.h"
-#include "dsp/window.h"
 #include "dsp/window_properties.h"
 #include "dsp/word_length_sweep.h"
+#include "dsp_test_support.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <algorithm>
 #include <complex>
 #include <numbers>
 #include <vector>
@@ -26,15 +28,19 @@ struct Design {
 // The window-method pipeline; cutoff as typed (a high pass is complemented here, as the model does).
 Design design(int type, std::size_t N, double cutoff, double center, int window, double param, int width)
 {
-    Design d{std::vector<double>(N), std::vector<double>(N), std::vector<std::int32_t>(N)};
-    std::vector<double> H(N), h(N), w(N), hw(N);
-    idealLowPassSamples(passbandCount(N, type == kFilterHighPass ? 1.0 - cutoff : cutoff), H);
-    iDFTforSinc(H, h);
-    winfun(window, param, w);
-    winSync(h, w, hw);
-    filt(type, center, hw, d.c);
+    Design d{dsptest::design(N, type == kFilterHighPass ? 1.0 - cutoff : cutoff, type, center, window, param),
+             std::vector<double>(N), std::vector<std::int32_t>(N)};
     bitPrecison(width, d.c, d.q, d.cp);
     return d;
+}
+
+// Falls 0.01 dB a point from `start` (at `top` before it): crosses −3 dB exactly at start + 300 + 100·top.
+std::vector<double> slope(std::size_t start, double top = 0.0)
+{
+    std::vector<double> m(2048);
+    for (std::size_t k = 0; k < m.size(); ++k)
+        m[k] = k <= start ? top : top - 0.01 * static_cast<double>(k - start);
+    return m;
 }
 
 TEST(WindowProperties, ClosedFormsAndPublishedTables)
@@ -55,7 +61,8 @@ TEST(WindowProperties, ClosedFormsAndPublishedTables)
         EXPECT_NEAR(windowProperties(w).enbwBins, 1.5 * n / (n - 1.0), 1e-9);
     }
     // Published values (Harris 1978) for large N; a symmetric 255-point window differs by ~1/N.
-    for (const int index : {kWindowRectangular, kWindowHann, kWindowHamming, kWindowBlackman, kWindowBlackmanHarris}) {
+    for (const int index :
+         {kWindowRectangular, kWindowHann, kWindowHamming, kWindowBlackman, kWindowBlackmanHarris}) {
         std::vector<double> w(255);
         winfun(index, 0.0, w);
         const WindowProperties m = windowProperties(w);
@@ -118,7 +125,8 @@ TEST(FilterAnalysis, EdgesStopbandRippleAndBits)
 
     // All ones in the ideal samples: a single impulse, flat, no crossing and no stopband.
     const Design flat = design(kFilterLowPass, 25, 0.99, 0.0, kWindowRectangular, 0.0, kWidthDouble);
-    const FilterMeasurement f = measureFilter(kFilterLowPass, 0.99, 0.0, kWidthDouble, flat.c, flat.cp, flat.q);
+    const FilterMeasurement f =
+        measureFilter(kFilterLowPass, 0.99, 0.0, kWidthDouble, flat.c, flat.cp, flat.q);
     EXPECT_TRUE(std::isnan(f.response.edges3dB[0]));
     EXPECT_TRUE(std::isnan(f.stopbandAttenuationDb));
     EXPECT_NEAR(f.response.passbandRippleDb, 0.0, 1e-9);
@@ -188,6 +196,55 @@ TEST(Equiripple, RipplesEqualInTheRatioOfTheWeights)
     ToleranceMask backwards = mask;
     backwards.stopband[0] = 0.1;
     EXPECT_FALSE(equirippleDesign(backwards, h));
+}
+
+TEST(FilterMeasurements, CrossingsRippleAndExtremes)
+{
+    const double kNaN = std::nan("");
+    const double pad =
+        (2047.0 + 1.0 / -2.0) / 2047.0; // above −3 dB to the end: interpolated against the 0 dB pad
+    std::vector<double> lastPoint(2048, -2.0), ripple = slope(100, 0.25), high = slope(0), band = slope(1024);
+    lastPoint[0] = -10.0;
+    ripple[40] = -0.75; // the ripple is the largest magnitude in the pass band
+    std::reverse(high.begin(), high.end());
+    for (std::size_t k = 0; k < 1024; ++k) // symmetric about the centre 0.5
+        band[k] = band[2047 - k];
+    const struct {
+        const char* name;
+        int type;
+        std::vector<double> m;
+        double theta0, low, high, bandwidth, ripple;
+    } cases[] = {
+        {"low pass", kFilterLowPass, slope(0), 0.0, 300.0 / 2047, -1.0, 300.0 / 2047, 0.0},
+        {"ripple", kFilterLowPass, ripple, 0.0, 425.0 / 2047, kNaN, 425.0 / 2047, 0.75},
+        {"high pass", kFilterHighPass, high, 0.0, 1.0 - 300.0 / 2047, -1.0, 300.0 / 2047, kNaN},
+        {"band pass", kFilterBandPass, band, 0.5, 723.0 / 2047, 1324.0 / 2047, 601.0 / 2047, kNaN},
+        {"last point", kFilterLowPass, lastPoint, 0.0, pad, kNaN, kNaN, kNaN},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const Filt3dBResult r = calcFilt3dB(c.type, c.m, c.theta0);
+        ASSERT_TRUE(r.valid);
+        const std::pair<double, double> checks[] = {
+            {r.low, c.low}, {r.high, c.high}, {r.bandwidth, c.bandwidth}, {r.ripple, c.ripple}};
+        for (const auto& [got, want] : checks) {
+            if (!std::isnan(want)) { // NaN: not checked in this row
+                EXPECT_NEAR(got, want, 1e-12);
+            }
+        }
+    }
+    const Filt3dBResult lp = calcFilt3dB(kFilterLowPass, slope(0), 0.0);
+    EXPECT_EQ(lp.largest, 0.0);
+    EXPECT_NEAR(lp.smallest, -20.47, 1e-9);
+    // No crossing leaves the flag down.
+    Filt3dBResult r = calcFilt3dB(kFilterLowPass, std::vector<double>(2048, -1.0), 0.0);
+    EXPECT_FALSE(r.valid);
+    EXPECT_EQ(r.low, -1.0);
+    EXPECT_EQ(r.ripple, -1.0);
+    EXPECT_EQ(r.largest, -1.0);
+    r = calcFilt3dB(kFilterLowPass, std::vector<double>(2048, -4.0), 0.0);
+    EXPECT_FALSE(r.valid);
+    EXPECT_EQ(r.smallest, -4.0);
 }
 
 } // namespace

@@ -1,36 +1,20 @@
 // Filter designs saved and opened through GVRFilterDesignerModel: what the
-// file holds, what open gives back, refusals, and the save announcement.
-#include <gtest/gtest.h>
-
+// file holds, what open gives back, refusals, the save announcement, and the
+// inspector rows of saved files (cell texts, unit scaling, the high-pass
+// complement, empty cells, files that cannot be read).
 #include <QDir>
 #include <QFile>
 #include <QSignalSpy>
 
 #include "archive/atomic_write.h"
 #include "archive/filter_archive.h"
-#include "filter/filter_designer_model.h"
-#include "filter/filter_keys.h"
-#include "filter/recording_filter_view.h"
-#include "library/design_library.h"
-#include "support/temp_library.h"
+#include "filter/inspector_filt_model.h"
+#include "recording_filter_view.h"
 
 namespace {
 
-QVariantMap parameters(int units, int type, double fs, double cutoff, double center, int length = 25,
-                       int width = 5, int window = 2, double beta = 0.0)
-{
-    return {{KEYFP_UNITS, units},        {KEYFP_FILTER_TYPE, type},   {KEYFP_SAMPLING_FREQ, fs},
-            {KEYFP_CUTOFF_FREQ, cutoff}, {KEYFP_CENTER_FREQ, center}, {KEYFP_FILTER_LENGTH, length},
-            {KEYFP_FILTER_WIDTH, width}, {KEYFP_WINDOW_TYPE, window}, {KEYFP_BETA_UPSILON, beta}};
-}
-
-class FilterDesignFile : public ::testing::Test {
+class FilterDesignFile : public FilterFixture {
 protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(library.ensureFolders().isEmpty());
-        model.setWindow(&view);
-    }
     GVRFilter stored(const QString& name)
     {
         QString error;
@@ -38,35 +22,41 @@ protected:
         EXPECT_TRUE(record.has_value()) << error.toStdString();
         return record.value_or(GVRFilter{});
     }
-
-    TempLibrary temp;
-    DesignLibrary library{temp.root()};
-    RecordingFilterView view;
-    GVRFilterDesignerModel model{library};
 };
+
+QString f5(double v)
+{
+    return QString::asprintf("%1.5f", v);
+}
+
+GVRInspectFilt nameOnly(const QString& name)
+{
+    GVRInspectFilt row;
+    row.filename = name;
+    return row;
+}
 
 } // namespace
 
 TEST_F(FilterDesignFile, HighPassStoresTheComplementAndOpensAsTyped)
 {
-    model.designFilterWithParameters(parameters(0, 2, 0.0, 0.3, 0.0, 51, 0, 9, 5.0));
+    const FilterParams typed{.type = 2, .cutoff = 0.3, .center = 0, .width = 5, .window = 9, .beta = 5.0};
+    design(typed);
     ASSERT_TRUE(model.validResultsFlag()) << view.note.toStdString();
     ASSERT_TRUE(model.saveFilterDesignWithFileName(QStringLiteral("hp")));
     EXPECT_EQ(model.lastFileError(), QString());
 
-    const GVRFilter record = stored(QStringLiteral("hp"));
-    EXPECT_DOUBLE_EQ(*record.dfThetaCutoffFreqNormalized, 0.7);
-    EXPECT_FALSE(record.filterName.has_value());
-    EXPECT_EQ(record.filterType, 2);
-    EXPECT_EQ(record.windowType, 9);
-    EXPECT_EQ(record.dfBetaUpsilon, 5.0);
-    EXPECT_EQ(record.dfFilterLengthN, 51.0);
-    EXPECT_EQ(record.integerCoefficients->size(), 51u);
-    EXPECT_EQ(*record.filterCoefficients, model.filterCoefficients());
-    EXPECT_EQ(*record.filterPrecisionCoefficients, model.filterPrecisionCoefficients());
-    EXPECT_EQ(record.dfGimeldbLow, model.gimeldbLow());
-    EXPECT_EQ(record.dfPassbandRipple, model.passbandRipple());
-    EXPECT_EQ(record.dfDynamicRangeError, model.dynamicRangeError());
+    const GVRFilter r = stored(QStringLiteral("hp"));
+    EXPECT_DOUBLE_EQ(*r.dfThetaCutoffFreqNormalized, 0.7);
+    EXPECT_FALSE(r.filterName.has_value());
+    EXPECT_TRUE(r.filterType == 2 && r.windowType == 9 && r.dfBetaUpsilon == 5.0 &&
+                r.dfFilterLengthN == 51.0);
+    EXPECT_EQ(*r.integerCoefficients, model.integerCoefficients());
+    EXPECT_EQ(*r.filterCoefficients, model.filterCoefficients());
+    EXPECT_EQ(*r.filterPrecisionCoefficients, model.filterPrecisionCoefficients());
+    EXPECT_EQ(r.dfGimeldbLow, model.gimeldbLow());
+    EXPECT_EQ(r.dfPassbandRipple, model.passbandRipple());
+    EXPECT_EQ(r.dfDynamicRangeError, model.dynamicRangeError());
 
     GVRFilterDesignerModel other(library);
     RecordingFilterView otherView;
@@ -74,118 +64,161 @@ TEST_F(FilterDesignFile, HighPassStoresTheComplementAndOpensAsTyped)
     ASSERT_TRUE(other.openFilterDesignWithFileName(QStringLiteral("hp")))
         << other.lastFileError().toStdString();
     EXPECT_EQ(otherView.calls, QStringList{QStringLiteral("restore")});
-    const QVariantMap& r = otherView.restored;
-    EXPECT_EQ(r.size(), 9);
-    EXPECT_NEAR(r.value(KEYFP_CUTOFF_FREQ).toDouble(), 0.3, 1e-15);
-    EXPECT_EQ(r.value(KEYFP_FILTER_TYPE).toInt(), 2);
-    EXPECT_EQ(r.value(KEYFP_WINDOW_TYPE).toInt(), 9);
-    EXPECT_EQ(r.value(KEYFP_FILTER_LENGTH).toDouble(), 51.0);
-    EXPECT_EQ(r.value(KEYFP_BETA_UPSILON).toDouble(), 5.0);
-    EXPECT_EQ(r, other.filterRestorationDictionary());
+    QVariantMap want = typed.map();
+    EXPECT_NEAR(otherView.restored.value(KEYFP_CUTOFF_FREQ).toDouble(), 0.3, 1e-15);
+    want.insert(KEYFP_CUTOFF_FREQ, otherView.restored.value(KEYFP_CUTOFF_FREQ)); // 1 − 0.7
+    for (auto it = want.begin(); it != want.end(); ++it)
+        EXPECT_EQ(otherView.restored.value(it.key()).toDouble(), it.value().toDouble())
+            << it.key().toStdString();
+    EXPECT_EQ(otherView.restored.size(), 9);
+    EXPECT_EQ(otherView.restored, other.filterRestorationDictionary());
 }
 
 TEST_F(FilterDesignFile, UnitsAreNormalisedInTheFileAndScaledBackOnOpen)
 {
     // KHz, fs 48, cutoff 6: 6 / 24 = 0.25 in the file.
-    model.designFilterWithParameters(parameters(1, 0, 48.0, 6.0, 0.0));
-    ASSERT_TRUE(model.validResultsFlag());
+    design({.units = 1, .fs = 48.0, .cutoff = 6.0});
     ASSERT_TRUE(model.saveFilterDesignWithFileName(QStringLiteral("lp")));
     const GVRFilter record = stored(QStringLiteral("lp"));
     EXPECT_DOUBLE_EQ(*record.dfThetaCutoffFreqNormalized, 0.25);
     EXPECT_EQ(record.dfThetaSamplingFreq, 48.0);
     EXPECT_EQ(record.unitsType, 1);
     EXPECT_EQ(record.dfGimeldbHigh, -1.0);
-
     ASSERT_TRUE(model.openFilterDesignWithFileName(QStringLiteral("lp")));
     EXPECT_DOUBLE_EQ(view.restored.value(KEYFP_CUTOFF_FREQ).toDouble(), 6.0);
     EXPECT_DOUBLE_EQ(view.restored.value(KEYFP_SAMPLING_FREQ).toDouble(), 48.0);
     EXPECT_EQ(view.restored.value(KEYFP_UNITS).toInt(), 1);
 
     // A band pass in MHz: centre and cutoff both come back in MHz.
-    model.designFilterWithParameters(parameters(2, 1, 10.0, 0.5, 2.5, 61));
-    ASSERT_TRUE(model.validResultsFlag()) << view.note.toStdString();
-    ASSERT_TRUE(model.saveFilterDesignWithFileName(QStringLiteral("bp")));
+    design({.units = 2, .type = 1, .fs = 10.0, .cutoff = 0.5, .center = 2.5, .length = 61});
+    ASSERT_TRUE(model.saveFilterDesignWithFileName(QStringLiteral("bp"))) << view.note.toStdString();
     EXPECT_DOUBLE_EQ(*stored(QStringLiteral("bp")).dfThetaCenterFreqNormalized, 0.5);
     ASSERT_TRUE(model.openFilterDesignWithFileName(QStringLiteral("bp")));
     EXPECT_DOUBLE_EQ(view.restored.value(KEYFP_CENTER_FREQ).toDouble(), 2.5);
     EXPECT_DOUBLE_EQ(view.restored.value(KEYFP_CUTOFF_FREQ).toDouble(), 0.5);
 }
 
-TEST_F(FilterDesignFile, SaveRefusesWithoutResultsOrName)
+// Every save announces once and replaces the file; a refused or failed save
+// writes and announces nothing.
+TEST_F(FilterDesignFile, SavesAnnounceOnceAndRefusalsWriteNothing)
 {
     QSignalSpy spy(&library, &DesignLibrary::newFilterFile);
-    EXPECT_FALSE(model.saveFilterDesignWithFileName(QStringLiteral("none")));
+    EXPECT_FALSE(model.saveFilterDesignWithFileName(QStringLiteral("none"))); // nothing designed yet
     EXPECT_FALSE(model.lastFileError().isEmpty());
-    EXPECT_FALSE(QFile::exists(library.filterPath(QStringLiteral("none"))));
-
-    model.designFilterWithParameters(parameters(0, 0, 0.0, 0.2, 0.0));
-    ASSERT_TRUE(model.validResultsFlag());
+    design({.cutoff = 0.2});
     EXPECT_FALSE(model.saveFilterDesignWithFileName(QString()));
     EXPECT_FALSE(model.saveFilterDesignWithFileName(QStringLiteral("../escape")));
-    EXPECT_TRUE(library.files(DesignLibrary::Folder::Filter).isEmpty());
-    EXPECT_EQ(spy.count(), 0);
-}
-
-TEST_F(FilterDesignFile, EverySaveAnnouncesOnceAndReplacesTheFile)
-{
-    QSignalSpy spy(&library, &DesignLibrary::newFilterFile);
-    model.designFilterWithParameters(parameters(0, 0, 0.0, 0.2, 0.0));
     ASSERT_TRUE(model.saveFilterDesignWithFileName(QStringLiteral("same")));
-    EXPECT_EQ(spy.count(), 1);
-    model.designFilterWithParameters(parameters(0, 0, 0.0, 0.1, 0.0, 27));
+    design({.cutoff = 0.1, .length = 27});
     ASSERT_TRUE(model.saveFilterDesignWithFileName(QStringLiteral("same")));
     EXPECT_EQ(spy.count(), 2);
     EXPECT_EQ(stored(QStringLiteral("same")).dfFilterLengthN, 27.0);
-    EXPECT_EQ(library.files(DesignLibrary::Folder::Filter).size(), 1);
-}
+    EXPECT_EQ(library.designNames(DesignLibrary::Folder::Filter), QStringList{QStringLiteral("same")});
 
-TEST_F(FilterDesignFile, FailedWriteIsReportedAndAnnouncesNothing)
-{
     // A folder in place of the file: the atomic rename cannot replace it.
     ASSERT_TRUE(QDir().mkpath(library.filterPath(QStringLiteral("blocked"))));
-    QSignalSpy spy(&library, &DesignLibrary::newFilterFile);
-    model.designFilterWithParameters(parameters(0, 0, 0.0, 0.2, 0.0));
     EXPECT_FALSE(model.saveFilterDesignWithFileName(QStringLiteral("blocked")));
     EXPECT_FALSE(model.lastFileError().isEmpty());
-    EXPECT_EQ(spy.count(), 0);
+    EXPECT_EQ(spy.count(), 2);
 }
 
-TEST_F(FilterDesignFile, OpenTakesTheLastRecordAndRefusesIncompleteOnes)
+// Without a β/ϒ the dictionary would hold eight entries: refused, window untouched.
+TEST_F(FilterDesignFile, OpenRefusesIncompleteOrForeignFiles)
 {
-    GVRFilter first;
-    first.filterType = 0;
-    first.windowType = 2;
-    first.filterWidth = 0;
-    first.unitsType = 0;
-    first.dfThetaSamplingFreq = 0.0;
-    first.dfFilterLengthN = 0.0;
-    first.dfBetaUpsilon = 0.0;
-    first.dfThetaCutoffFreqNormalized = 0.1;
-    first.dfThetaCenterFreqNormalized = 0.0;
-    GVRFilter last = first;
-    last.dfThetaCutoffFreqNormalized = 0.4;
-    last.windowType = 3;
-    ASSERT_TRUE(
-        writeFileAtomically(library.filterPath(QStringLiteral("two")), encodeFilterArchive({first, last})));
-    ASSERT_TRUE(model.openFilterDesignWithFileName(QStringLiteral("two")));
-    EXPECT_EQ(view.restored.value(KEYFP_WINDOW_TYPE).toInt(), 3);
-    EXPECT_DOUBLE_EQ(view.restored.value(KEYFP_CUTOFF_FREQ).toDouble(), 0.4);
-
-    // Without a β/ϒ the dictionary would hold eight entries: refused, window untouched.
-    GVRFilter partial = last;
+    design({.cutoff = 0.3, .window = 3});
+    ASSERT_TRUE(model.saveFilterDesignWithFileName(QStringLiteral("whole")));
+    auto partial = stored(QStringLiteral("whole"));
     partial.dfBetaUpsilon.reset();
     ASSERT_TRUE(
         writeFileAtomically(library.filterPath(QStringLiteral("partial")), encodeFilterArchive(partial)));
+    ASSERT_TRUE(writeFileAtomically(library.filterPath(QStringLiteral("junk")), "not an archive"));
+    ASSERT_TRUE(model.openFilterDesignWithFileName(QStringLiteral("whole")));
     view.calls.clear();
-    EXPECT_FALSE(model.openFilterDesignWithFileName(QStringLiteral("partial")));
-    EXPECT_FALSE(model.lastFileError().isEmpty());
+    for (const char* name : {"partial", "junk", "missing", ""}) {
+        EXPECT_FALSE(model.openFilterDesignWithFileName(QLatin1String(name))) << name;
+        EXPECT_FALSE(model.lastFileError().isEmpty()) << name;
+    }
     EXPECT_TRUE(view.calls.isEmpty());
     EXPECT_EQ(model.filterRestorationDictionary().value(KEYFP_WINDOW_TYPE).toInt(), 3);
+}
 
-    ASSERT_TRUE(
-        writeFileAtomically(library.filterPath(QStringLiteral("junk")), QByteArray("not an archive")));
-    EXPECT_FALSE(model.openFilterDesignWithFileName(QStringLiteral("junk")));
-    EXPECT_FALSE(model.openFilterDesignWithFileName(QStringLiteral("missing")));
-    EXPECT_FALSE(model.openFilterDesignWithFileName(QString()));
-    EXPECT_TRUE(view.calls.isEmpty());
+// Rate, centre and upper 3 dB point stay empty where the design has none; the
+// high pass shows its cutoff as typed; MHz values are normalised × fs/2.
+TEST_F(FilterDesignFile, InspectorRowsOfSavedDesigns)
+{
+    const QStringList typed{"filter", "fs",      "window",  "parm", "width",
+                            "length", "fcutoff", "fcenter", "units"};
+    const struct {
+        const char* name;
+        FilterParams p;
+        double scale;     // of the 3 dB cells
+        const char* want; // the `typed` cells, split at '|'
+    } cases[] = {
+        {"lowNorm",
+         {.cutoff = 0.2, .width = 5, .window = 2},
+         1.0,
+         "Low Pass||Hamming||16-bit|51|0.20000||Norm"},
+        {"high",
+         {.type = 2, .cutoff = 0.3, .width = 5, .window = 9, .beta = 5.0},
+         1.0,
+         "High Pass||Kaiser|5.00000|16-bit|51|0.30000||Norm"},
+        {"band",
+         {.units = 2,
+          .type = 1,
+          .fs = 10,
+          .cutoff = 0.5,
+          .center = 2.5,
+          .length = 61,
+          .width = 9,
+          .window = 10,
+          .beta = 3.5},
+         5.0,
+         "Band Pass|10.00000|Chebyshev|3.50000|12-bit|61|0.50000|2.50000|MHz"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        design(c.p);
+        ASSERT_TRUE(model.saveFilterDesignWithFileName(QLatin1String(c.name)));
+        QMap<QString, QString> want;
+        for (int i = 0; i < typed.size(); ++i)
+            want.insert(typed[i], QString::fromUtf8(c.want).split('|').at(i));
+        want.insert("filename", QLatin1String(c.name));
+        want.insert("db3low", f5(model.gimeldbLow() * c.scale));
+        want.insert("db3band", f5(model.gimeldbBandwidth() * c.scale));
+        want.insert("db3high", c.p.type == 1 ? f5(model.gimeldbHigh() * c.scale) : QString());
+        want.insert("ripple", f5(model.passbandRipple()));
+        GVRInspectFilt got;
+        for (const GVRInspectFilt& row : GVRInspectorFiltModel(library).getFiltInspectorArray())
+            got = row.filename == QLatin1String(c.name) ? row : got;
+        for (const QString& key : GVRInspectFilt::keys())
+            EXPECT_EQ(got.value(key), want.value(key)) << key.toStdString();
+    }
+}
+
+TEST_F(FilterDesignFile, InspectorShowsOnlyTheNameOfAnUnreadableFile)
+{
+    design({.cutoff = 0.2});
+    ASSERT_TRUE(model.saveFilterDesignWithFileName(QStringLiteral("good")));
+    ASSERT_TRUE(writeFileAtomically(library.filterPath(QStringLiteral("broken")), "bplist00 junk"));
+    const QList<GVRInspectFilt> rows = GVRInspectorFiltModel(library).getFiltInspectorArray();
+    // Rows follow the folder listing.
+    ASSERT_EQ(library.designNames(DesignLibrary::Folder::Filter), (QStringList{"broken", "good"}));
+    ASSERT_EQ(rows.size(), 2);
+    EXPECT_EQ(rows[0], nameOnly("broken"));
+    EXPECT_EQ(rows[1].filename, QStringLiteral("good"));
+    EXPECT_EQ(rows[1].filter, QStringLiteral("Low Pass"));
+
+    ASSERT_TRUE(QDir(library.filterFolder()).removeRecursively());
+    EXPECT_TRUE(GVRInspectorFiltModel(library).getFiltInspectorArray().isEmpty());
+}
+
+TEST(InspectFilt, HostileRecordValuesGiveEmptyCells)
+{
+    GVRFilter r;
+    r.filterType = 7;
+    r.windowType = -1;
+    r.filterWidth = 99;
+    r.unitsType = 5;
+    r.dfFilterLengthN = 1e300;
+    EXPECT_EQ(GVRInspectorFiltModel::rowForRecord(QStringLiteral("odd"), r), nameOnly("odd"));
 }

@@ -1,14 +1,11 @@
-// Design library: folder creation, paths, listings, sample seeding and the
-// new-file announcements.
+// Design library: folder creation, paths, listings and sample seeding.
 #include "library/design_library.h"
-
 
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -42,36 +39,36 @@ TEST_F(DesignLibraryTest, FirstLaunchMakesRootAndFourFolders)
 {
     EXPECT_TRUE(library.ensureFolders().isEmpty());
     for (Folder folder : DesignLibrary::kFolders)
-        EXPECT_TRUE(QFileInfo(library.folderPath(folder)).isDir()) << library.folderPath(folder).toStdString();
+        EXPECT_TRUE(QFileInfo(library.folderPath(folder)).isDir())
+            << library.folderPath(folder).toStdString();
     // Every launch runs it again; existing folders and their files stay.
     writeText(library.filterPath("mine"), "kept");
     EXPECT_TRUE(library.ensureFolders().isEmpty());
     EXPECT_EQ(readText(library.filterPath("mine")), "kept");
 }
 
-TEST_F(DesignLibraryTest, PlainFileInPlaceOfAFolderIsLeftAloneAndReported)
+TEST_F(DesignLibraryTest, PlainFilesInPlaceOfFoldersAreLeftAloneAndReported)
 {
     ASSERT_TRUE(QDir().mkpath(root));
     writeText(root + "/signal", "not a folder");
     const QList<LibraryProblem> problems = library.ensureFolders();
     ASSERT_EQ(problems.size(), 1);
     EXPECT_EQ(problems[0].path, root + "/signal");
-    EXPECT_TRUE(problems[0].message.contains("signal designs cannot be saved")) << problems[0].message.toStdString();
+    EXPECT_TRUE(problems[0].message.contains("signal designs cannot be saved"))
+        << problems[0].message.toStdString();
     EXPECT_EQ(readText(root + "/signal"), "not a folder");
     EXPECT_TRUE(QFileInfo(library.folderPath(Folder::Filter)).isDir());
     EXPECT_TRUE(QFileInfo(library.folderPath(Folder::ProjectTwo)).isDir());
     EXPECT_FALSE(QFileInfo(library.signalPath("x")).exists());
-}
 
-TEST_F(DesignLibraryTest, RootThatCannotBeMadeIsOneProblem)
-{
-    writeText(dir.path() + "/blocker", "file");
-    DesignLibrary blocked(dir.path() + "/blocker/Orvana");
-    const QList<LibraryProblem> problems = blocked.ensureFolders();
-    ASSERT_EQ(problems.size(), 1);
-    EXPECT_EQ(problems[0].path, dir.path() + "/blocker/Orvana");
-    EXPECT_TRUE(problems[0].message.startsWith("The folder “")) << problems[0].message.toStdString();
-    EXPECT_EQ(readText(dir.path() + "/blocker"), "file");
+    // A root that cannot be made is one problem.
+    DesignLibrary blocked(root + "/signal/Orvana");
+    const QList<LibraryProblem> blockedProblems = blocked.ensureFolders();
+    ASSERT_EQ(blockedProblems.size(), 1);
+    EXPECT_EQ(blockedProblems[0].path, root + "/signal/Orvana");
+    EXPECT_TRUE(blockedProblems[0].message.startsWith("The folder “"))
+        << blockedProblems[0].message.toStdString();
+    EXPECT_EQ(readText(root + "/signal"), "not a folder");
 }
 
 TEST_F(DesignLibraryTest, ReadOnlyRootReportsEachFolder)
@@ -89,6 +86,8 @@ TEST_F(DesignLibraryTest, ReadOnlyRootReportsEachFolder)
 
 TEST_F(DesignLibraryTest, ListingKeepsFolderOrderAndOnlyItsExtension)
 {
+    EXPECT_TRUE(library.files(Folder::ProjectOne).isEmpty()); // a missing folder lists nothing
+    EXPECT_TRUE(library.designNames(Folder::Signal).isEmpty());
     ASSERT_TRUE(library.ensureFolders().isEmpty());
     const QString folder = library.folderPath(Folder::Filter);
     for (const char* name : {"b.filt", "a.filt", ".hidden.filt", "c.filt.bak", "d.FILT", ".filt", "e.signal"})
@@ -120,13 +119,6 @@ TEST_F(DesignLibraryTest, ListingKeepsFolderOrderAndOnlyItsExtension)
     for (const QString& name : expected)
         bare.append(name.chopped(5));
     EXPECT_EQ(library.designNames(Folder::Filter), bare);
-    EXPECT_TRUE(library.files(Folder::Signal).isEmpty());
-}
-
-TEST_F(DesignLibraryTest, MissingFolderListsNothing)
-{
-    EXPECT_TRUE(library.files(Folder::ProjectOne).isEmpty());
-    EXPECT_TRUE(library.designNames(Folder::Signal).isEmpty());
 }
 
 // A resource folder holding the thirteen samples, each with its own bytes.
@@ -140,27 +132,7 @@ QString makeSamples(const QTemporaryDir& dir)
     return samples;
 }
 
-TEST_F(DesignLibraryTest, SeedingCopiesEachSampleToItsFolder)
-{
-    const QString samples = makeSamples(dir);
-    ASSERT_TRUE(library.ensureFolders().isEmpty());
-    const SeedReport report = library.seedSamples(samples);
-    EXPECT_EQ(report.copied.size(), 13);
-    EXPECT_TRUE(report.kept.isEmpty());
-    EXPECT_TRUE(report.missing.isEmpty());
-    EXPECT_TRUE(report.problems.isEmpty());
-    for (const auto& sample : DesignLibrary::kSamples) {
-        const QString target = library.folderPath(sample.folder) + "/" + sample.fileName;
-        EXPECT_EQ(readText(target), QByteArray("sample ") + sample.fileName);
-    }
-    EXPECT_EQ(library.files(Folder::Signal).size(), 5);
-    EXPECT_EQ(library.files(Folder::Filter).size(), 6);
-    EXPECT_EQ(library.designNames(Folder::ProjectOne), QStringList{"Cos10M3andCos35"});
-    EXPECT_EQ(library.designNames(Folder::ProjectTwo), QStringList{"multirateUser300to450"});
-    EXPECT_FALSE(QFileInfo::exists(library.folderPath(Folder::Filter) + "/OrvanaUserManual.pdf"));
-}
-
-TEST_F(DesignLibraryTest, SeedingNeverReplacesTheUsersFileAndRestoresDeletedSamples)
+TEST_F(DesignLibraryTest, SeedingCopiesSamplesButNeverReplacesTheUsersFile)
 {
     const QString samples = makeSamples(dir);
     ASSERT_TRUE(library.ensureFolders().isEmpty());
@@ -168,7 +140,18 @@ TEST_F(DesignLibraryTest, SeedingNeverReplacesTheUsersFileAndRestoresDeletedSamp
     SeedReport report = library.seedSamples(samples);
     EXPECT_EQ(report.copied.size(), 12);
     EXPECT_EQ(report.kept, QStringList{"lp300fc25.filt"});
-    EXPECT_EQ(readText(library.filterPath("lp300fc25")), "the user's own design");
+    EXPECT_TRUE(report.missing.isEmpty() && report.problems.isEmpty());
+    for (const auto& sample : DesignLibrary::kSamples) {
+        const QByteArray own = QByteArray(sample.fileName) == "lp300fc25.filt"
+                                   ? "the user's own design"
+                                   : QByteArray("sample ") + sample.fileName;
+        EXPECT_EQ(readText(library.folderPath(sample.folder) + "/" + sample.fileName), own);
+    }
+    EXPECT_EQ(library.files(Folder::Signal).size(), 5);
+    EXPECT_EQ(library.files(Folder::Filter).size(), 6);
+    EXPECT_EQ(library.designNames(Folder::ProjectOne), QStringList{"Cos10M3andCos35"});
+    EXPECT_EQ(library.designNames(Folder::ProjectTwo), QStringList{"multirateUser300to450"});
+    EXPECT_FALSE(QFileInfo::exists(library.folderPath(Folder::Filter) + "/OrvanaUserManual.pdf"));
 
     // Next launch: the user deleted one sample; it comes back, nothing else changes.
     QFile::remove(library.signalPath("Cos1MHz"));
@@ -188,7 +171,8 @@ TEST_F(DesignLibraryTest, SeedingReportsMissingSamplesAndFolders)
     const SeedReport report = library.seedSamples(samples);
     EXPECT_EQ(report.missing, QStringList{"Cos35Fs300.signal"});
     ASSERT_EQ(report.problems.size(), 1);
-    EXPECT_TRUE(report.problems[0].message.startsWith("The sample design “multirateUser300to450.orvana” was not copied"))
+    EXPECT_TRUE(report.problems[0].message.startsWith(
+        "The sample design “multirateUser300to450.orvana” was not copied"))
         << report.problems[0].message.toStdString();
     EXPECT_EQ(readText(root + "/projectTwo"), "in the way");
     EXPECT_EQ(report.copied.size(), 11);
@@ -200,15 +184,4 @@ TEST_F(DesignLibraryTest, SeedingReportsMissingSamplesAndFolders)
     EXPECT_EQ(library.seedSamples(QString()).missing.size(), 13);
 }
 
-TEST_F(DesignLibraryTest, AnnouncementsReachListeners)
-{
-    QSignalSpy filters(&library, &DesignLibrary::newFilterFile);
-    QSignalSpy signalFiles(&library, &DesignLibrary::newSignalFile);
-    library.announceNewFilterFile();
-    library.announceNewFilterFile();
-    library.announceNewSignalFile();
-    EXPECT_EQ(filters.count(), 2);
-    EXPECT_EQ(signalFiles.count(), 1);
-}
-
-}  // namespace
+} // namespace

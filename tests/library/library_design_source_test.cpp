@@ -15,27 +15,19 @@ namespace {
 GVRFilter smallFilter()
 {
     GVRFilter f;
-    f.filterType = 0;
+    f.filterType = f.filterWidth = f.unitsType = 0;
     f.windowType = 3;
-    f.filterWidth = 0;
-    f.unitsType = 0;
     f.dfThetaSamplingFreq = 1.0;
     f.dfFilterLengthN = 3.0;
     f.integerCoefficients = std::vector<std::int64_t>{0, 0, 0};
-    f.filterCoefficients = std::vector<double>{0.25, 0.5, 0.25};
-    f.filterPrecisionCoefficients = std::vector<double>{0.25, 0.5, 0.25};
+    f.filterCoefficients = f.filterPrecisionCoefficients = std::vector<double>{0.25, 0.5, 0.25};
     return f;
 }
 
 GVRSignal cosine()
 {
-    GVRSignal s;
-    s.samplingFreq = 300.0;
-    s.yStepIndex = 0.0;
-    s.freqUnits = 0;
-    s.voltUnits = 0;
-    s.parm1 = 10.0;
-    s.sampledSignalArray = std::vector<double>(kSignalSampleCount);
+    GVRSignal s{300.0, 0.0, 0,  0,  10.0, {}, {},
+                {},    {},  {}, {}, {},   {}, std::vector<double>(kSignalSampleCount)};
     for (std::size_t k = 0; k < kSignalSampleCount; ++k)
         (*s.sampledSignalArray)[k] = double(k % 7) - 3.0;
     return s;
@@ -56,16 +48,12 @@ TEST_F(LibraryDesignSourceTest, ReadsSavedRecordsByName)
     ASSERT_TRUE(writeSignalFile(library.signalPath("cos"), cosine()));
     EXPECT_EQ(source.filterNames(), QStringList{"lp3"});
     EXPECT_EQ(source.signalNames(), QStringList{"cos"});
-    const auto filter = source.filterRecord("lp3");
-    ASSERT_TRUE(filter.has_value()) << source.lastError().toStdString();
-    EXPECT_EQ(*filter, smallFilter());
-    const auto signal = source.signalRecord("cos");
-    ASSERT_TRUE(signal.has_value()) << source.lastError().toStdString();
-    EXPECT_EQ(*signal, cosine());
+    EXPECT_EQ(source.filterRecord("lp3"), smallFilter()) << source.lastError().toStdString();
+    EXPECT_EQ(source.signalRecord("cos"), cosine()) << source.lastError().toStdString();
     EXPECT_TRUE(source.lastError().isEmpty());
 }
 
-TEST_F(LibraryDesignSourceTest, MissingOrDamagedFilesAreRefusedWithAReason)
+TEST_F(LibraryDesignSourceTest, MissingDamagedOrOutsideFilesAreRefusedWithAReason)
 {
     EXPECT_FALSE(source.filterRecord("gone").has_value());
     EXPECT_TRUE(source.lastError().contains("gone.filt")) << source.lastError().toStdString();
@@ -77,21 +65,18 @@ TEST_F(LibraryDesignSourceTest, MissingOrDamagedFilesAreRefusedWithAReason)
     EXPECT_FALSE(source.signalRecord("junk").has_value());
     EXPECT_TRUE(source.lastError().startsWith("“junk.signal” is not an Orvana signal design: "))
         << source.lastError().toStdString();
-
     // A filter file under a signal name is not a signal.
     ASSERT_TRUE(writeFilterFile(library.signalPath("wrongKind"), smallFilter()));
     EXPECT_FALSE(source.signalRecord("wrongKind").has_value());
-}
 
-TEST_F(LibraryDesignSourceTest, NamesThatLeaveTheFolderAreRefused)
-{
+    // Names that leave the folder.
     ASSERT_TRUE(writeFilterFile(dir.path() + "/outside.filt", smallFilter()));
-    EXPECT_FALSE(source.filterRecord("../outside").has_value());
-    EXPECT_FALSE(source.filterRecord("").has_value());
-    EXPECT_FALSE(source.filterRecord(QString("a") + QChar(0) + "b").has_value());
-    EXPECT_FALSE(source.lastError().isEmpty());
+    for (const QString& name : {QString("../outside"), QString(), QString("a") + QChar(0) + "b"}) {
+        EXPECT_FALSE(source.filterRecord(name).has_value()) << name.toStdString();
+        EXPECT_FALSE(source.lastError().isEmpty());
+    }
     EXPECT_TRUE(LibraryDesignSource::isPlainName("lp 300 fc.25"));
     EXPECT_FALSE(LibraryDesignSource::isPlainName(".."));
 }
 
-}  // namespace
+} // namespace

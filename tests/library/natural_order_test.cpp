@@ -13,10 +13,10 @@ TEST(NaturalOrder, PairsSortAsAPersonExpects)
         bool cells; // compared as table cells rather than names
     };
     const Case cases[] = {
-        {"lp9", "lp10", false},          {"alpha", "Beta", false},        {"lp025", "lp26", false},
-        {"a", "a1", false},              {"File", "file", false},         {"8-bit", "16-bit", true},
-        {"9.0", "10.0", true},           {"-2.5", "-1", true},            {"1e3", "2000", true},
-        {"", "0", true},                 {"Double", "Kaiser", true},      {"20-bit", "Double", true},
+        {"lp9", "lp10", false}, {"alpha", "Beta", false},   {"lp025", "lp26", false},
+        {"a", "a1", false},     {"File", "file", false},    {"8-bit", "16-bit", true},
+        {"9.0", "10.0", true},  {"-2.5", "-1", true},       {"1e3", "2000", true},
+        {"", "0", true},        {"Double", "Kaiser", true}, {"20-bit", "Double", true},
     };
     for (const Case& c : cases) {
         const QString a = QString::fromUtf8(c.before);

@@ -33,10 +33,12 @@ TEST(StaleTemporaries, OnlyOldFilesOfOurPatternsGo)
         int ageSeconds;
         bool removed;
     } cases[] = {
-        {".orvana-save-Ab12Cd", 601, true},    {"FA.filt.x9YzQ1", 3600, true},  {"lp.signal.AAAAAA", 700, true},
-        {"p.orvana.abcdef", 86400, true},      {".orvana-save-Ab12Cd", 30, false}, {"FA.filt.x9YzQ1", 540, false},
-        {"FA.filt", 86400, false},             {"FA.filt.bak", 86400, false},   {"FA.filt.x9YzQ12", 86400, false},
-        {"notes.txt.abcdef", 86400, false},    {".orvana-save-Ab1", 86400, false},
+        {".orvana-save-Ab12Cd", 601, true}, {"FA.filt.x9YzQ1", 3600, true},
+        {"lp.signal.AAAAAA", 700, true},    {"p.orvana.abcdef", 86400, true},
+        {".orvana-save-Ab12Cd", 30, false}, {"FA.filt.x9YzQ1", 540, false},
+        {"FA.filt", 86400, false},          {"FA.filt.bak", 86400, false},
+        {"FA.filt.x9YzQ12", 86400, false},  {"notes.txt.abcdef", 86400, false},
+        {".orvana-save-Ab1", 86400, false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);

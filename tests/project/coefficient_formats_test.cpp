@@ -1,8 +1,10 @@
-// Coefficient formats: byte-for-byte golden files of a fixed antisymmetric band
-// pass, and every format read back by the tool a user feeds it (gcc, iverilog,
-// ghdl, python3) or parsed strictly, for saved designs in golden/: that band
-// pass (12-bit), a 20-bit low pass, a Double band pass and a 17-bit high pass
-// whose integers need 18 bits. ORVANA_UPDATE_GOLDEN=1 rewrites the golden files.
+// Coefficient export. Formats: byte-for-byte golden files of a fixed
+// antisymmetric band pass, and every format read back by the tool a user
+// feeds it (gcc, iverilog, ghdl, python3) or parsed strictly, for saved
+// designs in golden/: that band pass (12-bit), a 20-bit low pass, a Double
+// band pass and a 17-bit high pass whose integers need 18 bits
+// (ORVANA_UPDATE_GOLDEN=1 rewrites the golden files). The export list's rows
+// and the one-line CSV of a saved filter, written whole or not at all.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,7 +12,6 @@
 #include <numeric>
 
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -19,8 +20,11 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include "archive/atomic_write.h"
 #include "archive/filter_archive.h"
+#include "filter/recording_filter_view.h"
 #include "project/coefficient_formats.h"
+#include "project/fir_export_model.h"
 
 namespace {
 
@@ -141,23 +145,20 @@ TEST(CoefficientFormats, GoldenFilesOfAnAntisymmetricBandPass)
 TEST(CoefficientFormats, CHeadersCompileWithGcc)
 {
     for (const CoefficientFormat format : {CoefficientFormat::C, CoefficientFormat::Cmsis})
-        checkFormat(
-            format, "gcc", [&](const QString& dir, const QString& id, const Case&, const QString& text) {
-                write(dir + "/taps.h", text);
-                // Two typedefs stand in for CMSIS-DSP's header.
-                write(dir + "/arm_math.h",
-                      "#include <stdint.h>\ntypedef int16_t q15_t;\ntypedef int32_t q31_t;\n");
-                const QString t = id + (format == CoefficientFormat::Cmsis ? "_coeffs" : "_taps");
-                write(dir + "/main.c",
-                      "#include <stdio.h>\n#include \"taps.h\"\nint main(void) {\n  for (unsigned i = 0; "
-                      "i < sizeof " +
-                          t + " / sizeof " + t +
-                          "[0]; ++i)\n    printf(\"%.17g\\n\", "
-                          "(double)" +
-                          t + "[i]);\n  return 0;\n}\n");
-                run(dir, "gcc", {"-std=c99", "-Wall", "-Wextra", "-Werror", "-o", "main", "main.c"});
-                return numbers(run(dir, dir + "/main", {}));
-            });
+        checkFormat(format, "gcc",
+                    [&](const QString& dir, const QString& id, const Case&, const QString& text) {
+                        write(dir + "/taps.h", text);
+                        // Two typedefs stand in for CMSIS-DSP's header.
+                        write(dir + "/arm_math.h",
+                              "#include <stdint.h>\ntypedef int16_t q15_t;\ntypedef int32_t q31_t;\n");
+                        write(dir + "/main.c",
+                              QString("#include <stdio.h>\n#include \"taps.h\"\nint main(void) {\n"
+                                      "  for (unsigned i = 0; i < sizeof %1 / sizeof %1[0]; ++i)\n"
+                                      "    printf(\"%.17g\\n\", (double)%1[i]);\n  return 0;\n}\n")
+                                  .arg(id + (format == CoefficientFormat::Cmsis ? "_coeffs" : "_taps")));
+                        run(dir, "gcc", {"-std=c99", "-Wall", "-Wextra", "-Werror", "-o", "main", "main.c"});
+                        return numbers(run(dir, dir + "/main", {}));
+                    });
 }
 
 TEST(CoefficientFormats, VerilogRomReadByIverilog)
@@ -252,4 +253,88 @@ TEST(CoefficientFormats, CoeMifMatlabAndJsonParseStrictly)
             v.push_back(x.toDouble());
         return v;
     });
+}
+
+namespace {
+
+class FirExport : public FilterFixture {
+protected:
+    void save(const char* name, double type, double length, double width)
+    {
+        design({.type = type, .cutoff = 0.1, .length = length, .width = width, .window = 2});
+        ASSERT_TRUE(model.saveFilterDesignWithFileName(QLatin1String(name))) << view.note.toStdString();
+    }
+    static QByteArray contents(const QString& path)
+    {
+        QFile f(path);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+};
+
+} // namespace
+
+TEST_F(FirExport, EightBitFilterGivesOneLineOfIntegers)
+{
+    save("lp8", 0, 25, 13); // 13 = 8-bit
+    const QString csv = temp.root() + QStringLiteral("/coefficients.csv");
+    QString error;
+    ASSERT_TRUE(GVRFirExportModel(library).openFilterFileAndSaveCoefficientsToFile("lp8.filt", csv, &error))
+        << error.toStdString();
+    const QByteArray text = contents(csv);
+    EXPECT_FALSE(text.contains('\n') || text.contains(' ') || text.contains('+'));
+    std::vector<std::int64_t> read;
+    for (const QByteArray& item : text.split(',')) {
+        bool ok = false;
+        read.push_back(item.toLongLong(&ok));
+        EXPECT_TRUE(ok) << item.toStdString();
+    }
+    EXPECT_EQ(read, model.integerCoefficients());
+    EXPECT_EQ(*std::max_element(read.begin(), read.end()), 127); // eight bits: full scale
+    EXPECT_EQ(GVRFirExportModel::coefficientText({12, -40, 0, -40, 12}), QByteArray("12,-40,0,-40,12"));
+    EXPECT_EQ(GVRFirExportModel::coefficientText({}), QByteArray());
+}
+
+TEST_F(FirExport, DoubleWidthAndUnreadableFilesWriteNothing)
+{
+    save("dbl", 0, 25, 0);
+    const QString csv = temp.root() + QStringLiteral("/out.csv");
+    ASSERT_TRUE(writeFileAtomically(csv, QByteArray("keep me")));
+    GVRFirExportModel exporter(library);
+    QString error;
+    EXPECT_FALSE(exporter.openFilterFileAndSaveCoefficientsToFile("dbl.filt", csv, &error));
+    EXPECT_EQ(error,
+              QStringLiteral("Filter Coefficient Width must be an Integer Value\n(Not Floating Point)"));
+    EXPECT_EQ(error, GVRFirExportModel::integerWidthAlert());
+
+    ASSERT_TRUE(writeFileAtomically(library.filterPath(QStringLiteral("junk")), QByteArray("junk")));
+    error.clear();
+    EXPECT_FALSE(exporter.openFilterFileAndSaveCoefficientsToFile("junk.filt", csv, &error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_FALSE(exporter.openFilterFileAndSaveCoefficientsToFile("absent.filt", csv));
+    EXPECT_FALSE(exporter.openFilterFileAndSaveCoefficientsToFile("../x.filt", csv));
+    EXPECT_EQ(contents(csv), QByteArray("keep me"));
+
+    // A folder that does not exist: the failure is reported.
+    save("int", 0, 25, 5);
+    error.clear();
+    EXPECT_FALSE(exporter.openFilterFileAndSaveCoefficientsToFile(
+        "int.filt", temp.root() + "/no/such/folder/out.csv", &error));
+    EXPECT_FALSE(error.isEmpty());
+}
+
+// Rows in folder order with name, type, length and width only; an unreadable file shows its name.
+TEST_F(FirExport, RowsCarryTheFileNameTypeLengthAndWidth)
+{
+    save("a", 1, 61, 9);
+    save("b", 2, 27, 0);
+    ASSERT_TRUE(writeFileAtomically(library.filterPath(QStringLiteral("c")), QByteArray("junk")));
+    QStringList cells;
+    for (const GVRInspectFilt& row : GVRFirExportModel(library).getFirExportFileArray()) {
+        for (const QString& key : GVRInspectFilt::keys())
+            if (!row.value(key).isEmpty())
+                cells << key + '=' + row.value(key);
+    }
+    EXPECT_EQ(cells, (QStringList{"filename=a.filt", "filter=Band Pass", "width=12-bit", "length=61",
+                                  "filename=b.filt", "filter=High Pass", "width=Double", "length=27",
+                                  "filename=c.filt"}));
 }

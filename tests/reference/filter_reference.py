@@ -27,34 +27,23 @@ def bessel_i0_series(y):
 
 
 def window(name, n, p):
-    if name == "rectangular":
-        return np.ones(n)
-    if name == "blackman":
-        return windows.blackman(n, sym=True)
-    if name == "hamming":
-        return windows.hamming(n, sym=True)
-    if name == "hann":
-        return windows.hann(n, sym=True)
-    if name == "blackmanharris":
-        return windows.blackmanharris(n, sym=True)
-    if name == "cosine":
-        return np.sin(np.pi * np.arange(n) / (n - 1))
-    if name == "nutall":
+    x = np.arange(n) / (n - 1)
+    flattop = cosine_sum([1.0, 1.93, 1.29, 0.388, 0.032], n)
+    return {
+        "rectangular": lambda: np.ones(n),
+        "blackman": lambda: windows.blackman(n, sym=True),
+        "hamming": lambda: windows.hamming(n, sym=True),
+        "hann": lambda: windows.hann(n, sym=True),
+        "blackmanharris": lambda: windows.blackmanharris(n, sym=True),
+        "cosine": lambda: np.sin(np.pi * x),
         # Nuttall's own four-term window (scipy's "nuttall" is the Blackman-Nuttall one).
-        return cosine_sum([0.355768, 0.487396, 0.144232, 0.012604], n)
-    if name == "blackmannutall":
-        return windows.nuttall(n, sym=True)
-    if name == "flattop":
-        v = cosine_sum([1.0, 1.93, 1.29, 0.388, 0.032], n)
-        return v / v.max()
-    if name == "kaiser":
-        return windows.kaiser(n, p, sym=True)
-    if name == "kaiserseries":
-        x = np.arange(n) / (n - 1)
-        return bessel_i0_series(p * np.sqrt(1 - (2 * x - 1) ** 2)) / bessel_i0_series(p)
-    if name == "chebyshev":
-        return windows.chebwin(n, 20.0 * p, sym=True)
-    raise SystemExit("unknown window " + name)
+        "nutall": lambda: cosine_sum([0.355768, 0.487396, 0.144232, 0.012604], n),
+        "blackmannutall": lambda: windows.nuttall(n, sym=True),
+        "flattop": lambda: flattop / flattop.max(),
+        "kaiser": lambda: windows.kaiser(n, p, sym=True),
+        "kaiserseries": lambda: bessel_i0_series(p * np.sqrt(1 - (2 * x - 1) ** 2)) / bessel_i0_series(p),
+        "chebyshev": lambda: windows.chebwin(n, 20.0 * p, sym=True),
+    }[name]()
 
 
 def read_stdin():

@@ -1,12 +1,9 @@
 #!/usr/bin/python3
-"""Reference samples of the test signals, for tests/dsp/signal_generators_test.
+"""Reference samples of the test signals, for tests/dsp/signals_test.
 
   signal_generators.py exact <kind> fs n a b c d
       the formula evaluated in long double with the phase reduced to
       [-1/2, 1/2] cycles: accurate to ~1e-15 anywhere in the record.
-  signal_generators.py naive <kind> fs n a b c d
-      plain double evaluation in the textbook order t = k*(1/fs),
-      u = t*2pi*f + phi, as a program without phase reduction computes it.
 
 kinds and parameters a b c d:
   cos, sin          A fa phi -
@@ -52,35 +49,12 @@ def exact(kind, fs, n, a, b, c, d):
     raise SystemExit("unknown kind " + kind)
 
 
-def naive(kind, fs, n, a, b, c, d):
-    t = np.arange(n, dtype=np.float64) * (1.0 / fs)
-    w = np.pi + np.pi
-    if kind in ("cos", "sin"):
-        u = t * w * b + c
-        return a * (np.cos(u) if kind == "cos" else np.sin(u))
-    if kind in ("cossum", "sinsum"):
-        acc = np.zeros(n)
-        for m in range(1, int(np.floor(d)) + 1):
-            u = t * (np.pi * float(2 * m) * b) + c
-            acc = acc + (np.cos(u) if kind == "cossum" else np.sin(u))
-        return acc * a
-    if kind == "mixer":
-        return (a * np.sin(t * w * b)) * (c * np.sin(t * w * d))
-    if kind in ("sinc", "sinc2"):
-        u = t * (a * np.pi)
-        with np.errstate(invalid="ignore", divide="ignore"):
-            r = np.sin(u) / u
-        r[0] = 1.0
-        return r if kind == "sinc" else r * r
-    raise SystemExit("unknown kind " + kind)
-
-
 def main():
-    mode, kind = sys.argv[1], sys.argv[2]
+    kind = sys.argv[2]
     fs = float(sys.argv[3])
     n = int(sys.argv[4])
     a, b, c, d = (float(v) for v in sys.argv[5:9])
-    values = (exact if mode == "exact" else naive)(kind, fs, n, a, b, c, d)
+    values = exact(kind, fs, n, a, b, c, d)
     sys.stdout.write("\n".join("%.17g" % float(v) for v in values) + "\n")
 
 

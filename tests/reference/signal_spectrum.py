@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Magnitude spectrum reference for tests/dsp/signal_spectrum_test.
+"""Magnitude spectrum reference for tests/dsp/signals_test.
 
 Reads samples (whitespace separated) from stdin, zero-pads or cuts them to
 16384, and prints |FFT|/16384 for all 16384 bins, then the largest and the

@@ -2,6 +2,8 @@
 
 #include <QProcess>
 
+#include <gtest/gtest.h>
+
 namespace reference {
 
 QString scriptPath(const QString& name)
@@ -9,8 +11,8 @@ QString scriptPath(const QString& name)
     return QStringLiteral(ORVANA_TEST_SCRIPTS_DIR "/") + name;
 }
 
-std::optional<QByteArray> runPython(const QString& script, const QStringList& args,
-                                    const QByteArray& input, QString* error)
+std::optional<QByteArray> runPython(const QString& script, const QStringList& args, const QByteArray& input,
+                                    QString* error)
 {
     QProcess p;
     p.start(QStringLiteral(ORVANA_REFERENCE_PYTHON), QStringList{scriptPath(script)} + args);
@@ -52,4 +54,13 @@ std::vector<double> parseNumbers(const QByteArray& text)
     return values;
 }
 
-}  // namespace reference
+std::vector<double> numbers(const QString& script, const QStringList& args, const QByteArray& input)
+{
+    QString error;
+    const auto out = runPython(script, args, input, &error);
+    if (!out)
+        ADD_FAILURE() << script.toStdString() << " failed: " << error.toStdString();
+    return out ? parseNumbers(*out) : std::vector<double>{};
+}
+
+} // namespace reference

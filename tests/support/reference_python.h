@@ -28,4 +28,8 @@ QByteArray numbersLine(std::span<const double> values);
 // Whitespace-separated numbers of a reference's output.
 std::vector<double> parseNumbers(const QByteArray& text);
 
-}  // namespace reference
+// The numbers a script prints; on failure the test fails with python's
+// message and the result is empty.
+std::vector<double> numbers(const QString& script, const QStringList& args, const QByteArray& input = {});
+
+} // namespace reference
