@@ -1,49 +1,31 @@
 // orvana-cli with a library: saving from the filter and signal verbs, the
-// project, export and open verbs, and their refusals, run as a program.
+// project, export and open verbs, the export formats chosen by --format or
+// OUT's extension, and their refusals, run as a program.
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 
 #include "cli/cli_test_support.h"
-#include "support/temp_library.h"
 
 namespace {
 
 using clitest::CliRun;
 using clitest::json;
 
-class DesignFilesVerbs : public ::testing::Test {
-protected:
-    // Never the user's own library, whatever the arguments say.
-    CliRun cli(const QStringList& args)
-    {
-        return clitest::runCli(args, temp.root() + QStringLiteral("/fromEnvironment"), 120000);
-    }
-    // The verb followed by --library and the rest.
-    CliRun verb(const QString& name, const QStringList& rest)
-    {
-        return cli(QStringList{name, QStringLiteral("--library"), lib()} + rest);
-    }
-    QString lib() const { return temp.root() + QStringLiteral("/lib"); }
-
-    TempLibrary temp;
-};
-
-} // namespace
+class DesignFilesVerbs : public clitest::LibraryCli {};
 
 TEST_F(DesignFilesVerbs, FilterAndSignalSaveIntoTheLibrary)
 {
     CliRun r = verb("filter", {"--units", "khz", "--fs", "48", "--cutoff", "6", "--taps", "25", "--width",
                                "8", "--save", "mine"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-    EXPECT_TRUE(QFileInfo::exists(lib() + "/filter/mine.filt"));
     // The library was made and seeded.
-    EXPECT_TRUE(QFileInfo::exists(lib() + "/filter/lp300fc25.filt"));
-    EXPECT_TRUE(QFileInfo::exists(lib() + "/projectTwo/multirateUser300to450.orvana"));
+    for (const char* file :
+         {"filter/mine.filt", "filter/lp300fc25.filt", "projectTwo/multirateUser300to450.orvana"})
+        EXPECT_TRUE(QFileInfo::exists(lib() + '/' + file)) << file;
 
     r = verb("open", {"filter", "mine", "--json"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
@@ -51,7 +33,6 @@ TEST_F(DesignFilesVerbs, FilterAndSignalSaveIntoTheLibrary)
     EXPECT_EQ(o.keys().size(), 19);
     EXPECT_TRUE(o.value("filterName").isNull());
     EXPECT_DOUBLE_EQ(o.value("dfThetaCutoffFreqNormalized").toDouble(), 0.25);
-    EXPECT_EQ(o.value("filterWidth").toInt(), 13);
     EXPECT_EQ(o.value("integerCoefficients").toArray().size(), 25);
 
     r = verb("signal", {"--freq-units", "khz", "--volt-units", "mv", "--fs", "300", "--function", "cosine",
@@ -60,24 +41,8 @@ TEST_F(DesignFilesVerbs, FilterAndSignalSaveIntoTheLibrary)
     json(r); // stdout stays one JSON object with --save
     r = verb("open", {"signal", "sig.signal"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-    EXPECT_TRUE(r.out.contains("samplingFreq: 300\n"));
-    EXPECT_TRUE(r.out.contains("voltUnits: 1\n"));
-    EXPECT_TRUE(r.out.contains("parm1: 500\n"));
-}
-
-TEST_F(DesignFilesVerbs, SavesAreRefusedLikeTheModelRefusesThem)
-{
-    // A refused design cannot be saved.
-    CliRun r = verb("filter", {"--units", "norm", "--cutoff", "2", "--save", "bad"});
-    EXPECT_EQ(r.exitCode, 1);
-    EXPECT_TRUE(r.err.contains("not saved")) << r.err.toStdString();
-    EXPECT_FALSE(QFileInfo::exists(lib() + "/filter/bad.filt"));
-    // Names must stay inside their folder.
-    r = verb("signal", {"--fs", "20", "--p1", "1", "--p2", "1", "--save", "../out"});
-    EXPECT_EQ(r.exitCode, 1);
-    EXPECT_FALSE(QFileInfo::exists(lib() + "/out.signal"));
-    r = verb("signal", {"--fs", "20", "--p1", "1", "--p2", "1", "--save", ""});
-    EXPECT_EQ(r.exitCode, 1);
+    for (const char* line : {"samplingFreq: 300\n", "voltUnits: 1\n", "parm1: 500\n"})
+        EXPECT_TRUE(r.out.contains(line)) << line;
 }
 
 TEST_F(DesignFilesVerbs, ProjectRunsFromSavedDesignsAndSaves)
@@ -90,102 +55,126 @@ TEST_F(DesignFilesVerbs, ProjectRunsFromSavedDesignsAndSaves)
     const QJsonArray time = o.value("time").toArray();
     ASSERT_EQ(time.size(), 32784);
     EXPECT_EQ(o.value("freq").toArray().size(), 16400);
-    EXPECT_DOUBLE_EQ(time.at(0).toDouble(), 300.0);
     EXPECT_DOUBLE_EQ(time.at(8).toDouble(), 450.0);
-    ASSERT_TRUE(QFileInfo::exists(lib() + "/projectTwo/mr.orvana"));
 
     r = verb("open", {"project", "mr", "--json"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
     const QJsonObject p = json(r);
-    EXPECT_EQ(p.value("multirateL").toInt(), 3);
-    EXPECT_EQ(p.value("multirateM").toInt(), 2);
+    EXPECT_EQ(std::pair(p.value("multirateL").toInt(), p.value("multirateM").toInt()), std::pair(3, 2));
     EXPECT_EQ(p.value("signalOneName").toString(), QStringLiteral("Cos35Fs300"));
-}
 
-TEST_F(DesignFilesVerbs, ProjectRefusals)
-{
-    // Rates that disagree: the model's note, exit 1, nothing saved.
-    CliRun r = verb("project", {"--filter", "lp300fc25", "--sig1", "Cos1MHz", "--sig2", "Cos35Fs300",
-                                "--json", "--save", "bad"});
-    EXPECT_EQ(r.exitCode, 1);
-    EXPECT_EQ(json(r).value("note").toString(),
-              QStringLiteral("ERROR - Both x₁[n] and x₂[n] must have same fs as H[n]"));
-    EXPECT_FALSE(QFileInfo::exists(lib() + "/projectOne/bad.orvana"));
-    // A design that is not in the library.
-    r = verb("project", {"--filter", "lp300fc25", "--sig1", "nothing", "--sig2", "Cos35Fs300"});
-    EXPECT_EQ(r.exitCode, 1);
-    EXPECT_TRUE(r.out.contains("nothing"));
-    // Out of range choices are a usage error.
-    r = verb("project",
-             {"--filter", "lp300fc25", "--sig1", "Cos35Fs300", "--sig2", "Cos35Fs300", "--L", "13"});
-    EXPECT_EQ(r.exitCode, 2);
-    r = verb("project", {"--sig1", "Cos35Fs300", "--sig2", "Cos35Fs300"});
-    EXPECT_EQ(r.exitCode, 2);
-}
-
-TEST_F(DesignFilesVerbs, ExportWritesExactlyTheGivenFile)
-{
-    CliRun r = verb("filter",
-                    {"--units", "norm", "--cutoff", "0.2", "--taps", "25", "--width", "8", "--save", "f8"});
-    ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-    const QString out = temp.root() + "/f8.txt";
-    r = verb("export", {"f8", out});
-    ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-    QFile file(out);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray text = file.readAll();
-    EXPECT_EQ(text.count(','), 24);
-    EXPECT_FALSE(text.endsWith('\n'));
-    EXPECT_FALSE(QFileInfo::exists(out + ".csv"));
-
-    // The same integers as the saved record.
-    r = verb("open", {"filter", "f8", "--json"});
-    QStringList fromRecord;
-    for (const QJsonValue& v : json(r).value("integerCoefficients").toArray())
-        fromRecord << QString::number(v.toInteger());
-    EXPECT_EQ(QString::fromUtf8(text), fromRecord.join(u','));
-}
-
-TEST_F(DesignFilesVerbs, ExportRefusals)
-{
-    const QString out = temp.root() + "/never.csv";
-    // The double-width sample.
-    CliRun r = verb("export", {"bpNormFcp5Fcutp025", out});
-    EXPECT_EQ(r.exitCode, 1);
-    EXPECT_EQ(r.err, QByteArray("Filter Coefficient Width must be an Integer Value\n(Not Floating Point)\n"));
-    r = verb("export", {"noSuchFilter", out});
-    EXPECT_EQ(r.exitCode, 1);
-    EXPECT_TRUE(r.err.contains("noSuchFilter"));
-    r = verb("export", {"lp300fc25"});
-    EXPECT_EQ(r.exitCode, 2);
-    EXPECT_FALSE(QFileInfo::exists(out));
-}
-
-TEST_F(DesignFilesVerbs, OpenRefusesMissingAndCorruptFiles)
-{
-    CliRun r = verb("open", {"signal", "Cos1MHz"}); // seeds the library
-    ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-    QFile bad(lib() + "/filter/corrupt.filt");
-    ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
-    bad.write("bplist00 this is not an archive");
-    bad.close();
-    r = verb("open", {"filter", "corrupt"});
-    EXPECT_EQ(r.exitCode, 1);
-    EXPECT_FALSE(r.err.isEmpty());
-    EXPECT_TRUE(r.out.isEmpty());
-    r = verb("open", {"filter", "absent"});
-    EXPECT_EQ(r.exitCode, 1);
-    // A signal file is not a filter.
-    r = verb("open", {"filter", lib() + "/signal/Cos1MHz.signal"});
-    EXPECT_EQ(r.exitCode, 1);
-    r = verb("open", {"table", "x"});
-    EXPECT_EQ(r.exitCode, 2);
-}
-
-TEST_F(DesignFilesVerbs, LibraryFromTheEnvironmentWithoutTheOption)
-{
-    const CliRun r = cli({"open", "project", "Cos10M3andCos35", "--json"});
+    // Without --library the environment's library is used.
+    r = cli({"open", "project", "Cos10M3andCos35", "--json"});
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
     EXPECT_EQ(json(r).value("filterName").toString(), QStringLiteral("lp300fc25"));
     EXPECT_TRUE(QFileInfo::exists(temp.root() + "/fromEnvironment/projectOne/Cos10M3andCos35.orvana"));
 }
+
+// Refusals: exit 1 for a design or file refused, 2 for usage; nothing written.
+TEST_F(DesignFilesVerbs, RefusalsWriteNothing)
+{
+    ASSERT_EQ(verb("open", {"signal", "Cos1MHz"}).exitCode, 0); // seeds the library
+    clitest::writeFile(lib() + "/filter/corrupt.filt", "bplist00 this is not an archive");
+    const QString out = temp.root() + "/never.csv";
+    const QStringList sigs{"--sig1", "Cos35Fs300", "--sig2", "Cos35Fs300"};
+    const struct {
+        const char* verb;
+        QStringList args;
+        int status;
+        const char* err;    // in stderr, when given
+        const char* unmade; // a file under the library that must not exist
+    } cases[] = {
+        // clang-format off
+        {"filter", {"--units", "norm", "--cutoff", "2", "--save", "bad"}, 1, "not saved", "filter/bad.filt"},
+        {"signal", {"--fs", "20", "--p1", "1", "--p2", "1", "--save", "../out"}, 1, "must not contain", "out.signal"},
+        {"signal", {"--fs", "20", "--p1", "1", "--p2", "1", "--save", ""}, 1, "needs a name", nullptr},
+        {"project", {"--filter", "lp300fc25", "--sig1", "nothing", "--sig2", "Cos35Fs300"}, 1, "nothing.signal", nullptr},
+        {"project", QStringList{"--filter", "lp300fc25"} + sigs + QStringList{"--L", "13"}, 2, nullptr, nullptr},
+        {"project", sigs, 2, nullptr, nullptr},
+        {"export", {"bpNormFcp5Fcutp025", out}, 1,
+         "Filter Coefficient Width must be an Integer Value\n(Not Floating Point)\n", nullptr},
+        {"export", {"noSuchFilter", out}, 1, "noSuchFilter", nullptr},
+        {"export", {"lp300fc25"}, 2, nullptr, nullptr},
+        {"open", {"filter", "corrupt"}, 1, "is not an Orvana filter design", nullptr},
+        {"open", {"filter", "absent"}, 1, "absent", nullptr},
+        {"open", {"filter", lib() + "/signal/Cos1MHz.signal"}, 1, "GVRSignal", nullptr},
+        {"open", {"table", "x"}, 2, nullptr, nullptr},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.args.join(' ').toStdString());
+        const CliRun r = verb(c.verb, c.args);
+        EXPECT_EQ(r.exitCode, c.status);
+        EXPECT_FALSE(r.err.isEmpty());
+        if (c.err) {
+            EXPECT_TRUE(r.err.contains(c.err)) << r.err.toStdString();
+        }
+        if (c.unmade) {
+            EXPECT_FALSE(QFileInfo::exists(lib() + '/' + c.unmade));
+        }
+    }
+    EXPECT_FALSE(QFileInfo::exists(out));
+    // Rates that disagree: the model's note, exit 1, nothing saved.
+    const CliRun r = verb("project", QStringList{"--filter", "lp300fc25", "--sig1", "Cos1MHz", "--sig2",
+                                                 "Cos35Fs300", "--json", "--save", "bad"});
+    EXPECT_EQ(r.exitCode, 1);
+    EXPECT_EQ(json(r).value("note").toString(),
+              QStringLiteral("ERROR - Both x₁[n] and x₂[n] must have same fs as H[n]"));
+    EXPECT_FALSE(QFileInfo::exists(lib() + "/projectOne/bad.orvana"));
+}
+
+TEST_F(DesignFilesVerbs, ExportWritesExactlyTheGivenFile)
+{
+    const QString out = temp.root() + "/lp.txt";
+    ASSERT_EQ(verb("export", {"lp300fc25", out}).exitCode, 0);
+    EXPECT_FALSE(QFileInfo::exists(out + ".csv"));
+    // The integers of the saved record, comma-separated, without a final newline.
+    QStringList fromRecord;
+    for (const QJsonValue& v :
+         json(verb("open", {"filter", "lp300fc25", "--json"})).value("integerCoefficients").toArray())
+        fromRecord << QString::number(v.toInteger());
+    EXPECT_EQ(fromRecord.size(), 51);
+    EXPECT_EQ(clitest::readAll(out), fromRecord.join(u',').toUtf8());
+}
+
+TEST_F(DesignFilesVerbs, ExtensionOrFormatChoosesAndRefusalsWriteNothing)
+{
+    // A saved band pass (12-bit, 43 taps) and high pass (17-bit, integers needing 18 bits).
+    const QString golden = QStringLiteral(ORVANA_TESTS_DIR "/project/golden/");
+    ASSERT_TRUE(QDir(lib()).mkpath("filter") && QDir(temp.root()).mkpath("sub/dir"));
+    ASSERT_TRUE(QFile::copy(golden + "bp_anti.filt", lib() + "/filter/bp.filt"));
+    ASSERT_TRUE(QFile::copy(golden + "hp17.filt", lib() + "/filter/hp.filt"));
+    const struct {
+        QStringList args; // design and file under the temporary folder, then options
+        int exitCode;
+        const char* found; // in the file, or in stderr when refused
+    } table[] = {
+        // clang-format off
+        {{"bp", "bp.h"}, 0, "static const int16_t bp_taps[BP_TAPS] = {\n    15, 0, -24,"},
+        {{"bp", "bp2.h", "--format", "CMSIS", "--block-size", "64"}, 0, "44 + 64 - 1 = 107 q15_t"},
+        {{"bp", "sub/dir/bp.VHD"}, 0, "package bp_pkg is"},
+        {{"bp", "bp.txt"}, 0, ",-"},
+        {{"bp", "bp.m", "--format", "json"}, 0, "\"bits\": 12"},
+        {{"bp", "x.v", "--format", "fortran"}, 2, "fortran"},
+        {{"bp", "x.v", "--format", "cmsis", "--block-size", "0"}, 2, "--block-size"},
+        {{"hp", "x.v"}, 1, "need 18 bits, more than its 17-bit width"},
+        {{"hp", "hp.py"}, 0, "need 18 bits, more than the 17-bit width: int holds them"},
+        {{"bpNormFcp5Fcutp025", "x.coe"}, 1, "Double coefficients and no integers"},
+        {{"bpNormFcp5Fcutp025", "d.h"}, 0, "static const double bpNormFcp5Fcutp025_taps["},
+        // clang-format on
+    };
+    for (const auto& row : table) {
+        QStringList args = row.args;
+        const QString path = args[1] = temp.root() + u'/' + args[1];
+        SCOPED_TRACE(args.join(u' ').toStdString());
+        const CliRun r = verb("export", args);
+        EXPECT_EQ(r.exitCode, row.exitCode) << r.err.toStdString();
+        EXPECT_EQ(QFileInfo::exists(path), row.exitCode == 0);
+        EXPECT_TRUE((row.exitCode ? r.err : clitest::readAll(path)).contains(row.found));
+    }
+    const CliRun help = verb("export", {"--help"});
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_TRUE(help.out.contains("--format") && help.out.contains("verilog  .v"));
+}
+
+} // namespace

@@ -7,7 +7,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include "cli/cli_test_support.h"
@@ -16,33 +15,15 @@ namespace {
 
 using clitest::CliRun;
 
-// orvana-cli with `args`, under a file-size limit of `limitKiB` when given.
-CliRun runLimited(const QStringList& args, const QString& library, int limitKiB)
+// orvana-cli with `args` under a file-size limit of 0: every write fails.
+CliRun runLimited(const QStringList& args, const QString& library)
 {
     QStringList quoted;
     for (const QString& arg : args)
         quoted << QStringLiteral("'%1'").arg(arg);
-    const QString script = QStringLiteral("trap '' XFSZ; ulimit -f %1; exec '%2' %3")
-                               .arg(limitKiB)
-                               .arg(QStringLiteral(ORVANA_CLI_PATH), quoted.join(u' '));
-    QProcess p;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("ORVANA_LIBRARY"), library);
-    p.setProcessEnvironment(env);
-    p.start(QStringLiteral("bash"), {QStringLiteral("-c"), script});
-    CliRun r;
-    if (!p.waitForFinished(60000))
-        return r;
-    r.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -2;
-    r.out = p.readAllStandardOutput();
-    r.err = p.readAllStandardError();
-    return r;
-}
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+    const QString script =
+        QStringLiteral("trap '' XFSZ; ulimit -f 0; exec '%1' %2").arg(ORVANA_CLI_PATH, quoted.join(u' '));
+    return clitest::runCli({QStringLiteral("-c"), script}, library, QStringLiteral("bash"));
 }
 
 const QStringList kFilterA{"filter", "--units", "norm", "--cutoff", "0.2", "--taps", "55", "--width", "16"};
@@ -55,36 +36,34 @@ TEST(FailingWrites, TheOldFileStaysAndTheReasonIsGiven)
     QTemporaryDir dir;
     const QString library = dir.filePath(QStringLiteral("library"));
     const QString csv = dir.filePath(QStringLiteral("FA.csv"));
-    ASSERT_EQ(clitest::runCli(kFilterA + QStringList{"--save", "FA"}, library).exitCode, 0);
-    ASSERT_EQ(clitest::runCli({"project", "--filter", "FA", "--sig1", "Cos35Fs300", "--sig2", "Cos35Fs300", "--save", "PA"},
-                              library)
-                  .exitCode,
-              0);
-    ASSERT_EQ(clitest::runCli({"export", "FA", csv}, library).exitCode, 0);
-    const QString filter = library + QStringLiteral("/filter/FA.filt");
-    const QString project = library + QStringLiteral("/projectOne/PA.orvana");
-
+    for (const QStringList& args : {kFilterA + QStringList{"--save", "FA"},
+                                    QStringList{"project", "--filter", "FA", "--sig1", "Cos35Fs300", "--sig2",
+                                                "Cos35Fs300", "--save", "PA"},
+                                    QStringList{"export", "FA", csv}})
+        ASSERT_EQ(clitest::runCli(args, library).exitCode, 0) << args.join(' ').toStdString();
     const struct {
         const char* what;
         QStringList args;
         QString path;
     } cases[] = {
-        {"filter save", kFilterB + QStringList{"--save", "FA"}, filter},
-        {"project save", {"project", "--filter", "FA", "--sig1", "Cos1MHz", "--sig2", "Cos1MHz", "--save", "PA"}, project},
+        {"filter save", kFilterB + QStringList{"--save", "FA"}, library + "/filter/FA.filt"},
+        {"project save",
+         {"project", "--filter", "FA", "--sig1", "Cos1MHz", "--sig2", "Cos1MHz", "--save", "PA"},
+         library + "/projectOne/PA.orvana"},
         {"coefficient export", {"export", "FA", csv}, csv},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        const QByteArray before = contents(c.path);
+        const QByteArray before = clitest::readAll(c.path);
         ASSERT_GT(before.size(), 0);
-        // Smaller than any design file: every temporary fails part way.
-        const CliRun r = runLimited(c.args, library, 0);
+        const CliRun r = runLimited(c.args, library);
         EXPECT_EQ(r.exitCode, 1) << r.err.toStdString();
         EXPECT_TRUE(r.err.contains("File too large")) << r.err.toStdString();
         EXPECT_FALSE(r.out.contains("Saved as"));
-        EXPECT_EQ(contents(c.path), before);
+        EXPECT_EQ(clitest::readAll(c.path), before);
         const QStringList litter =
-            QDir(QFileInfo(c.path).absolutePath()).entryList({QStringLiteral(".orvana-save-*")}, QDir::Files | QDir::Hidden);
+            QDir(QFileInfo(c.path).absolutePath())
+                .entryList({QStringLiteral(".orvana-save-*")}, QDir::Files | QDir::Hidden);
         EXPECT_TRUE(litter.isEmpty()) << litter.join(u' ').toStdString();
     }
 }
@@ -96,11 +75,19 @@ TEST(CliRefusals, NonFiniteNumbersAndUnreadableDesignsAreNamed)
         int exitCode;
         const char* message;
     } cases[] = {
-        {{"filter", "--units", "khz", "--type", "bandpass", "--fs", "inf", "--cutoff", "10", "--center", "50"}, 1,
+        {{"filter", "--units", "khz", "--type", "bandpass", "--fs", "inf", "--cutoff", "10", "--center",
+          "50"},
+         1,
          "the sampling frequency (--fs) must be a finite number, not inf."},
-        {{"filter", "--units", "khz", "--fs", "1e400", "--cutoff", "10"}, 1, "(--fs) must be a finite number, not 1e400."},
-        {{"filter", "--units", "khz", "--fs", "300", "--cutoff", "-Infinity"}, 1, "the cutoff frequency (--cutoff)"},
-        {{"signal", "--freq-units", "khz", "--fs", "1e308", "--function", "cosine-sum", "--p1", "1", "--p2", "10"}, 1,
+        {{"filter", "--units", "khz", "--fs", "1e400", "--cutoff", "10"},
+         1,
+         "(--fs) must be a finite number, not 1e400."},
+        {{"filter", "--units", "khz", "--fs", "300", "--cutoff", "-Infinity"},
+         1,
+         "the cutoff frequency (--cutoff)"},
+        {{"signal", "--freq-units", "khz", "--fs", "1e308", "--function", "cosine-sum", "--p1", "1", "--p2",
+          "10"},
+         1,
          "the sampling frequency (--fs) 1e308 is too large"},
         {{"signal", "--fs", "300", "--p3", "Infinity"}, 1, "parameter 3 (--p3) must be a finite number"},
         {{"signal", "--fs", "300", "--p4", "abc"}, 2, "--p4 takes a number, not abc."},
@@ -115,11 +102,9 @@ TEST(CliRefusals, NonFiniteNumbersAndUnreadableDesignsAreNamed)
     QTemporaryDir dir;
     const QString library = dir.filePath(QStringLiteral("library"));
     ASSERT_EQ(clitest::runCli(kFilterA + QStringList{"--save", "FA"}, library).exitCode, 0);
-    QFile broken(library + QStringLiteral("/signal/broken.signal"));
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write("not a design");
-    broken.close();
-    const CliRun r = clitest::runCli({"project", "--filter", "FA", "--sig1", "broken", "--sig2", "Cos1MHz"}, library);
+    clitest::writeFile(library + QStringLiteral("/signal/broken.signal"), "not a design");
+    const CliRun r =
+        clitest::runCli({"project", "--filter", "FA", "--sig1", "broken", "--sig2", "Cos1MHz"}, library);
     EXPECT_EQ(r.exitCode, 1);
     EXPECT_TRUE(r.out.contains("ERROR - Cannot read the design \"broken\""));
     EXPECT_TRUE(r.err.contains("broken.signal")) << r.err.toStdString();

@@ -25,6 +25,7 @@
 #include <gtest/gtest.h>
 
 #include "library/design_library.h"
+#include "shell/sample_designs.h"
 #include "support/temp_library.h"
 #include "widgets/open_sheet.h"
 #include "widgets/save_sheet.h"
@@ -45,9 +46,7 @@ inline QString title(const QWidget& window)
 // The design name a window's title shows: "lp300fc25 — Filter Designer[*]" gives "lp300fc25".
 inline QString shownName(const QWidget& window)
 {
-    const QString text = title(window);
-    const int dash = text.indexOf(QStringLiteral(" — "));
-    return dash >= 0 ? text.left(dash) : text;
+    return title(window).section(QStringLiteral(" — "), 0, 0);
 }
 
 // Makes `window` the active window, as a click on it would. The offscreen
@@ -81,13 +80,11 @@ inline void choose(QComboBox* popUp, int index)
 
 inline void choose(QComboBox* popUp, const QString& item)
 {
-    const int index = popUp->findText(item);
-    ASSERT_GE(index, 0) << "no item " << item.toStdString();
-    choose(popUp, index);
+    choose(popUp, popUp->findText(item));
 }
 
-// Replaces the field's text by typing `text` (the field's validator applies).
-inline void type(QLineEdit* field, const QString& text)
+// Replaces the text of a line edit or spin box by typing `text` (the field's validator applies).
+template <class Field> void type(Field* field, const QString& text)
 {
     field->setFocus();
     field->selectAll();
@@ -95,33 +92,31 @@ inline void type(QLineEdit* field, const QString& text)
     QTest::keyClicks(field, text);
 }
 
-inline void typeInto(QSpinBox* box, const QString& text)
-{
-    box->setFocus();
-    box->selectAll();
-    QTest::keyClicks(box, text);
-}
-
 // The modal widget on top, which must be of the kind expected.
 template <class T> T* topModal()
 {
     QApplication::processEvents();
     QWidget* modal = QApplication::activeModalWidget();
-    T* typed = qobject_cast<T*>(modal);
-    EXPECT_NE(typed, nullptr) << "top modal widget: " << (modal ? modal->metaObject()->className() : "none");
-    return typed;
+    EXPECT_NE(qobject_cast<T*>(modal), nullptr)
+        << "top modal widget: " << (modal ? modal->metaObject()->className() : "none");
+    return qobject_cast<T*>(modal);
 }
 
-inline void clickButton(QMessageBox* box, const QString& text)
+// Clicks `button` in the alert on top (or in `box`), checking its text when given.
+inline void answer(const QString& button, const QString& text = {}, QMessageBox* box = nullptr)
 {
+    box = box ? box : topModal<QMessageBox>();
     ASSERT_NE(box, nullptr);
+    if (!text.isEmpty()) {
+        EXPECT_EQ(box->text(), text);
+    }
     for (QAbstractButton* b : box->buttons())
-        if (b->text() == text) {
+        if (b->text() == button) {
             QTest::mouseClick(b, Qt::LeftButton);
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             return;
         }
-    ADD_FAILURE() << "no button " << text.toStdString();
+    ADD_FAILURE() << "no button " << button.toStdString();
 }
 
 // Types `name` in the save sheet on top and clicks Save.
@@ -140,17 +135,45 @@ inline void answerOpenSheet(const QString& fileName)
 {
     GVROpenSheet* sheet = topModal<GVROpenSheet>();
     ASSERT_NE(sheet, nullptr);
-    int row = -1;
-    for (int i = 0; i < sheet->files().size(); ++i)
-        if (sheet->files().at(i).fileName() == fileName)
-            row = i;
-    ASSERT_GE(row, 0) << "no row " << fileName.toStdString();
+    int row = 0;
+    while (row < sheet->files().size() && sheet->files().at(row).fileName() != fileName)
+        ++row;
+    ASSERT_LT(row, sheet->files().size()) << "no row " << fileName.toStdString();
     QTableView* table = sheet->table();
     const QRect cell = table->visualRect(table->model()->index(row, 0));
     QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, cell.center());
     QTest::mouseClick(sheet->openButton(), Qt::LeftButton);
     QApplication::processEvents();
 }
+
+inline QByteArray readBytes(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+inline void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    file.write(bytes);
+}
+
+// The record of a saved design file, read by the archive reader.
+template <class R> R saved(std::optional<R> (*read)(const QString&, QString*), const QString& path)
+{
+    QString error;
+    const std::optional<R> record = read(path, &error);
+    EXPECT_TRUE(record) << error.toStdString();
+    return record.value_or(R{});
+}
+
+// A temporary design library holding the thirteen sample designs.
+struct SeededLibrary {
+    TempLibrary temp;
+    DesignLibrary library{temp.root()};
+    QList<LibraryProblem> problems = prepareLibrary(library);
+};
 
 // A designer window of type W over a fresh temporary library, shown.
 template <class W> class DesignerTest : public ::testing::Test {
@@ -166,32 +189,11 @@ protected:
         window.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    // The record of a saved design file, read by the archive reader.
-    template <class R> static R saved(std::optional<R> (*read)(const QString&, QString*), const QString& path)
-    {
-        QString error;
-        const std::optional<R> record = read(path, &error);
-        EXPECT_TRUE(record) << error.toStdString();
-        return record.value_or(R{});
-    }
 
     TempLibrary temp;
     DesignLibrary library{temp.root()};
     std::unique_ptr<W> window = std::make_unique<W>(library);
 };
-
-inline QByteArray readBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-inline void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    file.write(bytes);
-}
 
 // Pixels of `image` close to `colour` (each channel within 3 of it).
 inline int countPixels(const QImage& image, const QColor& colour)
@@ -206,11 +208,6 @@ inline int countPixels(const QImage& image, const QColor& colour)
                      std::abs(qBlue(line[x]) - colour.blue()) <= 3;
     }
     return count;
-}
-
-inline int countPixels(QWidget* widget, const QColor& colour)
-{
-    return countPixels(widget->grab().toImage(), colour);
 }
 
 // One step of a window's flow: what the user does, then what the window must

@@ -42,7 +42,7 @@ protected:
     QByteArray bytes(const QString& name) const { return readBytes(library.filterPath(name)); }
     GVRFilter saved(const QString& name) const
     {
-        return DesignerTest::saved(&readFilterFile, library.filterPath(name));
+        return designer_test::saved(&readFilterFile, library.filterPath(name));
     }
 };
 
@@ -59,12 +59,6 @@ TEST_F(FilterDesignFlow, TitleFieldsChartsAndSavedFileAgree)
         EXPECT_EQ(f.integerCoefficients, coefficients);
     };
     auto cutoff = [&](const char* text) { type(window->thetaCutoffField(), text); };
-    auto ask = [&](const char* text, const char* button) {
-        QMessageBox* box = topModal<QMessageBox>();
-        ASSERT_NE(box, nullptr);
-        EXPECT_EQ(box->text(), text);
-        clickButton(box, button);
-    };
     auto titled = [](const char* name) { return QString::fromUtf8(name) + " — Filter Designer"; };
     // clang-format off
     const std::vector<Step> steps = {
@@ -96,10 +90,10 @@ TEST_F(FilterDesignFlow, TitleFieldsChartsAndSavedFileAgree)
              EXPECT_TRUE(window->noteField()->text().contains("broken"));
              EXPECT_EQ(fields(), QStringList({"48000", "30000", ""})); }},
         {"an even length is refused in words, not changed into another",
-         [&] { cutoff("6000"); typeInto(window->filterLengthStepper(), "100"); design(); },
+         [&] { cutoff("6000"); type(window->filterLengthStepper(), "100"); design(); },
          titled("refused"), "VALID RANGE: filter length N odd, 25 ≤ N ≤ 255", true,
          [&] { EXPECT_EQ(window->filterLengthStepper()->text(), "100"); }},
-        {"an empty field the design needs is named", [&] { typeInto(window->filterLengthStepper(), "25"); cutoff(""); design(); },
+        {"an empty field the design needs is named", [&] { type(window->filterLengthStepper(), "25"); cutoff(""); design(); },
          titled("refused"), "VALID RANGE: fcutoff is empty", true,
          [&] { EXPECT_TRUE(window->thetaCutoffField()->isFlagged()); }},
         {"no 3dB point: the results go", [&] { choose(window->unitsPopUp(), Norm); cutoff("0.99"); design(); },
@@ -125,14 +119,14 @@ TEST_F(FilterDesignFlow, TitleFieldsChartsAndSavedFileAgree)
         {"Save on a named design asks before overwriting; Cancel keeps the file", [&] {
              before = bytes("lp48k");
              window->saveMenuItem();
-             ask("\"lp48k\" already exists. Do you want to overwrite its original contents?", "Cancel"); },
+             answer("Cancel", "\"lp48k\" already exists. Do you want to overwrite its original contents?"); },
          titled("lp48k"), nullptr, true, [&] { EXPECT_EQ(bytes("lp48k"), before); }},
         {"Save As over another design asks to replace it", [&] {
-             typeInto(window->filterLengthStepper(), "51");
+             type(window->filterLengthStepper(), "51");
              design();
              window->saveAsMenuItem();
              answerSaveSheet("refused");
-             ask("\"refused\" already exists. Do you want to replace it?", "Replace"); },
+             answer("Replace", "\"refused\" already exists. Do you want to replace it?"); },
          titled("refused"), nullptr, true, [&] { EXPECT_EQ(saved("refused").dfFilterLengthN, 51.0); }},
     };
     // clang-format on
@@ -203,10 +197,8 @@ TEST_F(FilterDesignFlow, ChoicesShowTheirFieldsAndTheLengthStepsOdd)
         SCOPED_TRACE(c.item);
         choose(c.popUp, c.item);
         EXPECT_EQ(window->thetaSamplingField()->isVisible(), c.sampling);
-        EXPECT_EQ(window->nameThetaSampling()->isVisible(), c.sampling);
         EXPECT_EQ(window->thetaCenterField()->isVisible(), c.centre);
         EXPECT_EQ(window->betaUpsilonField()->isVisible(), c.parameter);
-        EXPECT_EQ(window->nameBetaUpsilon()->isVisible(), c.parameter);
         EXPECT_EQ(window->nameBetaUpsilon()->text(), c.parameterName);
         EXPECT_EQ(window->unitsCutoffFreq()->text(), c.cutoffUnits);
     }

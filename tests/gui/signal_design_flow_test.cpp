@@ -57,7 +57,7 @@ protected:
     bool designed() const { return !window->theTimeArray().empty() && !window->theFreqArray().empty(); }
     GVRSignal saved(const QString& name) const
     {
-        return DesignerTest::saved(&readSignalFile, library.signalPath(name));
+        return designer_test::saved(&readSignalFile, library.signalPath(name));
     }
 };
 
@@ -110,10 +110,7 @@ TEST_F(SignalDesignFlow, TitleFieldsChartsAndSavedFileAgree)
          titled("refused"), "VALID RANGE: fₐ > 0", true},
         {"New asks about the edits, then empties form, charts and note; the function stays", [&] {
              window->newMenuItem();
-             QMessageBox* box = topModal<QMessageBox>();
-             ASSERT_NE(box, nullptr);
-             EXPECT_EQ(box->text(), "Do you want to save the changes you made to \"refused\"?");
-             clickButton(box, "Don't Save"); },
+             answer("Don't Save", "Do you want to save the changes you made to \"refused\"?"); },
          kUntitled, "", false, [&] {
              EXPECT_EQ(fields(), QStringList(7, QString()));
              EXPECT_EQ(window->freqUnitsPopUp()->currentIndex(), Mega);
@@ -135,16 +132,14 @@ TEST_F(SignalDesignFlow, TitleFieldsChartsAndSavedFileAgree)
         *window, window->noteField(), [&] { return designed(); }, steps);
 }
 
-TEST_F(SignalDesignFlow, SymbolsAndCaptionsFollowTheFunction)
+TEST_F(SignalDesignFlow, SteppersSetSymbolsCaptionsAndZoom)
 {
     const struct {
         int function;
         QStringList symbols, captions;
     } cases[] = {
         // clang-format off
-        {0, {"A", "fₐ", "ϕ", "σ", "μ", " "}, {"V", "MHz", "Rad", " ", "V", " "}},
         {1, {"A₁", "fₐ₁", "A₂", "fₐ₂", "σ", "μ"}, {"V", "MHz", "V", "MHz", " ", "V"}},
-        {2, {"A", "fₐ", "ϕ", "M", "σ", "μ"}, {"V", "MHz", "Rad", " ", " ", "V"}},
         {6, {"σ", "μ", " ", " ", " ", " "}, {" ", "V", " ", " ", " ", " "}},
         {8, {"A", "τ", "σ", "μ", " ", " "}, {"V", "μS", " ", "V", " ", " "}},
         {10, {"β", "σ", "μ", " ", " ", " "}, {" ", " ", "V", " ", " ", " "}},
@@ -165,64 +160,19 @@ TEST_F(SignalDesignFlow, SymbolsAndCaptionsFollowTheFunction)
     EXPECT_FALSE(designed());
     QTest::keyClick(window->yFuncStepper(), Qt::Key_Down);
     EXPECT_EQ(window->yFuncStepper()->value(), 10);
-}
 
-// A unit change rescales the values of that unit only, and designs.
-TEST_F(SignalDesignFlow, UnitChangesRescaleTheirValuesAndDesign)
-{
-    const struct {
-        const char* what;
-        int function;
-        QStringList typed; // fs, then the parameters
-        QComboBox* popUp;
-        const char* unit;
-        QStringList shown, captions;
-        const char* refusal = nullptr; // else designed
-    } cases[] = {
-        // clang-format off
-        {"cosine to kHz", 0, {"300", "1", "10", "0.5", "0.1", "0.2"}, window->freqUnitsPopUp(), "KHz",
-         {"300000", "1", "10000", "0.5", "0.1", "0.2", ""}, {"V", "KHz", "Rad", " ", "V", " "}},
-        {"two tones to kHz", 4, {"300", "1", "10", "1", "20", "0", "0"}, window->freqUnitsPopUp(), "KHz",
-         {"300000", "1", "10000", "1", "20000", "0", "0"}, {"V", "KHz", "V", "KHz", " ", "V"}},
-        {"rectangle time keeps its number", 8, {"300", "1", "20", "0", "0"}, window->freqUnitsPopUp(), "KHz",
-         {"300000", "1", "20", "0", "0", "", ""}, {"V", "mS", " ", "V", " ", " "}, "VALID RANGE: 0 < τ ≤  0.055"},
-        {"amplitudes and mean to mV, not σ", 4, {"300", "1", "10", "0.5", "20", "0.1", "0.2"}, window->voltUnitsPopUp(), "mV",
-         {"300", "1000", "10", "500", "20", "0.1", "200"}, {"mV", "MHz", "mV", "MHz", " ", "mV"}},
-        {"the same unit again changes no value", 0, {"300", "1", "10", "0", "0", "0"}, window->freqUnitsPopUp(), "MHz",
-         {"300", "1", "10", "0", "0", "0", ""}, {"V", "MHz", "Rad", " ", "V", " "}},
-        // clang-format on
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        window->fileCommands()->setModified(false); // no question before New
-        window->newMenuItem();
-        stepTo(c.function);
-        typeAll(c.typed);
-        choose(c.popUp, c.unit);
-        EXPECT_EQ(fields(), c.shown);
-        EXPECT_EQ(labels(&GVRWinSignalDesign::parmUnitsLabel), c.captions);
-        EXPECT_EQ(window->noteField()->text(), c.refusal ? c.refusal : "");
-        EXPECT_EQ(designed(), !c.refusal);
-    }
-    // And back: kHz to MHz divides again.
-    choose(window->freqUnitsPopUp(), "KHz");
-    choose(window->freqUnitsPopUp(), "MHz");
-    EXPECT_EQ(fields().mid(0, 3), QStringList({"300", "1", "10"}));
-}
-
-TEST_F(SignalDesignFlow, ZoomStepperCaptionAndChart)
-{
+    // The zoom stepper doubles from x16 to x256, wrapping to x1, and the chart follows.
     QSpinBox* zoom = window->zoomStepper();
     EXPECT_EQ(zoom->text(), "x16");
     zoom->setFocus();
-    for (const auto& [key, caption, factor] : {std::tuple{Qt::Key_Up, "x32", 32.0f},
-                                               {Qt::Key_Up, "x64", 64.0f},
-                                               {Qt::Key_Up, "x128", 128.0f},
-                                               {Qt::Key_Up, "x256", 256.0f},
-                                               {Qt::Key_Up, "x1", 1.0f},
-                                               {Qt::Key_Down, "x256", 256.0f}}) {
+    for (const auto& [key, factor] : {std::pair{Qt::Key_Up, 32},
+                                      {Qt::Key_Up, 64},
+                                      {Qt::Key_Up, 128},
+                                      {Qt::Key_Up, 256},
+                                      {Qt::Key_Up, 1},
+                                      {Qt::Key_Down, 256}}) {
         QTest::keyClick(zoom, key);
-        EXPECT_EQ(zoom->text(), caption);
+        EXPECT_EQ(zoom->text(), QStringLiteral("x%1").arg(factor));
         EXPECT_FLOAT_EQ(window->viewTimeSignalDesign()->zoomFactor(), factor);
     }
     // A new function puts the caption back; the chart keeps its zoom until the stepper is used.
