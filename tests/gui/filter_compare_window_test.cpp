@@ -15,13 +15,12 @@
 #include "charts/view_filt_design.h"
 #include "designer_test_support.h"
 #include "filter/filter_design_window.h"
-#include "seeded_library.h"
 
 using designer_test::topModal;
 
 TEST(FilterCompareWindow, ChooseUpToThreeOverlayThenClear)
 {
-    SeededLibrary seeded;
+    designer_test::SeededLibrary seeded;
     GVRWinFilterDesign window(seeded.library);
     window.showGVRWinFilterDesign();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));

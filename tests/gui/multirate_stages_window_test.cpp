@@ -13,11 +13,10 @@
 #include "charts/view_proj_time.h"
 #include "designer_test_support.h"
 #include "project/project_window.h"
-#include "seeded_library.h"
 
 TEST(MultirateStagesWindow, GraphItemsShowTheStagesAndMarkTheirBlock)
 {
-    SeededLibrary seeded;
+    designer_test::SeededLibrary seeded;
     GVRWinProject window(seeded.library);
     window.showGVRWinProjectOne();
     QComboBox* graph = window.graphPopUp();
@@ -55,7 +54,11 @@ TEST(MultirateStagesWindow, GraphItemsShowTheStagesAndMarkTheirBlock)
         ASSERT_EQ(time.size(), GVRProjectModel::kStageTimeLength);
         ASSERT_EQ(freq.size(), GVRProjectModel::kStageFreqLength);
         EXPECT_DOUBLE_EQ(time[0], 900.0); // 300 KHz · 3
-        EXPECT_GT(designer_test::countPixels(window.viewProjTime(), chartcolors::timeGraph()), 50);
-        EXPECT_GT(designer_test::countPixels(window.viewBlockDiagram(), chartcolors::stageHighlight()), 100);
+        EXPECT_GT(
+            designer_test::countPixels(window.viewProjTime()->grab().toImage(), chartcolors::timeGraph()),
+            50);
+        EXPECT_GT(designer_test::countPixels(window.viewBlockDiagram()->grab().toImage(),
+                                             chartcolors::stageHighlight()),
+                  100);
     }
 }
