@@ -42,21 +42,76 @@ void appendUtf8(std::string& out, char32_t c)
 
 }  // namespace
 
+// Big-endian, 1 to 8 bytes. The common widths read in one load: this is the
+// innermost loop of every reference and number.
 std::uint64_t BinaryPlist::readUnsigned(std::uint64_t offset, unsigned width) const
 {
-    std::uint64_t value = 0;
     const unsigned char* p = data() + offset;
+    switch (width) {
+    case 1:
+        return p[0];
+    case 2:
+        return (std::uint64_t(p[0]) << 8) | p[1];
+    case 4: {
+        std::uint32_t v;
+        std::memcpy(&v, p, 4);
+        return std::endian::native == std::endian::little ? __builtin_bswap32(v) : v;
+    }
+    case 8: {
+        std::uint64_t v;
+        std::memcpy(&v, p, 8);
+        return std::endian::native == std::endian::little ? __builtin_bswap64(v) : v;
+    }
+    default:
+        break;
+    }
+    std::uint64_t value = 0;
     for (unsigned i = 0; i < width; ++i)
         value = (value << 8) | p[i];
     return value;
 }
 
-std::uint64_t BinaryPlist::ref(std::uint64_t offset, std::uint64_t i) const
+const BinaryPlist::Object BinaryPlist::kRefused{0, 0, BinaryPlist::Type::Data, 0, false};
+
+std::uint64_t BinaryPlist::reachOnDemand(std::uint64_t index, bool mustBeString) const
 {
-    return readUnsigned(offset + i * refSize_, refSize_);
+    // objectCount_ is never parsed, so object() answers kRefused for it.
+    const std::uint64_t refused = objectCount_;
+    if (!refusal_.isEmpty())
+        return refused;
+    if (index < objectCount_ && slots_[index] != 0) {
+        if (mustBeString && reached_[slots_[index] - 1].type != Type::String) {
+            refusal_ = QStringLiteral("one of its dictionaries has a key that is not a string");
+            return refused;
+        }
+        return index;
+    }
+    if (index >= objectCount_) {
+        refusal_ = QStringLiteral("it refers to object %1, which does not exist").arg(index);
+        return refused;
+    }
+    const std::uint64_t offset = readUnsigned(tableOffset_ + index * offsetSize_, offsetSize_);
+    if (offset < kHeaderSize || offset >= tableOffset_) {
+        refusal_ = QStringLiteral("object %1 lies outside the object area").arg(index);
+        return refused;
+    }
+    Object parsed;
+    std::uint64_t size = 0;
+    QString reason;
+    if (!parseObject(index, offset, tableOffset_, parsed, size, &reason)) {
+        refusal_ = reason.isEmpty() ? QStringLiteral("object %1 is damaged").arg(index) : reason;
+        return refused;
+    }
+    if (mustBeString && parsed.type != Type::String) {
+        refusal_ = QStringLiteral("one of its dictionaries has a key that is not a string");
+        return refused;
+    }
+    reached_.push_back(parsed);
+    slots_[index] = std::uint32_t(reached_.size());
+    return index;
 }
 
-std::optional<BinaryPlist> BinaryPlist::parse(const QByteArray& bytes, QString* reason)
+std::optional<BinaryPlist> BinaryPlist::parse(const QByteArray& bytes, QString* reason, Scope scope)
 {
     const auto length = std::uint64_t(bytes.size());
     if (length == 0) {
@@ -127,6 +182,21 @@ std::optional<BinaryPlist> BinaryPlist::parse(const QByteArray& bytes, QString* 
     }
     plist.refSize_ = refSize;
     plist.top_ = top;
+    plist.objectCount_ = objectCount;
+    plist.tableOffset_ = tableOffset;
+    plist.offsetSize_ = offsetSize;
+    if (scope == Scope::OnDemand) {
+        plist.onDemand_ = true;
+        // At most kMaxObjects slots; the objects reached are few.
+        plist.slots_.assign(objectCount, 0);
+        plist.reached_.reserve(64);
+        plist.reach(top);
+        if (!plist.refusal_.isEmpty()) {
+            fail(reason, plist.refusal_);
+            return std::nullopt;
+        }
+        return plist;
+    }
     plist.objects_.resize(objectCount);
 
     // Objects may come in any order, but together they cannot take more room
@@ -395,19 +465,19 @@ bool BinaryPlist::checkGraph(QString* reason) const
 
 bool BinaryPlist::boolean(std::uint64_t index) const
 {
-    return objects_[index].value;
+    return object(index).value;
 }
 
 std::int64_t BinaryPlist::integer(std::uint64_t index) const
 {
-    const Object& object = objects_[index];
+    const Object& object = this->object(index);
     // 1, 2 and 4 byte integers are unsigned, 8 byte ones two's complement.
     return std::int64_t(readUnsigned(object.payload, object.width));
 }
 
 double BinaryPlist::real(std::uint64_t index) const
 {
-    const Object& object = objects_[index];
+    const Object& object = this->object(index);
     if (object.width == 4)
         return double(std::bit_cast<float>(std::uint32_t(readUnsigned(object.payload, 4))));
     return std::bit_cast<double>(readUnsigned(object.payload, 8));
@@ -415,13 +485,13 @@ double BinaryPlist::real(std::uint64_t index) const
 
 std::uint64_t BinaryPlist::uid(std::uint64_t index) const
 {
-    const Object& object = objects_[index];
+    const Object& object = this->object(index);
     return readUnsigned(object.payload, object.width);
 }
 
 std::string BinaryPlist::string(std::uint64_t index) const
 {
-    const Object& object = objects_[index];
+    const Object& object = this->object(index);
     std::string out;
     if (object.width == 1) {
         out.assign(reinterpret_cast<const char*>(data() + object.payload), object.count);
@@ -441,22 +511,23 @@ std::string BinaryPlist::string(std::uint64_t index) const
 
 std::uint64_t BinaryPlist::element(std::uint64_t array, std::uint64_t i) const
 {
-    return ref(objects_[array].payload, i);
+    return reach(ref(object(array).payload, i));
 }
 
 std::uint64_t BinaryPlist::dictKey(std::uint64_t dict, std::uint64_t i) const
 {
-    return ref(objects_[dict].payload, i);
+    return reach(ref(object(dict).payload, i), true);
 }
 
 std::uint64_t BinaryPlist::dictValue(std::uint64_t dict, std::uint64_t i) const
 {
-    return ref(objects_[dict].payload, objects_[dict].count + i);
+    const Object& object = this->object(dict);
+    return reach(ref(object.payload, object.count + i));
 }
 
 bool BinaryPlist::equalsKey(std::uint64_t index, std::string_view key) const
 {
-    const Object& object = objects_[index];
+    const Object& object = this->object(index);
     if (object.width == 1)
         return object.count == key.size() &&
                std::memcmp(data() + object.payload, key.data(), key.size()) == 0;
@@ -472,7 +543,7 @@ bool BinaryPlist::equalsKey(std::uint64_t index, std::string_view key) const
 
 std::optional<std::uint64_t> BinaryPlist::lookup(std::uint64_t dict, std::string_view key) const
 {
-    const std::uint64_t pairs = objects_[dict].count;
+    const std::uint64_t pairs = object(dict).count;
     for (std::uint64_t i = 0; i < pairs; ++i) {
         if (equalsKey(dictKey(dict, i), key))
             return dictValue(dict, i);

@@ -9,6 +9,13 @@
 // validates every object up front in loops with 64-bit arithmetic, and walks
 // the reference graph iteratively to refuse cycles and deep nesting.
 // libplist is still what writes our files.
+//
+// For lists of thousands of designs there is also an on-demand scope: only the
+// trailer is checked up front, and each object is parsed and checked (bounds,
+// marker, length, text) the first time a reference to it is followed, so a
+// caller that needs a few scalar values never touches 16384 samples. Its
+// caller must bound its own walk (the keyed-archive decoder is schema-driven
+// and cycle-checked); a bad reference or object poisons the whole parse.
 #pragma once
 
 #include <cstddef>
@@ -32,15 +39,25 @@ public:
     // Our archives nest five levels deep; anything far deeper is not one.
     static constexpr int kMaxDepth = 16;
 
+    // Whole: every object checked up front. OnDemand: see above.
+    enum class Scope : std::uint8_t { Whole, OnDemand };
+
     // Parses and validates `bytes`. On failure returns nothing and puts the
     // reason in `reason`, a clause in lower case ("the file is empty").
-    static std::optional<BinaryPlist> parse(const QByteArray& bytes, QString* reason);
+    static std::optional<BinaryPlist> parse(const QByteArray& bytes, QString* reason,
+                                            Scope scope = Scope::Whole);
 
-    std::uint64_t objectCount() const { return objects_.size(); }
+    // On demand only: why an object reached so far was refused (empty while
+    // none was). Every index handed out after a refusal names an empty data
+    // object, a type no caller accepts, so the caller fails too.
+    const QString& refusal() const { return refusal_; }
+
+    std::uint64_t objectCount() const { return objectCount_; }
     std::uint64_t top() const { return top_; }
 
-    // Accessors take an object index < objectCount(); the caller checks types.
-    Type type(std::uint64_t index) const { return objects_[index].type; }
+    // Accessors take an object index from top(), element(), dictKey(),
+    // dictValue() or lookup(); the caller checks types.
+    Type type(std::uint64_t index) const { return object(index).type; }
     bool boolean(std::uint64_t index) const;
     std::int64_t integer(std::uint64_t index) const;
     double real(std::uint64_t index) const;
@@ -49,7 +66,7 @@ public:
     std::string string(std::uint64_t index) const;
 
     // Array elements, or dictionary pairs.
-    std::uint64_t count(std::uint64_t index) const { return objects_[index].count; }
+    std::uint64_t count(std::uint64_t index) const { return object(index).count; }
     std::uint64_t element(std::uint64_t array, std::uint64_t i) const;
     std::uint64_t dictKey(std::uint64_t dict, std::uint64_t i) const;
     std::uint64_t dictValue(std::uint64_t dict, std::uint64_t i) const;
@@ -66,13 +83,29 @@ private:
     };
 
     BinaryPlist() = default;
+    const Object& object(std::uint64_t index) const
+    {
+        if (!onDemand_)
+            return objects_[index];
+        const std::uint32_t slot = index < slots_.size() ? slots_[index] : 0;
+        return slot == 0 ? kRefused : reached_[slot - 1];
+    }
+    // On demand: parses object `index` if not yet done; the index to hand out.
+    std::uint64_t reach(std::uint64_t index, bool mustBeString = false) const
+    {
+        return onDemand_ ? reachOnDemand(index, mustBeString) : index;
+    }
+    std::uint64_t reachOnDemand(std::uint64_t index, bool mustBeString) const;
     bool parseObject(std::uint64_t index, std::uint64_t offset, std::uint64_t limit, Object& out,
                      std::uint64_t& size, QString* reason) const;
     bool checkContainers(QString* reason) const;
     bool checkGraph(QString* reason) const;
     bool equalsKey(std::uint64_t index, std::string_view key) const;
     std::uint64_t readUnsigned(std::uint64_t offset, unsigned width) const;
-    std::uint64_t ref(std::uint64_t offset, std::uint64_t i) const;
+    std::uint64_t ref(std::uint64_t offset, std::uint64_t i) const
+    {
+        return readUnsigned(offset + i * refSize_, refSize_);
+    }
 
     const unsigned char* data() const
     {
@@ -83,4 +116,15 @@ private:
     std::vector<Object> objects_;
     std::uint64_t top_ = 0;
     unsigned refSize_ = 1;
+
+    // On demand: the objects parsed so far, the offset table and the refusal.
+    static const Object kRefused;
+    bool onDemand_ = false;
+    std::uint64_t objectCount_ = 0;
+    std::uint64_t tableOffset_ = 0;
+    unsigned offsetSize_ = 1;
+    // slots_[i] is 1 + the place of object i in reached_, or 0 while unparsed.
+    mutable std::vector<std::uint32_t> slots_;
+    mutable std::vector<Object> reached_;
+    mutable QString refusal_;
 };

@@ -35,9 +35,9 @@ bool writeDesignBytes(const QString& path, const QByteArray& bytes, QString* err
 
 template <typename Record>
 std::optional<Record> decodeDesign(const DesignCodec<Record>& codec, const QByteArray& bytes,
-                                   QString* reason)
+                                   QString* reason, ArchiveReach reach = ArchiveReach::Whole)
 {
-    const auto records = decodeKeyedArchive(bytes, codec.schema, reason);
+    const auto records = decodeKeyedArchive(bytes, codec.schema, reason, reach);
     if (!records)
         return std::nullopt;
     std::optional<Record> last;
@@ -73,13 +73,14 @@ QByteArray encodeDesigns(const DesignCodec<Record>& codec, const std::vector<Rec
 }
 
 template <typename Record>
-std::optional<Record> readDesignFile(const DesignCodec<Record>& codec, const QString& path, QString* error)
+std::optional<Record> readDesignFile(const DesignCodec<Record>& codec, const QString& path, QString* error,
+                                     ArchiveReach reach = ArchiveReach::Whole)
 {
     const auto bytes = readDesignBytes(path, codec.noun, error);
     if (!bytes)
         return std::nullopt;
     QString reason;
-    auto record = decodeDesign(codec, *bytes, &reason);
+    auto record = decodeDesign(codec, *bytes, &reason, reach);
     if (!record && error)
         *error = designRefusal(path, codec.noun, reason);
     return record;

@@ -147,10 +147,10 @@ QByteArray encodeFilterArchive(const std::vector<GVRFilter>& designs, QString* e
     return encodeDesigns(kCodec, designs, error);
 }
 
-std::optional<GVRFilter> decodeFilterArchive(const QByteArray& bytes, QString* error)
+std::optional<GVRFilter> decodeFilterArchive(const QByteArray& bytes, QString* error, ArchiveReach reach)
 {
     QString reason;
-    auto filter = decodeDesign(kCodec, bytes, &reason);
+    auto filter = decodeDesign(kCodec, bytes, &reason, reach);
     if (!filter && error)
         *error = designRefusal({}, kCodec.noun, reason);
     return filter;
@@ -159,6 +159,11 @@ std::optional<GVRFilter> decodeFilterArchive(const QByteArray& bytes, QString* e
 std::optional<GVRFilter> readFilterFile(const QString& path, QString* error)
 {
     return readDesignFile(kCodec, path, error);
+}
+
+std::optional<GVRFilter> readFilterFileScalars(const QString& path, QString* error)
+{
+    return readDesignFile(kCodec, path, error, ArchiveReach::ScalarsOnly);
 }
 
 bool writeFilterFile(const QString& path, const GVRFilter& filter, QString* error)

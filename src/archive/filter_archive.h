@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include "archive/keyed_archive_reader.h"
 #include "archive/filter_record.h"
 
 // Longest coefficient array a filter file may hold.
@@ -20,8 +21,13 @@ QByteArray encodeFilterArchive(const GVRFilter& filter, QString* error = nullptr
 QByteArray encodeFilterArchive(const std::vector<GVRFilter>& designs, QString* error = nullptr);
 
 // The last record of the archive, or nothing with a sentence saying why.
-std::optional<GVRFilter> decodeFilterArchive(const QByteArray& bytes, QString* error = nullptr);
+// ArchiveReach::ScalarsOnly leaves the arrays absent, for lists of many
+// designs; never enough to open one.
+std::optional<GVRFilter> decodeFilterArchive(const QByteArray& bytes, QString* error = nullptr,
+                                         ArchiveReach reach = ArchiveReach::Whole);
 
 std::optional<GVRFilter> readFilterFile(const QString& path, QString* error = nullptr);
+// Its scalar fields only (ArchiveReach::ScalarsOnly), for long lists.
+std::optional<GVRFilter> readFilterFileScalars(const QString& path, QString* error = nullptr);
 // Serialises, reads the result back and compares, then writes atomically.
 bool writeFilterFile(const QString& path, const GVRFilter& filter, QString* error = nullptr);

@@ -30,7 +30,10 @@ QString quoted(std::string_view text)
 
 class Decoder {
 public:
-    Decoder(const BinaryPlist& plist, QString* reason) : plist_(plist), reason_(reason) {}
+    Decoder(const BinaryPlist& plist, QString* reason, bool scalarsOnly)
+        : plist_(plist), reason_(reason), scalarsOnly_(scalarsOnly)
+    {
+    }
 
     std::optional<std::vector<ArchiveRecord>> run(const ArchiveSchema& schema);
 
@@ -66,6 +69,7 @@ private:
 
     const BinaryPlist& plist_;
     QString* reason_;
+    bool scalarsOnly_ = false;
     std::uint64_t objects_ = 0;      // the $objects array
     std::uint64_t objectCount_ = 0;  // its length
     std::vector<std::uint64_t> path_;  // objects being decoded, for cycle detection
@@ -198,29 +202,30 @@ bool Decoder::arrayElements(std::uint64_t dict, std::uint64_t maxCount, const QS
 
 bool Decoder::decodeValue(std::uint64_t object, const ArchiveField& field, ArchiveValue& out)
 {
-    const QString what = QStringLiteral("the value under %1").arg(quoted(field.key));
+    // Made only for a message: thousands of list rows decode without one.
+    const auto what = [&] { return QStringLiteral("the value under %1").arg(quoted(field.key)); };
     const Type type = plist_.type(object);
     switch (field.kind) {
     case ArchiveKind::String:
         if (type != Type::String)
-            return fail(QStringLiteral("%1 is not a text").arg(what));
+            return fail(QStringLiteral("%1 is not a text").arg(what()));
         out = plist_.string(object);
         return true;
     case ArchiveKind::Integer:
         if (type != Type::Integer)
-            return fail(QStringLiteral("%1 is not a whole number").arg(what));
+            return fail(QStringLiteral("%1 is not a whole number").arg(what()));
         out = plist_.integer(object);
         return true;
     case ArchiveKind::Real:
         if (type != Type::Real)
-            return fail(QStringLiteral("%1 is not a real number").arg(what));
+            return fail(QStringLiteral("%1 is not a real number").arg(what()));
         out = plist_.real(object);
         return true;
     case ArchiveKind::IntegerArray:
     case ArchiveKind::RealArray: {
         std::vector<std::uint64_t> elements;
         const std::size_t depth = path_.size();
-        if (!arrayElements(object, field.maxCount, what, elements))
+        if (!arrayElements(object, field.maxCount, what(), elements))
             return false;
         path_.resize(depth);
         const bool integers = field.kind == ArchiveKind::IntegerArray;
@@ -228,7 +233,7 @@ bool Decoder::decodeValue(std::uint64_t object, const ArchiveField& field, Archi
         for (std::uint64_t element : elements) {
             if (plist_.type(element) != wanted)
                 return fail(QStringLiteral("%1 holds an element that is not a %2")
-                                .arg(what, integers ? QStringLiteral("whole number") : QStringLiteral("real number")));
+                                .arg(what(), integers ? QStringLiteral("whole number") : QStringLiteral("real number")));
         }
         if (integers) {
             std::vector<std::int64_t> values(elements.size());
@@ -257,6 +262,9 @@ bool Decoder::decodeRecord(std::uint64_t dict, const ArchiveSchema& schema, Arch
     out.assign(schema.fields.size(), std::monostate{});
     for (std::size_t i = 0; i < schema.fields.size(); ++i) {
         const ArchiveField& field = schema.fields[i];
+        const bool isArray = field.kind == ArchiveKind::IntegerArray || field.kind == ArchiveKind::RealArray;
+        if (scalarsOnly_ && isArray)
+            continue;
         // A key that is missing decodes as absent, as decodeObjectForKey: answers nil.
         const auto stored = plist_.lookup(dict, field.key);
         if (!stored)
@@ -311,11 +319,22 @@ std::optional<std::vector<ArchiveRecord>> Decoder::run(const ArchiveSchema& sche
 
 std::optional<std::vector<ArchiveRecord>> decodeKeyedArchive(const QByteArray& bytes,
                                                              const ArchiveSchema& schema,
-                                                             QString* reason)
+                                                             QString* reason,
+                                                             ArchiveReach reach)
 {
-    const auto plist = BinaryPlist::parse(bytes, reason);
+    const bool scalarsOnly = reach == ArchiveReach::ScalarsOnly;
+    const auto plist = BinaryPlist::parse(bytes, reason,
+                                          scalarsOnly ? BinaryPlist::Scope::OnDemand : BinaryPlist::Scope::Whole);
     if (!plist)
         return std::nullopt;
-    Decoder decoder(*plist, reason);
-    return decoder.run(schema);
+    Decoder decoder(*plist, reason, scalarsOnly);
+    auto records = decoder.run(schema);
+    // A damaged object met on the way decides, whatever the decoder made of
+    // the stand-in it was given.
+    if (!plist->refusal().isEmpty()) {
+        if (reason)
+            *reason = plist->refusal();
+        return std::nullopt;
+    }
+    return records;
 }

@@ -78,10 +78,10 @@ QByteArray encodeSignalArchive(const std::vector<GVRSignal>& designs, QString* e
     return encodeDesigns(kCodec, designs, error);
 }
 
-std::optional<GVRSignal> decodeSignalArchive(const QByteArray& bytes, QString* error)
+std::optional<GVRSignal> decodeSignalArchive(const QByteArray& bytes, QString* error, ArchiveReach reach)
 {
     QString reason;
-    auto signal = decodeDesign(kCodec, bytes, &reason);
+    auto signal = decodeDesign(kCodec, bytes, &reason, reach);
     if (!signal && error)
         *error = designRefusal({}, kCodec.noun, reason);
     return signal;
@@ -90,6 +90,11 @@ std::optional<GVRSignal> decodeSignalArchive(const QByteArray& bytes, QString* e
 std::optional<GVRSignal> readSignalFile(const QString& path, QString* error)
 {
     return readDesignFile(kCodec, path, error);
+}
+
+std::optional<GVRSignal> readSignalFileScalars(const QString& path, QString* error)
+{
+    return readDesignFile(kCodec, path, error, ArchiveReach::ScalarsOnly);
 }
 
 bool writeSignalFile(const QString& path, const GVRSignal& signal, QString* error)

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include "archive/keyed_archive_reader.h"
 #include "archive/signal_record.h"
 
 // Samples of every stored signal.
@@ -19,8 +20,13 @@ QByteArray encodeSignalArchive(const GVRSignal& signal, QString* error = nullptr
 QByteArray encodeSignalArchive(const std::vector<GVRSignal>& designs, QString* error = nullptr);
 
 // The last record of the archive, or nothing with a sentence saying why.
-std::optional<GVRSignal> decodeSignalArchive(const QByteArray& bytes, QString* error = nullptr);
+// ArchiveReach::ScalarsOnly leaves the arrays absent, for lists of many
+// designs; never enough to open one.
+std::optional<GVRSignal> decodeSignalArchive(const QByteArray& bytes, QString* error = nullptr,
+                                         ArchiveReach reach = ArchiveReach::Whole);
 
 std::optional<GVRSignal> readSignalFile(const QString& path, QString* error = nullptr);
+// Its scalar fields only (ArchiveReach::ScalarsOnly), for long lists.
+std::optional<GVRSignal> readSignalFileScalars(const QString& path, QString* error = nullptr);
 // Serialises, reads the result back and compares, then writes atomically.
 bool writeSignalFile(const QString& path, const GVRSignal& signal, QString* error = nullptr);

@@ -3,6 +3,7 @@
 
 #include <QHeaderView>
 #include <QTableView>
+#include <QTimer>
 
 #include "filter/inspector_filt_table_model.h"
 #include "library/design_library.h"
@@ -20,8 +21,10 @@ GVRWinFiltInspector::GVRWinFiltInspector(DesignLibrary& library, QWidget* parent
     setCentralWidget(table_);
 
     connect(&library, &DesignLibrary::newFilterFile, this, &GVRWinFiltInspector::updateTableDisplay);
-    updateTableDisplay();
     fitInspectorToColumns(*this, *table_);
+    // Listed once the event loop runs, so a large folder never holds up the
+    // program's first paint.
+    QTimer::singleShot(0, this, &GVRWinFiltInspector::updateTableDisplay);
 }
 
 const QList<GVRInspectFilt>& GVRWinFiltInspector::inspectorDataArray() const

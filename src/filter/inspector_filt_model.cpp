@@ -130,7 +130,8 @@ GVRInspectFilt GVRInspectorFiltModel::rowForFile(const QString& path, const QStr
     GVRInspectFilt row;
     row.filename = displayName;
     // A file that cannot be read shows only its name: never another file's values under it.
-    if (const std::optional<GVRFilter> record = readFilterFile(path))
+    // The row needs no coefficients: only the scalar fields are decoded.
+    if (const std::optional<GVRFilter> record = readFilterFileScalars(path))
         row = rowForRecord(displayName, *record);
     if (identity && identity == fileIdentity(path)) {
         const QMutexLocker lock(&mutex);

@@ -189,6 +189,19 @@ QStringList DesignLibrary::designNames(Folder folder) const
     return names;
 }
 
+QStringList DesignLibrary::fileNames(Folder folder) const
+{
+    const QString ext = extension(folder);
+    QStringList names;
+    const QStringList entries = QDir(folderPath(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
+    for (const QString& name : entries)
+        if (name.size() > ext.size() && name.endsWith(ext, Qt::CaseSensitive))
+            names.append(name);
+    std::stable_sort(names.begin(), names.end(),
+                     [](const QString& a, const QString& b) { return compareNaturally(a, b) < 0; });
+    return names;
+}
+
 SeedReport DesignLibrary::seedSamples(const QString& sampleFolder) const
 {
     SeedReport report;

@@ -104,6 +104,9 @@ public:
     QList<DesignFileEntry> files(Folder folder) const;
     // The same files' design names (without the extension), same order.
     QStringList designNames(Folder folder) const;
+    // The same files' names (with the extension) in the order of files(),
+    // without their dates: a folder of thousands lists in a fraction of the time.
+    QStringList fileNames(Folder folder) const;
 
     // Copies the sample designs found in `sampleFolder` (the thirteen files
     // side by side) into their folders, never replacing a design already

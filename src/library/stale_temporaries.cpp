@@ -20,10 +20,15 @@ QStringList removeStaleTemporaries(const QString& folder, const QDateTime& now)
 {
     QStringList removed;
     const QDir dir(folder);
-    const QFileInfoList infos = dir.entryInfoList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
-    for (const QFileInfo& info : infos) {
+    // Names first: a folder of thousands of designs is read without a stat
+    // of each file, and only names of our pattern are looked at closely.
+    const QStringList names = dir.entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
+    for (const QString& name : names) {
+        if (!isOrvanaTemporaryName(name))
+            continue;
+        const QFileInfo info(dir, name);
         // A link is someone's arrangement, never one of our temporaries.
-        if (info.isSymLink() || !isOrvanaTemporaryName(info.fileName()))
+        if (info.isSymLink())
             continue;
         if (info.lastModified().secsTo(now) < kStaleTemporarySeconds)
             continue;

@@ -113,18 +113,27 @@ CoefficientFormat GVRWinFirExport::selectedFormat() const
     return static_cast<CoefficientFormat>(formatPopUp_->currentData().toInt());
 }
 
+void GVRWinFirExport::showEvent(QShowEvent* event)
+{
+    if (listStale_)
+        updateTableDisplay();
+    QMainWindow::showEvent(event);
+}
+
 void GVRWinFirExport::updateTableDisplay()
 {
+    // Hidden, the window lists nothing until it is shown: at start-up it must
+    // not compete with the inspectors for a large library.
+    listStale_ = !isVisible();
+    if (listStale_)
+        return;
     // The rows come back in folder order; a sort the user chose is applied
     // again once they are all in.
     const QString folder = library_.filterFolder() + u'/';
-    QStringList files;
-    QList<GVRInspectFilt> rows;
-    for (const DesignFileEntry& entry : library_.files(DesignLibrary::Folder::Filter)) {
-        files << entry.fileName;
-        rows.append(GVRInspectFilt{});
-        rows.last().filename = entry.fileName;
-    }
+    const QStringList files = library_.fileNames(DesignLibrary::Folder::Filter);
+    QList<GVRInspectFilt> rows(files.size());
+    for (qsizetype i = 0; i < files.size(); ++i)
+        rows[i].filename = files.at(i);
     filler_.fill(
         *table_, *tableModel_, std::move(rows),
         [files, folder](qsizetype i) { return GVRFirExportModel::rowForFile(folder + files.at(i), files.at(i)); },

@@ -48,9 +48,13 @@ public:
 
 public slots:
     void showGVRWinFirExport();
-    // Rebuilds the list from the library.
+    // Rebuilds the list from the library; while the window is hidden, when it
+    // is next shown.
     void updateTableDisplay();
     void pressExportBut();
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private:
     void savePanelDidEnd(const QString& chosenPath);
@@ -74,4 +78,5 @@ private:
     QString selectedDotFiltFileName_;
     QString selectedDotCsvPath_;
     CoefficientFormat exportFormat_ = CoefficientFormat::Csv;
+    bool listStale_ = true;
 };

@@ -7,6 +7,7 @@
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDateTime>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QGuiApplication>
@@ -16,6 +17,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
+#include <QStringListModel>
+#include <QTimer>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -156,8 +159,12 @@ GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
     kind.windowKind = [this] { return blockDiagramNumber_ == 1 ? tr("Sum & Filter Model") : tr("Multirate Model"); };
     fileCommands_ = new DesignFileCommands(this, std::move(kind), std::move(hooks), this);
 
-    // The loading steps: lists, steppers, the automatic filter chosen, tool tips.
+    // The loading steps: lists, steppers, the automatic filter chosen, tool
+    // tips. The design names are listed once the event loop runs (or sooner,
+    // when something needs them), so a large library never holds up the
+    // program's first paint.
     initPopUpsWithMandatoryFlag(false);
+    QTimer::singleShot(0, this, &GVRWinProject::ensureDesignNamesListed);
     initSteppers();
     autoFilterBut_->setChecked(true);
     updateUnitsAndHiddenFields();
@@ -167,8 +174,11 @@ GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
 
     connect(&library_, &DesignLibrary::newFilterFile, this, &GVRWinProject::handleNewFilterOrSignalFile);
     connect(&library_, &DesignLibrary::newSignalFile, this, &GVRWinProject::handleNewFilterOrSignalFile);
+    // Coming back to the program, the pop-ups are read again only when a
+    // folder changed: relisting thousands of designs at every activation
+    // (the first comes with the first window) held up the first paint.
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
-        if (state == Qt::ApplicationActive)
+        if (state == Qt::ApplicationActive && namesListed_ && designFoldersChanged())
             handleNewFilterOrSignalFile();
     });
 }
@@ -225,6 +235,11 @@ QWidget* GVRWinProject::buildForm()
     signalOneSignPopUp_->setMinimumContentsLength(3);
     signalTwoPopUp_ = makeFixedWidthPopUp("signalTwoPopUp", inputs);
     signalTwoSignPopUp_ = makeFixedWidthPopUp("signalTwoSignPopUp", inputs);
+    // Plain string models, the signal list shared by both pop-ups: a library
+    // of thousands of designs fills them in one step each.
+    signalNames_ = new QStringListModel(this);
+    signalOnePopUp_->setModel(signalNames_);
+    signalTwoPopUp_->setModel(signalNames_);
     signalTwoSignPopUp_->setMinimumContentsLength(3);
     auto signalRow = [inputs](QComboBox* name, QComboBox* sign) {
         auto* row = new QWidget(inputs);
@@ -268,6 +283,8 @@ QWidget* GVRWinProject::buildForm()
 
     filterLabel_ = new QLabel(tr("H[n]"), system);
     filterPopUp_ = makeFixedWidthPopUp("filterPopUp", system);
+    filterNames_ = new QStringListModel(this);
+    filterPopUp_->setModel(filterNames_);
     systemGrid->addRow(filterLabel_, filterPopUp_);
     column->addWidget(system);
 
@@ -365,6 +382,7 @@ void GVRWinProject::switchToMode(int mode)
 
 void GVRWinProject::showProjectWindow()
 {
+    ensureDesignNamesListed();
     show();
     raise();
     activateWindow();
@@ -389,15 +407,8 @@ void GVRWinProject::initPopUpsWithMandatoryFlag(bool mandatory)
 {
     if (graphPopUp_->count() >= 2 && !mandatory)
         return;
-    filterPopUp_->clear();
-    filterPopUp_->addItems(library_.designNames(DesignLibrary::Folder::Filter));
-    filterPopUp_->setCurrentIndex(filterPopUp_->count() > 0 ? 0 : -1);
-    const QStringList signalNames = library_.designNames(DesignLibrary::Folder::Signal);
-    for (QComboBox* popUp : {signalOnePopUp_, signalTwoPopUp_}) {
-        popUp->clear();
-        popUp->addItems(signalNames);
-        popUp->setCurrentIndex(popUp->count() > 0 ? 0 : -1);
-    }
+    if (mandatory || namesListed_)
+        listDesignNames();
     setGraphTitles();
     for (QComboBox* popUp : {signalOneSignPopUp_, signalTwoSignPopUp_}) {
         popUp->clear();
@@ -406,6 +417,25 @@ void GVRWinProject::initPopUpsWithMandatoryFlag(bool mandatory)
     }
     updateUnitsAndHiddenFields();
     fileCommands_->refreshTitle();
+}
+
+void GVRWinProject::listDesignNames()
+{
+    namesListed_ = true;
+    // Taken before listing: a change made while listing shows as a change.
+    listedFolders_ = {fileIdentity(library_.filterFolder()), fileIdentity(library_.signalFolder()),
+                      QDateTime::currentMSecsSinceEpoch() * 1000000LL};
+    filterNames_->setStringList(library_.designNames(DesignLibrary::Folder::Filter));
+    filterPopUp_->setCurrentIndex(filterPopUp_->count() > 0 ? 0 : -1);
+    signalNames_->setStringList(library_.designNames(DesignLibrary::Folder::Signal));
+    for (QComboBox* popUp : {signalOnePopUp_, signalTwoPopUp_})
+        popUp->setCurrentIndex(popUp->count() > 0 ? 0 : -1);
+}
+
+void GVRWinProject::ensureDesignNamesListed()
+{
+    if (!namesListed_)
+        listDesignNames();
 }
 
 void GVRWinProject::updateUnitsAndHiddenFields()
@@ -434,6 +464,7 @@ void GVRWinProject::pressZoomStepperBut(int value)
 
 void GVRWinProject::pressDesignBut()
 {
+    ensureDesignNamesListed();
     // The three names are empty when their lists are; the model then does nothing.
     projectParameterDictionary_ = GVRProjectModel::parameterDictionary(
         blockDiagramNumber_, filterPopUp_->currentText(), signalOnePopUp_->currentText(),
@@ -474,6 +505,7 @@ void GVRWinProject::selectTitle(QComboBox* popUp, const QString& title)
 
 void GVRWinProject::restoreProjectParameters(const QVariantMap& parameters)
 {
+    ensureDesignNamesListed();
     if (parameters.size() != 9)
         return;
     selectTitle(filterPopUp_, parameters.value(KEYMOD_FILTER_NAME).toString());
@@ -514,6 +546,18 @@ void GVRWinProject::restoreProjectParameters(const QVariantMap& parameters)
     }
     viewBlockDiagram_->newBlockDiagramWithIndex(blockDiagramNumber_);
     updateUnitsAndHiddenFields();
+}
+
+bool GVRWinProject::designFoldersChanged() const
+{
+    const FolderStamp& was = listedFolders_;
+    if (!was.filters || !was.signalFolder || was.filters != fileIdentity(library_.filterFolder()) ||
+        was.signalFolder != fileIdentity(library_.signalFolder()))
+        return true;
+    // A folder changed within the clock's resolution of the listing may keep
+    // its time: only a folder older than that is known to be unchanged.
+    constexpr long long kRacyNs = 2'000'000'000LL;
+    return std::max(was.filters->modifiedNs, was.signalFolder->modifiedNs) >= was.takenNs - kRacyNs;
 }
 
 void GVRWinProject::handleNewFilterOrSignalFile()

@@ -16,6 +16,7 @@
 #include "charts/freq_array_source.h"
 #include "charts/time_array_source.h"
 #include "project/project_model.h"
+#include "library/file_identity.h"
 #include "project/project_view.h"
 
 class DesignFileCommands;
@@ -30,6 +31,7 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QSpinBox;
+class QStringListModel;
 
 class GVRWinProject : public QMainWindow, public ProjectView, public TimeArraySource, public FreqArraySource {
     Q_OBJECT
@@ -124,6 +126,12 @@ private:
     void showInMode(int mode);
     void showProjectWindow();
     void initPopUpsWithMandatoryFlag(bool mandatory);
+    // The filter and signal pop-ups' names, read from the library folders.
+    void listDesignNames();
+    void ensureDesignNamesListed();
+    // True unless both folders are provably as they were when the pop-ups
+    // were last filled.
+    bool designFoldersChanged() const;
     void updateUnitsAndHiddenFields();
     void initSteppers();
     void clearCharts();
@@ -135,6 +143,12 @@ private:
     static void selectTitle(QComboBox* popUp, const QString& title);
 
     DesignLibrary& library_;
+    // The filter and signal folders as they were when the pop-ups were filled.
+    struct FolderStamp {
+        std::optional<FileIdentity> filters;
+        std::optional<FileIdentity> signalFolder;
+        long long takenNs = 0;
+    } listedFolders_;
     GVRProjectModel projectModel_;
     DesignFileCommands* fileCommands_ = nullptr;
 
@@ -154,6 +168,9 @@ private:
     QComboBox* signalOneSignPopUp_ = nullptr;
     QComboBox* signalTwoSignPopUp_ = nullptr;
     QComboBox* filterPopUp_ = nullptr;
+    QStringListModel* filterNames_ = nullptr;
+    QStringListModel* signalNames_ = nullptr;
+    bool namesListed_ = false;
     QComboBox* graphPopUp_ = nullptr;
     QButtonGroup* autoFilterGenBut_ = nullptr;
     QRadioButton* userFilterBut_ = nullptr;

@@ -115,7 +115,7 @@ GVRInspectSig GVRInspectorSigModel::rowForRecord(const QString& displayName, con
 
 GVRInspectSig GVRInspectorSigModel::rowForFile(const QString& path, const QString& displayName)
 {
-    if (const std::optional<GVRSignal> record = readSignalFile(path))
+    if (const std::optional<GVRSignal> record = readSignalFileScalars(path))
         return rowForRecord(displayName, *record);
     GVRInspectSig row;
     row.filename = displayName;

@@ -3,6 +3,7 @@
 
 #include <QHeaderView>
 #include <QTableView>
+#include <QTimer>
 
 #include "library/design_library.h"
 #include "widgets/inspector_table.h"
@@ -20,8 +21,10 @@ GVRWinSigInspector::GVRWinSigInspector(DesignLibrary& library, QWidget* parent)
     setCentralWidget(table_);
 
     connect(&library, &DesignLibrary::newSignalFile, this, &GVRWinSigInspector::updateTableDisplay);
-    updateTableDisplay();
     fitInspectorToColumns(*this, *table_);
+    // Listed once the event loop runs, so a large folder never holds up the
+    // program's first paint.
+    QTimer::singleShot(0, this, &GVRWinSigInspector::updateTableDisplay);
 }
 
 const QList<GVRInspectSig>& GVRWinSigInspector::inspectorDataArray() const

@@ -12,6 +12,7 @@
 #include <QFutureWatcher>
 #include <QHeaderView>
 #include <QList>
+#include <QPointer>
 #include <QTableView>
 #include <QThread>
 #include <QThreadPool>
@@ -50,9 +51,20 @@ public:
         QList<qsizetype> indexes(placeholders.size());
         for (qsizetype i = 0; i < indexes.size(); ++i)
             indexes[i] = i;
-        model.setRows(std::move(placeholders));
         QHeaderView* header = table.horizontalHeader();
         header->setSectionsClickable(false);
+        // Columns sized to their contents would be measured again, over a
+        // thousand rows, at every batch of arriving rows: they keep their
+        // widths until every row is in, then fit once.
+        header_ = header;
+        fitted_.clear();
+        for (int column = 0; column < header->count(); ++column) {
+            if (header->sectionResizeMode(column) == QHeaderView::ResizeToContents) {
+                header->setSectionResizeMode(column, QHeaderView::Interactive);
+                fitted_ << column;
+            }
+        }
+        model.setRows(std::move(placeholders));
         watcher_ = new QFutureWatcher<Row>();
         QObject::connect(watcher_, &QFutureWatcherBase::resultsReadyAt, watcher_,
                          [watcher = watcher_, &model](int begin, int end) {
@@ -63,8 +75,8 @@ public:
                              model.replaceRows(begin, rows);
                          });
         QObject::connect(watcher_, &QFutureWatcherBase::finished, watcher_,
-                         [watcher = watcher_, header, done = std::move(done)] {
-                             header->setSectionsClickable(true);
+                         [this, watcher = watcher_, done = std::move(done)] {
+                             restoreHeader();
                              if (!watcher->isCanceled() && done)
                                  done();
                          });
@@ -93,13 +105,10 @@ public:
     {
         const QString path = library.folderPath(folder) + u'/';
         const qsizetype cut = DesignLibrary::extension(folder).size();
-        QStringList files;
-        QList<Row> rows;
-        for (const DesignFileEntry& entry : library.files(folder)) {
-            files << entry.fileName;
-            rows.append(Row{});
-            rows.last().filename = entry.fileName.chopped(cut);
-        }
+        const QStringList files = library.fileNames(folder);
+        QList<Row> rows(files.size());
+        for (qsizetype i = 0; i < files.size(); ++i)
+            rows[i].filename = files.at(i).chopped(cut);
         fill(table, model, std::move(rows), [files, path, cut, rowForFile](qsizetype i) {
             return rowForFile(path + files.at(i), files.at(i).chopped(cut));
         });
@@ -118,8 +127,21 @@ public:
     }
 
 private:
+    // The header as it was before a background fill: sortable, columns fitted.
+    void restoreHeader()
+    {
+        if (header_) {
+            header_->setSectionsClickable(true);
+            for (int column : std::as_const(fitted_))
+                header_->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+        }
+        header_ = nullptr;
+        fitted_.clear();
+    }
+
     void stop()
     {
+        restoreHeader();
         if (!watcher_)
             return;
         watcher_->disconnect();
@@ -130,4 +152,6 @@ private:
     }
 
     QFutureWatcher<Row>* watcher_ = nullptr;
+    QPointer<QHeaderView> header_;
+    QList<int> fitted_;
 };
