@@ -24,7 +24,10 @@ GVRWinFiltInspector::GVRWinFiltInspector(DesignLibrary& library, QWidget* parent
     fitInspectorToColumns(*this, *table_);
     // Listed once the event loop runs, so a large folder never holds up the
     // program's first paint.
-    QTimer::singleShot(0, this, &GVRWinFiltInspector::updateTableDisplay);
+    QTimer::singleShot(0, this, [this] {
+        if (!listed_)
+            updateTableDisplay();
+    });
 }
 
 const QList<GVRInspectFilt>& GVRWinFiltInspector::inspectorDataArray() const
@@ -41,6 +44,7 @@ void GVRWinFiltInspector::showGVRWinFiltInspector()
 
 void GVRWinFiltInspector::updateTableDisplay()
 {
+    listed_ = true;
     // The rows come back in the folder's order; no column claims to sort them.
     table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     filler_.fillFromFolder(*table_, *tableModel_, library_, DesignLibrary::Folder::Filter, &GVRInspectorFiltModel::rowForFile);

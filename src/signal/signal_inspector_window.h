@@ -34,7 +34,14 @@ public slots:
 
 public:
     bool rowsLoading() const { return filler_.busy(); }
-    void waitForRows() { filler_.waitForRows(); }
+    // Blocks until every row is in, listing the folder first if the event
+    // loop has not yet come to it.
+    void waitForRows()
+    {
+        if (!listed_)
+            updateTableDisplay();
+        filler_.waitForRows();
+    }
 
 private:
     const DesignLibrary& library_;
@@ -42,4 +49,5 @@ private:
     GVRInspectorSigModel inspectorSigModel_;
     GVRInspectorSigTableModel* tableModel_ = nullptr;
     QTableView* table_ = nullptr;
+    bool listed_ = false;
 };
