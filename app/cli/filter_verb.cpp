@@ -230,6 +230,11 @@ int writeFilterPlot(const PlotRequest& plot, const GVRFilterDesignerModel& model
     } else if (chart == QLatin1String("group-delay")) {
         series = designcharts::groupDelaySeries(cp, response.size() > 3 ? response[3] : 0.5, unitLabel);
         title = QStringLiteral("Group Delay");
+    } else if (chart == QLatin1String("word-length")) {
+        const auto rows = model.wordLengthSweep();
+        series = designcharts::wordLengthSeries(rows);
+        return plot.write([&](float w, float h) { return designcharts::layoutWordLengthChart(series, w, h); },
+                          series, QStringLiteral("Word Length"), verb);
     } else {
         series = designcharts::zerosSeries(cp);
         title = QStringLiteral("Zeros");
@@ -290,7 +295,8 @@ int runFilterDesign(const QStringList& args, bool sweep)
     parser.addOptions(
         {help, units, type, fs, cutoff, center, taps, window, param, width, json, save, library});
     PlotRequest plot({QStringLiteral("magnitude"), QStringLiteral("phase"), QStringLiteral("impulse"),
-                      QStringLiteral("step"), QStringLiteral("group-delay"), QStringLiteral("zeros")},
+                      QStringLiteral("step"), QStringLiteral("group-delay"), QStringLiteral("zeros"),
+                      QStringLiteral("word-length")},
                      false);
     if (!sweep) {
         parser.addOptions({method, passEdge, stopEdge, ripple, attenuation});

@@ -26,6 +26,7 @@ constexpr Verb kVerbs[] = {
     {"open", cli::runOpen, "print a saved design's keys and values"},
     {"window", cli::runWindow, "print a window's values and its properties"},
     {"sweep", cli::runSweep, "measure a filter design at every width from 8 to 20 bits"},
+    {"compare", cli::runCompare, "overlay 2 to 4 saved filters' magnitude responses"},
     {"tune-fft", cli::runTuneFft, "measure this processor's FFT plans once, for faster designs"},
 };
 

@@ -36,7 +36,10 @@ PlotRequest::PlotRequest(QStringList charts, bool withZoom)
 
 void PlotRequest::addOptionsTo(QCommandLineParser& parser) const
 {
-    parser.addOptions({plot_, chartOption_, sizeOption_});
+    // A verb with one chart needs no --chart.
+    parser.addOptions({plot_, sizeOption_});
+    if (charts_.size() > 1)
+        parser.addOption(chartOption_);
     if (withZoom_)
         parser.addOption(zoomOption_);
 }
@@ -46,7 +49,7 @@ std::optional<int> PlotRequest::read(const QCommandLineParser& parser, const QSt
     if (!parser.isSet(plot_))
         return std::nullopt;
     const QString prefix = QStringLiteral("orvana-cli %1: ").arg(verb);
-    chart_ = parser.value(chartOption_).trimmed().toLower();
+    chart_ = charts_.size() > 1 ? parser.value(chartOption_).trimmed().toLower() : charts_.value(0);
     if (!charts_.contains(chart_)) {
         printErr(prefix + QStringLiteral("--chart takes %1.").arg(charts_.join(QStringLiteral(", "))));
         return Usage;

@@ -19,7 +19,8 @@ namespace cli {
 
 class PlotRequest {
 public:
-    // charts: the --chart names, the first the default; withZoom: takes --zoom.
+    // charts: the --chart names, the first the default (one name: no --chart
+    // option); withZoom: takes --zoom.
     PlotRequest(QStringList charts, bool withZoom);
 
     void addOptionsTo(QCommandLineParser& parser) const;

@@ -20,30 +20,48 @@ constexpr int kInputSamples = 16;
 constexpr int kOutputSamples = 16400;
 constexpr int kInputBins = 16;
 constexpr int kOutputBins = 8208;
+// A stage comes as one record in the signal layout.
+constexpr int kStageHeader = 0;
+constexpr int kStageFirst = 8;
 
 } // namespace
 
 QStringList projectChartNames()
 {
-    return {QStringLiteral("input-time"), QStringLiteral("output-time"), QStringLiteral("input-spectrum"),
-            QStringLiteral("output-spectrum")};
+    return {QStringLiteral("input-time"),     QStringLiteral("output-time"),
+            QStringLiteral("input-spectrum"), QStringLiteral("output-spectrum"),
+            QStringLiteral("upsampled-time"), QStringLiteral("upsampled-spectrum"),
+            QStringLiteral("filtered-time"),  QStringLiteral("filtered-spectrum")};
 }
 
-int writeProjectPlot(const PlotRequest& plot, const GVRProjectModel&, const std::vector<double>& time,
-                     const std::vector<double>& freq)
+bool isStageChart(const QString& chart)
+{
+    return chart.startsWith(QLatin1String("upsampled")) || chart.startsWith(QLatin1String("filtered"));
+}
+
+int writeProjectPlot(const PlotRequest& plot, const GVRProjectModel& model,
+                     const std::vector<double>& projectTime, const std::vector<double>& projectFreq)
 {
     const QString& chart = plot.chart();
+    const bool stage = isStageChart(chart);
     const bool input = chart.startsWith(QLatin1String("input"));
-    const int header = input ? kInputHeader : kOutputHeader;
+    GVRProjectModel::StageArrays stageArrays;
+    if (stage)
+        stageArrays = model.multirateStageArrays(chart.startsWith(QLatin1String("upsampled"))
+                                                     ? GVRProjectModel::MultirateStage::Upsampled
+                                                     : GVRProjectModel::MultirateStage::Filtered);
+    const std::vector<double>& time = stage ? stageArrays.time : projectTime;
+    const std::vector<double>& freq = stage ? stageArrays.freq : projectFreq;
+    const int header = stage ? kStageHeader : input ? kInputHeader : kOutputHeader;
     const QString verb = QStringLiteral("project");
     if (chart.endsWith(QLatin1String("-time"))) {
-        const int first = input ? kInputSamples : kOutputSamples;
+        const int first = stage ? kStageFirst : input ? kInputSamples : kOutputSamples;
         const float zoom = plot.zoom();
         return plot.write([&](float w, float h) { return layoutTimeChart(time, header, first, zoom, w, h); },
                           chartseries::timeSeries(time, header, first, zoom), QStringLiteral("Time Domain"),
                           verb);
     }
-    const int first = input ? kInputBins : kOutputBins;
+    const int first = stage ? kStageFirst : input ? kInputBins : kOutputBins;
     return plot.write([&](float w, float h) { return layoutSpectrumChart(freq, header, first, w, h); },
                       chartseries::spectrumSeries(freq, header, first), QStringLiteral("Spectrum"), verb);
 }

@@ -158,6 +158,12 @@ int runProject(const QStringList& args)
             "1 to 12, --auto 0 or 1."));
         return Usage;
     }
+    if (plot.wanted() && isStageChart(plot.chart()) && *diagramValue != 2) {
+        printErr(QStringLiteral("orvana-cli project: --chart %1 is a stage of the Multirate model; it needs "
+                                "--diagram 2.")
+                     .arg(plot.chart()));
+        return Usage;
+    }
     const QString filterName = parser.value(filter);
     const QString oneName = parser.value(sig1);
     const QString twoName = parser.value(sig2);

@@ -13,6 +13,7 @@ int runExport(const QStringList& args);
 int runOpen(const QStringList& args);
 int runWindow(const QStringList& args);
 int runSweep(const QStringList& args);
+int runCompare(const QStringList& args);
 int runTuneFft(const QStringList& args);
 
 } // namespace cli

@@ -39,7 +39,7 @@ void layoutSumAndFilter(BlockDiagramLayout& d, float w, float h)
     };
 }
 
-void layoutMultirate(BlockDiagramLayout& d, float w, float h)
+void layoutMultirate(BlockDiagramLayout& d, float w, float h, DiagramStage stage)
 {
     const float sumX = w / 5.0f;
     const float upX = 2.0f * w / 5.0f;
@@ -55,9 +55,11 @@ void layoutMultirate(BlockDiagramLayout& d, float w, float h)
     d.title = {QPointF(0.4f * w, 0.85f * h), QStringLiteral("Multirate Model"), true};
     d.summingCircle = QRectF(sumX - 20.0f, midY - 20.0f, 40.0, 40.0);
     d.boxes = {
-        {QRectF(filterX - filterHalf, midY - 50.0f, 2.0f * filterHalf, 100.0), chartcolors::filter()},
-        {QRectF(upX - upHalf, midY - 50.0f, 2.0f * upHalf, 100.0), chartcolors::multi()},
-        {QRectF(downX - upHalf, midY - 50.0f, 2.0f * upHalf, 100.0), chartcolors::multi()},
+        {QRectF(filterX - filterHalf, midY - 50.0f, 2.0f * filterHalf, 100.0), chartcolors::filter(),
+         stage == DiagramStage::Filter},
+        {QRectF(upX - upHalf, midY - 50.0f, 2.0f * upHalf, 100.0), chartcolors::multi(),
+         stage == DiagramStage::Upsampler},
+        {QRectF(downX - upHalf, midY - 50.0f, 2.0f * upHalf, 100.0), chartcolors::multi(), false},
     };
     d.lines = {
         polyline({QPointF(0.0, 0.75f * h), QPointF(sumX, 0.75f * h), QPointF(sumX, midY + 20.0f)}),
@@ -86,7 +88,7 @@ void layoutMultirate(BlockDiagramLayout& d, float w, float h)
 
 } // namespace
 
-BlockDiagramLayout blockDiagramLayout(int index, float width, float height)
+BlockDiagramLayout blockDiagramLayout(int index, float width, float height, DiagramStage stage)
 {
     BlockDiagramLayout d;
     d.inputs = {
@@ -98,7 +100,7 @@ BlockDiagramLayout blockDiagramLayout(int index, float width, float height)
     if (index == kSumAndFilterDiagram)
         layoutSumAndFilter(d, width, height);
     else
-        layoutMultirate(d, width, height);
+        layoutMultirate(d, width, height, stage);
     return d;
 }
 

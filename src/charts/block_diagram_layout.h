@@ -21,7 +21,12 @@ struct DiagramText {
 struct DiagramBox {
     QRectF rect;
     QColor fill;
+    // The stage the charts show: drawn with a wide coloured frame.
+    bool highlighted = false;
 };
+
+// The multirate stage whose output the project charts show, if any.
+enum class DiagramStage { None, Upsampler, Filter };
 
 struct BlockDiagramLayout {
     QVector<DiagramText> inputs; // x₁[n], x₂[n] and their rates
@@ -34,8 +39,10 @@ struct BlockDiagramLayout {
 
 inline constexpr int kSumAndFilterDiagram = 1;
 
-// index: 1 sum-and-filter, anything else multirate; width, height: view size.
-BlockDiagramLayout blockDiagramLayout(int index, float width, float height);
+// index: 1 sum-and-filter, anything else multirate; width, height: view size;
+// stage: the box to highlight (multirate only).
+BlockDiagramLayout blockDiagramLayout(int index, float width, float height,
+                                      DiagramStage stage = DiagramStage::None);
 
 // Keeps each small label on the signal line clear of the blocks at any view
 // width: a label that would touch the circle or a box is centred in the gap

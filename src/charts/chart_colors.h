@@ -44,5 +44,10 @@ inline QColor multi()
 {
     return QColor::fromRgbF(0.882f, 1.0f, 0.878f, 1.0f);
 }
+// The frame of the block whose output the project charts show.
+inline QColor stageHighlight()
+{
+    return QColor::fromRgbF(0.9f, 0.45f, 0.0f, 1.0f);
+}
 
 } // namespace chartcolors

@@ -109,7 +109,8 @@ QByteArray csvBytes(const ChartSeries& series)
     QByteArray out = header.toUtf8() + '\n';
     out.reserve(out.size() + qsizetype(series.xs.size()) * 42 * qsizetype(2 + series.extra.size()));
     for (size_t i = 0; i < series.xs.size(); ++i) {
-        out += number(series.xs[i]) + ',' + number(series.ys[i]);
+        const bool spelled = i < series.xTexts.size() && !series.xTexts[i].isEmpty();
+        out += (spelled ? series.xTexts[i].toUtf8() : number(series.xs[i])) + ',' + number(series.ys[i]);
         for (const ChartColumn& extra : series.extra)
             out += ',' + number(i < extra.values.size() ? extra.values[i] : std::nan(""));
         out += '\n';

@@ -119,6 +119,37 @@ QPainterPath curvePath(const QVector<QLineF>& segments)
     return path;
 }
 
+// The legend of a chart with compared designs: a swatch and a name per
+// curve, the chart's own first, in a framed box at the top right.
+void paintLegend(QPainter& painter, const ChartScene& scene, QSizeF size, const QFont& font)
+{
+    QVector<std::pair<QString, QColor>> entries{{scene.curveName, scene.curveColor}};
+    for (const ChartTrace& trace : scene.traces)
+        entries.append({trace.name, trace.color});
+    const QFontMetricsF metrics(font, painter.device());
+    qreal textWidth = 0.0;
+    for (const auto& entry : entries)
+        textWidth = std::max(textWidth, metrics.horizontalAdvance(entry.first));
+    constexpr qreal kSwatch = 18.0;
+    constexpr qreal kPad = 6.0;
+    const qreal row = metrics.height() + 2.0;
+    const qreal boxWidth = kPad * 3 + kSwatch + textWidth;
+    const qreal boxHeight = kPad * 2 + row * qreal(entries.size());
+    // Lower-left coordinates: the box hangs from the top edge.
+    const QRectF box(size.width() - boxWidth - 10.0, size.height() - boxHeight - 10.0, boxWidth, boxHeight);
+    painter.setPen(QPen(chartcolors::outline(), 0.75));
+    painter.setBrush(chartcolors::background());
+    painter.drawRect(box);
+    painter.setBrush(Qt::NoBrush);
+    for (int i = 0; i < entries.size(); ++i) {
+        const qreal baseline = box.bottom() - kPad - row * qreal(i + 1);
+        const qreal midY = baseline + 0.5 * row;
+        painter.setPen(QPen(entries[i].second, 3.0, Qt::SolidLine, Qt::FlatCap));
+        painter.drawLine(QPointF(box.left() + kPad, midY), QPointF(box.left() + kPad + kSwatch, midY));
+        drawTextAt(painter, QPointF(box.left() + 2 * kPad + kSwatch, baseline), entries[i].first, font);
+    }
+}
+
 } // namespace
 
 void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, const QFont& labelFont,
@@ -169,6 +200,16 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
         }
     }
 
+    for (const ChartTrace& trace : scene.traces) {
+        const QPen pen(trace.color, 1.5, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+        if (mode == ChartPaintMode::Vector) {
+            painter.strokePath(curvePath(trace.lines), pen);
+        } else {
+            painter.setPen(pen);
+            painter.drawLines(trace.lines);
+        }
+    }
+
     QPainterPath gridPath;
     for (const QLineF& line : scene.gridLines) {
         gridPath.moveTo(line.p1());
@@ -190,6 +231,8 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
         painter.fillRect(boxes[i].adjusted(-2.0, 0.0, 2.0, 0.0), chartcolors::background());
         drawTextAt(painter, boxes[i].topLeft(), scene.labels[i].text, labelFont);
     }
+    if (!scene.traces.isEmpty())
+        paintLegend(painter, scene, size, labelFont);
     painter.restore();
 }
 

@@ -22,6 +22,13 @@ struct ChartLabel {
     bool alongBottom = false;
 };
 
+// A further curve over the chart (a compared design), named in the legend.
+struct ChartTrace {
+    QString name;
+    QColor color;
+    QVector<QLineF> lines;
+};
+
 // The data values at the view's edges: x0 left, x1 right, y0 bottom, y1 top.
 struct ChartRange {
     double x0 = 0.0;
@@ -42,6 +49,10 @@ struct ChartScene {
     // Markers and outlines drawn after the curve (a second column, the unit circle).
     QVector<QLineF> overlay;
     QColor overlayColor;
+    // Compared designs drawn over the curve; with any, a legend in the top
+    // right corner names `curveName` and then each trace.
+    QVector<ChartTrace> traces;
+    QString curveName;
     QVector<QLineF> gridLines;
     // In drawing order: horizontal-line labels, vertical-line labels, origin.
     QVector<ChartLabel> labels;

@@ -43,6 +43,9 @@ struct ChartSeries {
     // x ascending; y may hold NaN (a gap in the curve).
     std::vector<double> xs;
     std::vector<double> ys;
+    // How CSV spells x where an entry is not empty (a row that has no number
+    // there, like the Double row of the word-length sweep, whose x is NaN).
+    std::vector<QString> xTexts;
 
     bool empty() const { return xs.empty(); }
 };

@@ -87,6 +87,23 @@ ChartSeries zerosSeries(std::span<const double> cp)
     return s;
 }
 
+ChartSeries wordLengthSeries(std::span<const SweepRow> rows)
+{
+    ChartSeries s;
+    s.x = axis("bits", "", 0);
+    s.y = axis("stopband attenuation", "dB", 1);
+    s.color = chartcolors::dBMagGraph();
+    std::vector<double> ripple;
+    for (const SweepRow& row : rows) {
+        s.xs.push_back(row.bits > 0 ? double(row.bits) : std::nan(""));
+        s.xTexts.push_back(row.bits > 0 ? QString() : QStringLiteral("double"));
+        s.ys.push_back(row.stopbandAttenuationDb);
+        ripple.push_back(row.passbandRippleDb);
+    }
+    s.extra.push_back({axis("passband ripple", "dB", 3), std::move(ripple), QColor()});
+    return s;
+}
+
 ChartRange defaultRange(const ChartSeries& series, float width, float height)
 {
     double x0 = series.unitCircle ? -1.0 : 0.0;
@@ -137,6 +154,30 @@ ChartScene layoutDesignChart(const ChartSeries& series, float width, float heigh
         return empty;
     }
     return layoutZoomedChart(series, defaultRange(series, width, height), width, height);
+}
+
+ChartScene layoutWordLengthChart(const ChartSeries& series, float width, float height)
+{
+    double top = 10.0;
+    double doubleDb = std::nan("");
+    for (size_t i = 0; i < series.xs.size(); ++i) {
+        if (std::isfinite(series.ys[i]))
+            top = std::max(top, series.ys[i]);
+        if (std::isnan(series.xs[i]))
+            doubleDb = series.ys[i];
+    }
+    const ChartRange range{7.5, 20.5, 0.0, 1.1 * top};
+    ChartScene scene = layoutZoomedChart(series, range, width, height);
+    if (std::isfinite(doubleDb)) {
+        // Points of the double design's level, so the quantised ones read against it.
+        scene.overlayColor = chartcolors::phaseGraph();
+        const QPointF left = chartzoom::toView(range, range.x0, doubleDb, width, height);
+        const QPointF right = chartzoom::toView(range, range.x1, doubleDb, width, height);
+        for (double x = left.x(); x < right.x(); x += 12.0)
+            scene.overlay.append(
+                QLineF(QPointF(x, left.y()), QPointF(std::min(x + 6.0, right.x()), left.y())));
+    }
+    return scene;
 }
 
 } // namespace designcharts

@@ -29,10 +29,17 @@ void GVRViewBlockDiagram::newBlockDiagramWithIndex(int index)
     update();
 }
 
+void GVRViewBlockDiagram::setHighlightedStage(DiagramStage stage)
+{
+    stage_ = stage;
+    update();
+}
+
 void GVRViewBlockDiagram::paintEvent(QPaintEvent*)
 {
     const QSizeF size = this->size();
-    BlockDiagramLayout d = blockDiagramLayout(blockDiagramIndex_, float(size.width()), float(size.height()));
+    BlockDiagramLayout d =
+        blockDiagramLayout(blockDiagramIndex_, float(size.width()), float(size.height()), stage_);
     auto fontOf = [&](const DiagramText& t) {
         QFont font = t.large ? textFontLarge_ : textFont_;
         if (t.scale < 1.0)
@@ -71,6 +78,11 @@ void GVRViewBlockDiagram::paintEvent(QPaintEvent*)
         painter.fillRect(box.rect, box.fill);
         painter.setPen(outline);
         painter.drawRect(box.rect);
+        if (box.highlighted) {
+            painter.setPen(
+                QPen(chartcolors::stageHighlight(), 4.0, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+            painter.drawRect(box.rect.adjusted(-4.0, -4.0, 4.0, 4.0));
+        }
     }
     for (const DiagramText& t : d.labels)
         draw(painter, t);

@@ -55,8 +55,17 @@ QString GVRViewFiltDesign::chartTitle() const
     return titles.value(chartType_, QStringLiteral("Magnitude Response"));
 }
 
+void GVRViewFiltDesign::setComparison(std::vector<ComparedCurve> curves, const QString& ownName)
+{
+    compared_ = std::move(curves);
+    ownName_ = ownName;
+    chartChanged();
+}
+
 void GVRViewFiltDesign::decorateScene(ChartScene& scene, QSizeF size)
 {
+    if (chartType_ == filterchart::kMagnitude && scene.hasData && !compared_.empty())
+        comparechart::addTraces(scene, ownName_, compared_, float(size.width()), float(size.height()));
     const std::optional<ToleranceMask> mask = winFilterDesign_ ? winFilterDesign_->theMask() : std::nullopt;
     if (chartType_ != filterchart::kMagnitude || !mask || dBmagAndPhaseArray_.size() < 4)
         return;

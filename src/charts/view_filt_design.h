@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "charts/chart_view.h"
+#include "charts/compare_overlay.h"
 
 class MagPhaseArraySource;
 
@@ -18,6 +19,11 @@ public:
 
     int chartType() const { return chartType_; }
     QString freqUnitsString() const { return freqUnitsString_; }
+
+    // Saved designs drawn over the magnitude chart, x in the chart's units;
+    // `ownName` names the current design in the legend. Empty: none. Redraws.
+    void setComparison(std::vector<ComparedCurve> curves, const QString& ownName);
+    const std::vector<ComparedCurve>& comparison() const { return compared_; }
 
 public slots:
     // type: 0 magnitude, 1 phase, 3 impulse, 4 step, 5 group delay, 6 zeros; units: "Norm", "KHz" or "MHz".
@@ -34,6 +40,8 @@ private:
     std::vector<double> dBmagAndPhaseArray_;
     std::vector<double> coefficients_;
     std::vector<double> precision_;
+    std::vector<ComparedCurve> compared_;
+    QString ownName_;
     int chartType_ = 0;
     QString freqUnitsString_;
     const MagPhaseArraySource* winFilterDesign_ = nullptr;

@@ -8,6 +8,7 @@ constexpr int kInputHeader = 0;
 constexpr int kInputBins = 16;
 constexpr int kOutputHeader = 8;
 constexpr int kOutputBins = 8208;
+constexpr int kSingleRecordBins = 8;
 
 } // namespace
 
@@ -20,4 +21,10 @@ void GVRViewProjFreq::selectChartOne(bool input)
         setBases(kInputHeader, kInputBins);
     else
         setBases(kOutputHeader, kOutputBins);
+}
+
+void GVRViewProjFreq::selectSingleRecord()
+{
+    showsInput_ = false;
+    setBases(kInputHeader, kSingleRecordBins);
 }

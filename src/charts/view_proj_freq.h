@@ -13,6 +13,9 @@ public:
 public slots:
     // true: the input's spectrum; false: the output's. Redraws.
     void selectChartOne(bool input);
+    // A one-record array in the signal layout (header at 0, bins from 8), as
+    // the multirate stages come. Redraws.
+    void selectSingleRecord();
 
 private:
     bool showsInput_ = true;

@@ -8,6 +8,7 @@ constexpr int kInputHeader = 0;
 constexpr int kInputSamples = 16;
 constexpr int kOutputHeader = 8;
 constexpr int kOutputSamples = 16400;
+constexpr int kSingleRecordSamples = 8;
 
 } // namespace
 
@@ -25,4 +26,10 @@ void GVRViewProjTime::selectChartOne(bool input)
         setBases(kInputHeader, kInputSamples);
     else
         setBases(kOutputHeader, kOutputSamples);
+}
+
+void GVRViewProjTime::selectSingleRecord()
+{
+    showsInput_ = false;
+    setBases(kInputHeader, kSingleRecordSamples);
 }

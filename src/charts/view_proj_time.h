@@ -15,6 +15,9 @@ public slots:
     void setZoomLevel(int zoom);
     // true: the input x[n]; false: the output. Redraws.
     void selectChartOne(bool input);
+    // A one-record array in the signal layout (header at 0, samples from 8),
+    // as the multirate stages come. Redraws.
+    void selectSingleRecord();
 
 private:
     bool showsInput_ = true;

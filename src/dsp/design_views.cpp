@@ -84,6 +84,7 @@ std::vector<std::complex<double>> transferZeros(std::span<const double> h)
             zeros.push_back(values[i]);
     }
     zeros.insert(zeros.end(), atOrigin, std::complex<double>(0.0, 0.0));
+    zeros.insert(zeros.end(), first, std::complex<double>(std::numeric_limits<double>::infinity(), 0.0));
     return zeros;
 }
 

@@ -18,10 +18,12 @@ std::vector<double> stepResponse(std::span<const double> h);
 // over those frequencies, where the delay is undefined.
 std::vector<double> groupDelay(std::span<const double> h, std::size_t points = 2048);
 
-// The zeros of Σ h[n]·z^(−n): the eigenvalues of the companion matrix of
-// h[0]·z^(N−1) + … + h[N−1] (Eigen). Trailing zero coefficients give zeros at
-// the origin; leading ones lower the degree (zeros at infinity are left out).
-// Empty for fewer than two coefficients or all zeros.
+// The N − 1 zeros of Σ h[n]·z^(−n): the eigenvalues of the companion matrix
+// of h[0]·z^(N−1) + … + h[N−1] (Eigen), then one zero at the origin for each
+// trailing zero coefficient, then one at infinity (real part +∞, imaginary 0)
+// for each leading zero coefficient: H(z) = z^(−1)·(…) there, so the degree of
+// the polynomial drops while the filter keeps its N − 1 zeros. Empty for
+// fewer than two coefficients or all zeros (no polynomial to factor).
 std::vector<std::complex<double>> transferZeros(std::span<const double> h);
 
 } // namespace designviews

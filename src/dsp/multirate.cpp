@@ -186,3 +186,33 @@ bool multirateSysOut(std::span<const double> x, std::span<const double> h, int L
     }
     return true;
 }
+
+bool multirateStages(std::span<const double> x, std::span<const double> h, int L, int M, std::span<double> w,
+                     std::span<double> p)
+{
+    std::fill(w.begin(), w.end(), 0.0);
+    std::fill(p.begin(), p.end(), 0.0);
+    if (L < 1 || L > kMaxFactor || M < 1 || M > kMaxFactor)
+        return false;
+    if (L == 1 && M == 1) {
+        for (std::size_t i = 0; i < w.size(); ++i)
+            w[i] = at(x, i);
+        for (std::size_t i = 0; i < p.size(); ++i)
+            p[i] = at(x, i);
+        return true;
+    }
+    const std::size_t highRate = static_cast<std::size_t>(L) * x.size();
+    interpolateSignal(x, L, w.first(std::min(w.size(), highRate)));
+    if (h.empty())
+        return true;
+    // convolutionSysOut zeroes its last 4⌈N_H/4⌉ outputs; a prefix of that
+    // length past the wanted outputs gives them exactly, and when the whole
+    // sequence is shorter it is formed in full, zero tail included.
+    const std::size_t tail = 4 * ((h.size() + 3) / 4);
+    const std::size_t formed = std::min(highRate, p.size() + tail);
+    std::vector<double> u(formed);
+    interpolateSignal(x, L, u);
+    convolutionSysOut(u, h, u);
+    std::copy_n(u.begin(), std::min(formed, p.size()), p.begin());
+    return true;
+}

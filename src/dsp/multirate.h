@@ -31,3 +31,13 @@ std::size_t autoFilterPassBins(int L, int M);
 // outputs kept. L = M = 1 copies x unfiltered. y may share x's memory.
 // Returns false (y all zero) for L or M outside 1 .. 16.
 bool multirateSysOut(std::span<const double> x, std::span<const double> h, int L, int M, std::span<double> y);
+
+// The two high-rate sequences the system forms before decimation, cut to
+// their first w.size() and p.size() samples: w = interpolateSignal(x, L, L·n)
+// and p = convolutionSysOut(w, h) over the whole L·n samples (n = x.size()),
+// so p[M·j] is output j of multirateSysOut to rounding. With L = M = 1 the
+// system filters nothing and both are copies of x. Only the first p.size()
+// + 4⌈N_H/4⌉ high-rate samples are formed. Returns false (all zero) for L or
+// M outside 1 .. 16.
+bool multirateStages(std::span<const double> x, std::span<const double> h, int L, int M, std::span<double> w,
+                     std::span<double> p);

@@ -308,6 +308,7 @@ QWidget* GVRWinFilterDesign::buildForm()
     displayGrid->addWidget(new QLabel(tr("Response:"), display), 0, 0);
     displayGrid->addWidget(chartTypePopUp_, 0, 1);
     displayGrid->setColumnStretch(1, 1);
+    displayGrid->addWidget(buildCompareRow(display), 1, 0, 1, 2);
     column->addWidget(display);
 
     column->addWidget(buildMaskSection());
@@ -591,6 +592,7 @@ void GVRWinFilterDesign::clearFilterDesignResults()
 void GVRWinFilterDesign::plotMagnitudeAndPhaseWithArray(const std::vector<double>& array)
 {
     dBmagAndPhaseArray_ = array;
+    refreshComparison();
     selectChartTypePopUpBut();
     refreshAnalysis();
 }

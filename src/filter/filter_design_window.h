@@ -15,6 +15,7 @@
 #include <QVariantMap>
 
 #include "charts/mag_phase_array_source.h"
+#include "filter/filter_comparison.h"
 #include "filter/filter_design_view.h"
 #include "filter/filter_designer_model.h"
 
@@ -113,6 +114,9 @@ public:
     GVRViewWordLength* wordLengthChart() const { return wordLengthChart_; }
     // Window-level New, Open, Save and Save As (Ctrl+N, Ctrl+O, Ctrl+S, Ctrl+Shift+S).
     QList<QAction*> fileActions() const { return fileActions_; }
+    QPushButton* compareButton() const { return compareBut_; }
+    QPushButton* clearComparisonButton() const { return clearComparisonBut_; }
+    const std::vector<ComparedFilter>& comparedFilters() const { return compared_; }
 
 public slots:
     void showGVRWinFilterDesign();
@@ -131,6 +135,14 @@ public slots:
     void selectChartTypePopUpBut();
     // Designs the shortest filter that meets the mask section's mask.
     void pressDesignToMaskBut();
+    // Compare…: a window-modal list of the saved filters; up to three chosen
+    // are overlaid on the magnitude chart, none clears the overlay
+    // (filter_design_window_compare.cpp).
+    void pressCompareBut();
+    // Overlays the named saved filters (at most three); false, with the reason
+    // in an alert, when one cannot be read (the overlay then stays as it was).
+    bool setComparedDesigns(const QStringList& names);
+    void clearComparison();
 
 protected:
     // Asks Save, Don't Save or Cancel first when the design was edited.
@@ -147,6 +159,10 @@ private:
     void buildAnalysisControls(QVBoxLayout* chartColumn);
     QWidget* buildMaskSection();
     void refreshAnalysis();
+    // The Compare… and Clear Comparison buttons; the overlay drawn again for
+    // the current design's units.
+    QWidget* buildCompareRow(QWidget* parent);
+    void refreshComparison();
     // True when the "Word Length" chart is chosen (and then shown).
     bool showWordLengthChart();
     // After an open: a mask design is made again from its mask, anything else as usual.
@@ -188,4 +204,7 @@ private:
     GVRViewWordLength* wordLengthChart_ = nullptr;
     MaskSection* maskSection_ = nullptr;
     QLabel* equirippleLabel_ = nullptr;
+    QPushButton* compareBut_ = nullptr;
+    QPushButton* clearComparisonBut_ = nullptr;
+    std::vector<ComparedFilter> compared_;
 };

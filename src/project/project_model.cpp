@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
 
 #include "dsp/multirate.h"
 #include "dsp/signal_spectrum.h"
@@ -129,6 +130,33 @@ void GVRProjectModel::clearDesign()
     designed_ = GVRProject{};
     timeDomainArray_.clear();
     freqDomainArray_.clear();
+    stageInput_.clear();
+    stageTaps_.clear();
+}
+
+GVRProjectModel::StageArrays GVRProjectModel::multirateStageArrays(MultirateStage stage) const
+{
+    StageArrays out;
+    if (stageInput_.empty())
+        return out;
+    std::vector<double> w(kSamples);
+    std::vector<double> p(kSamples);
+    multirateStages(stageInput_, stageTaps_, stageL_, stageM_, w,
+                    stage == MultirateStage::Upsampled ? std::span<double>() : std::span<double>(p));
+    const std::vector<double>& shown = stage == MultirateStage::Upsampled ? w : p;
+    std::vector<double> magnitudes(kSpectrumLength);
+    const SignalExtremes range = measureSignal(shown);
+    const SignalExtremes magRange = magSpectrum(shown, magnitudes);
+    const double fs = static_cast<double>(stageL_) * stageFs_;
+    const auto header = [&](SignalExtremes r) {
+        return std::vector<double>{fs,    0.5 * fs, static_cast<double>(stageVolt_),
+                                   static_cast<double>(stageFreqCode_), r.max, r.min, 0.0, 0.0};
+    };
+    out.time = header(range);
+    out.time.insert(out.time.end(), shown.begin(), shown.end());
+    out.freq = header(magRange);
+    out.freq.insert(out.freq.end(), magnitudes.begin(), magnitudes.begin() + kSpectrumLength / 2);
+    return out;
 }
 
 DesignOutcome GVRProjectModel::designProjectWithParameters(const QVariantMap& parameters)
@@ -288,6 +316,19 @@ void GVRProjectModel::designProject()
         return note(kNotFinite);
     }
     lastOutcome_ = DesignOutcome::Designed;
+    // The inner multirate sequences are formed only when a chart asks for them.
+    if (multirate) {
+        stageInput_ = std::move(x);
+        stageTaps_ = std::move(stage.h);
+        stageFs_ = fs;
+        stageL_ = multirateL_;
+        stageM_ = multirateM_;
+        stageVolt_ = voltIn;
+        stageFreqCode_ = freq.code;
+    } else {
+        stageInput_.clear();
+        stageTaps_.clear();
+    }
     designed_ = GVRProject{};
     designed_.filterName = filterName_.toStdString();
     designed_.signalOneName = signalOneName_.toStdString();

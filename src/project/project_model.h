@@ -71,6 +71,21 @@ public:
     // False from the start of every design until its results are in.
     bool validResultsFlag() const { return validResultsFlag_; }
 
+    // The Multirate model's inner sequences: w[m], the zero-inserted input,
+    // and p[m], its filtered form before decimation.
+    enum class MultirateStage { Upsampled, Filtered };
+    struct StageArrays {
+        std::vector<double> time;  // kStageTimeLength: header + the first 16384 samples at L·fs
+        std::vector<double> freq;  // kStageFreqLength: header + 8192 magnitude bins
+    };
+    static constexpr std::size_t kStageTimeLength = 16392;
+    static constexpr std::size_t kStageFreqLength = 8200;
+    // One sequence of the last successful Multirate design, worked out on
+    // demand, in the signal window's layout: rate L·fs, the input's units
+    // (volts as the input chart, frequency unit and code), maxFreq L·fs/2 so
+    // the spectrum spans the whole band. Empty arrays without such a design.
+    StageArrays multirateStageArrays(MultirateStage stage) const;
+
     // Values of the last parameter dictionary.
     int blockDiagramNumber() const { return blockDiagramNumber_; }
     int multirateFilterType() const { return multirateFilterType_; }
@@ -119,6 +134,15 @@ private:
     QString signalOneName_;
     QString signalTwoName_;
     QVariantMap projectRestorationDictionary_;
+    // What multirateStageArrays() works from: the summed input x[n] in its
+    // volt unit, the filter taps and the input's chart header values.
+    std::vector<double> stageInput_;
+    std::vector<double> stageTaps_;
+    double stageFs_ = 0.0;
+    int stageL_ = 1;
+    int stageM_ = 1;
+    int stageVolt_ = 0;
+    int stageFreqCode_ = 0;
     GVRSignal signalOneRecord_;
     GVRSignal signalTwoRecord_;
     GVRFilter filterOneRecord_;

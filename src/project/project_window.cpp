@@ -371,10 +371,9 @@ void GVRWinProject::switchToMode(int mode)
     showProjectWindow();
     initPopUpsWithMandatoryFlag(true);
     clearCharts();
-    viewProjTime_->selectChartOne(true);
-    viewProjFreq_->selectChartOne(true);
     viewBlockDiagram_->newBlockDiagramWithIndex(mode);
     graphPopUp_->setCurrentIndex(0);
+    selectGraphPopUpBut(0);
     // A design of the other model is not this window's any more.
     projectModel_.clearDesign();
     noteField_->clear();
@@ -399,12 +398,14 @@ void GVRWinProject::setGraphTitles()
 {
     graphPopUp_->clear();
     graphPopUp_->addItems(blockDiagramNumber_ == 1 ? graphTitle1() : graphTitle2());
+    if (blockDiagramNumber_ != 1)
+        graphPopUp_->addItems(stageGraphTitles());
     graphPopUp_->setCurrentIndex(0);
 }
 
 void GVRWinProject::initPopUpsWithMandatoryFlag(bool mandatory)
 {
-    if (graphPopUp_->count() == 2 && !mandatory)
+    if (graphPopUp_->count() >= 2 && !mandatory)
         return;
     if (mandatory || namesListed_)
         listDesignNames();
@@ -456,13 +457,6 @@ void GVRWinProject::initSteppers()
     multirateMStepper_->setValue(1);
 }
 
-void GVRWinProject::selectGraphPopUpBut(int index)
-{
-    const bool input = index == 0;
-    viewProjTime_->selectChartOne(input);
-    viewProjFreq_->selectChartOne(input);
-}
-
 void GVRWinProject::pressZoomStepperBut(int value)
 {
     viewProjTime_->setZoomLevel(1 << value);
@@ -490,6 +484,9 @@ void GVRWinProject::displayNoteField(const QString& text, double value, bool wit
 void GVRWinProject::plotTimeWithArray(const std::vector<double>& timeArray)
 {
     timeArray_ = timeArray;
+    // The model hands the time array first: the stage follows the new design.
+    if (shownStage_ != 0)
+        refreshStageArrays();
     viewProjTime_->newTimeDomainChart();
 }
 

@@ -53,6 +53,8 @@ public:
     static const QStringList& graphTitle1();
     static const QStringList& graphTitle2();
     static const QStringList& signTitle();
+    // Graph items the Multirate model adds after its two: "Upsampled: w[m]", "Filtered: p[m]".
+    static const QStringList& stageGraphTitles();
 
     // ProjectView: called back by the model.
     void displayNoteField(const QString& text, double value, bool withValue) override;
@@ -61,8 +63,11 @@ public:
     void restoreProjectParameters(const QVariantMap& parameters) override;
 
     // The charts pull their data from here.
-    std::vector<double> theTimeArray() const override { return timeArray_; }
-    std::vector<double> theFreqArray() const override { return freqArray_; }
+    // While a multirate stage is shown, its arrays (signal layout) instead.
+    std::vector<double> theTimeArray() const override;
+    std::vector<double> theFreqArray() const override;
+    // 0 none; 1 w[m]; 2 p[m] (Graph items 2 and 3 of the Multirate model).
+    int shownStage() const { return shownStage_; }
 
     // The dictionary the design button last built (nine KEYMOD_ entries).
     const QVariantMap& projectParameterDictionary() const { return projectParameterDictionary_; }
@@ -131,6 +136,8 @@ private:
     void initSteppers();
     void clearCharts();
     void selectGraphPopUpBut(int index);
+    // Works out the shown stage's arrays from the model (project_window_stages.cpp).
+    void refreshStageArrays();
     void pressZoomStepperBut(int value);
     void setGraphTitles();
     static void selectTitle(QComboBox* popUp, const QString& title);
@@ -151,6 +158,9 @@ private:
     QString projectDirectory_;
     std::vector<double> timeArray_;
     std::vector<double> freqArray_;
+    int shownStage_ = 0;
+    std::vector<double> stageTimeArray_;
+    std::vector<double> stageFreqArray_;
     QVariantMap projectParameterDictionary_;
 
     QComboBox* signalOnePopUp_ = nullptr;

@@ -134,6 +134,13 @@ void SelfTest::runWindowTour(OrvanaShell& shell, const QString& folder)
     script->add([&shell, shoot, designer] {
         shoot(shell.filterDesign(), QStringLiteral("filter-designer"), designer);
     });
+    // Compare…: two saved filters over the band pass, one of them normalised.
+    script->add([&shell, shoot, designer] {
+        GVRWinFilterDesign* w = shell.filterDesign();
+        w->setComparedDesigns({QStringLiteral("lp300fc25"), QStringLiteral("lpNormfcp333")});
+        shoot(w, QStringLiteral("filter-compare"), designer);
+        w->clearComparison();
+    });
 
     script->add([&shell] {
         GVRWinSignalDesign* w = shell.signalDesign();
@@ -162,6 +169,17 @@ void SelfTest::runWindowTour(OrvanaShell& shell, const QString& folder)
         });
         script->add([&shell, shoot, mode, designer] {
             shoot(shell.project(), mode == 1 ? QStringLiteral("sum-and-filter") : QStringLiteral("multirate"),
+                  designer);
+        });
+    }
+    // The Multirate model's inner stages, chosen as the user does in the Graph list.
+    for (int item : {2, 3}) {
+        script->add([&shell, shoot, item, designer] {
+            QComboBox* graph = shell.project()->graphPopUp();
+            graph->setCurrentIndex(item);
+            emit graph->activated(item);
+            shoot(shell.project(),
+                  item == 2 ? QStringLiteral("multirate-upsampled") : QStringLiteral("multirate-filtered"),
                   designer);
         });
     }
