@@ -12,7 +12,7 @@ namespace bench {
 
 double medianMicros(const std::function<void()>& job, int repeats)
 {
-    job();  // warm-up: plans, caches, first-touch allocations
+    job(); // warm-up: plans, caches, first-touch allocations
     std::vector<double> times;
     times.reserve(static_cast<size_t>(repeats));
     for (int i = 0; i < repeats; ++i) {
@@ -60,4 +60,4 @@ void report(const std::string& label, double micros, std::optional<double> refer
     std::printf("\n");
 }
 
-}  // namespace bench
+} // namespace bench

@@ -24,4 +24,4 @@ void loadFftWisdom();
 void report(const std::string& label, double micros, std::optional<double> referenceMicros,
             const std::string& referenceLabel);
 
-}  // namespace bench
+} // namespace bench

@@ -29,7 +29,8 @@ int main()
     bitPrecison(5, c, q, cp);
 
     const int repeats = 501;
-    const double filter = bench::medianMicros([&] { measureFilter(kFilterBandPass, 0.2, 0.5, 5, c, cp, q); }, repeats);
+    const double filter =
+        bench::medianMicros([&] { measureFilter(kFilterBandPass, 0.2, 0.5, 5, c, cp, q); }, repeats);
     const double window = bench::medianMicros([&] { windowProperties(w); }, repeats);
     bench::report("measured analysis, 255-tap band pass, 16-bit (filter)", filter, std::nullopt, "");
     bench::report("measured analysis, 255-tap Kaiser window properties", window, std::nullopt, "");
@@ -52,7 +53,8 @@ int main()
             taps = found ? found->taps : 0;
         },
         21);
-    bench::report("minimum-length equiripple search (fp 0.2, fst 0.25, 0.5 dB, 60 dB)", search, std::nullopt, "");
+    bench::report("minimum-length equiripple search (fp 0.2, fst 0.25, 0.5 dB, 60 dB)", search, std::nullopt,
+                  "");
     std::printf("  found N = %d\n", taps);
     return 0;
 }

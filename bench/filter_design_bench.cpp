@@ -45,7 +45,7 @@ int main()
         {KEYFP_FILTER_WIDTH, 5},  {KEYFP_WINDOW_TYPE, 9},   {KEYFP_BETA_UPSILON, 5.0},
     };
     SilentView view;
-    QTemporaryDir scratch;  // nothing is saved; the model still needs a library
+    QTemporaryDir scratch; // nothing is saved; the model still needs a library
     DesignLibrary library(scratch.path());
     GVRFilterDesignerModel model(library);
     model.setWindow(&view);

@@ -69,7 +69,8 @@ int main(int argc, char* argv[])
         hooks.afterLaunch = [&sinceStart](OrvanaShell& shell) {
             auto* poll = new QTimer(qApp);
             QObject::connect(poll, &QTimer::timeout, qApp, [&sinceStart, &shell] {
-                if (!g_firstPaintPrinted || shell.filtInspector()->rowsLoading() || shell.sigInspector()->rowsLoading())
+                if (!g_firstPaintPrinted || shell.filtInspector()->rowsLoading() ||
+                    shell.sigInspector()->rowsLoading())
                     return;
                 std::printf("inspectors complete: %lld ms\n", static_cast<long long>(sinceStart.elapsed()));
                 std::fflush(stdout);

@@ -63,7 +63,8 @@ double median(std::vector<double> v)
 }
 
 // Median first paint and inspector times of `runs` starts (after one warm-up).
-std::optional<Run> medianStart(const QString& program, const QString& library, const QTemporaryDir& home, int runs)
+std::optional<Run> medianStart(const QString& program, const QString& library, const QTemporaryDir& home,
+                               int runs)
 {
     std::vector<double> paint, inspectors;
     for (int i = 0; i <= runs; ++i) {
@@ -82,7 +83,8 @@ bool linkMany(const QString& source, const QString& folder, const QString& prefi
 {
     const QByteArray from = QFile::encodeName(source);
     for (int i = 0; i < kDesignsPerKind; ++i) {
-        const QByteArray to = QFile::encodeName(folder + QStringLiteral("/%1%2%3").arg(prefix).arg(i, 5, 10, QLatin1Char('0')).arg(extension));
+        const QByteArray to = QFile::encodeName(
+            folder + QStringLiteral("/%1%2%3").arg(prefix).arg(i, 5, 10, QLatin1Char('0')).arg(extension));
         if (::link(from.constData(), to.constData()) != 0)
             return false;
     }
@@ -94,8 +96,9 @@ bool linkMany(const QString& source, const QString& folder, const QString& prefi
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
-    const QString program = argc > 1 ? QString::fromLocal8Bit(argv[1])
-                                     : QCoreApplication::applicationDirPath() + QStringLiteral("/orvana-first-paint");
+    const QString program =
+        argc > 1 ? QString::fromLocal8Bit(argv[1])
+                 : QCoreApplication::applicationDirPath() + QStringLiteral("/orvana-first-paint");
     if (!QFileInfo(program).isExecutable()) {
         std::fprintf(stderr, "large_library_bench: %s is not a program\n", qPrintable(program));
         return 2;
@@ -106,12 +109,15 @@ int main(int argc, char** argv)
     const int runs = 5;
     const auto emptyRun = medianStart(program, empty, home, runs);
     // The large library starts as a copy of the seeded one, then grows.
-    if (!emptyRun || !QDir().mkpath(large + QStringLiteral("/filter")) || !QDir().mkpath(large + QStringLiteral("/signal"))) {
+    if (!emptyRun || !QDir().mkpath(large + QStringLiteral("/filter")) ||
+        !QDir().mkpath(large + QStringLiteral("/signal"))) {
         std::fprintf(stderr, "large_library_bench: the empty library did not start\n");
         return 1;
     }
-    if (!linkMany(empty + QStringLiteral("/filter/lp300fc25.filt"), large + QStringLiteral("/filter"), QStringLiteral("f"), QStringLiteral(".filt")) ||
-        !linkMany(empty + QStringLiteral("/signal/Cos35Fs300.signal"), large + QStringLiteral("/signal"), QStringLiteral("s"), QStringLiteral(".signal"))) {
+    if (!linkMany(empty + QStringLiteral("/filter/lp300fc25.filt"), large + QStringLiteral("/filter"),
+                  QStringLiteral("f"), QStringLiteral(".filt")) ||
+        !linkMany(empty + QStringLiteral("/signal/Cos35Fs300.signal"), large + QStringLiteral("/signal"),
+                  QStringLiteral("s"), QStringLiteral(".signal"))) {
         std::fprintf(stderr, "large_library_bench: could not make the large library\n");
         return 1;
     }
@@ -120,7 +126,8 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "large_library_bench: the large library did not start\n");
         return 1;
     }
-    std::printf("first paint, empty library (reference):            %8.1f ms median of %d\n", emptyRun->firstPaint, runs);
+    std::printf("first paint, empty library (reference):            %8.1f ms median of %d\n",
+                emptyRun->firstPaint, runs);
     std::printf("first paint, 10 000 filters + 10 000 signals:      %8.1f ms median of %d (%.2fx, bar 3x)\n",
                 largeRun->firstPaint, runs, largeRun->firstPaint / emptyRun->firstPaint);
     std::printf("inspectors complete, empty library (reference):    %8.1f ms\n", emptyRun->inspectors);

@@ -22,7 +22,6 @@ namespace {
 
 constexpr std::size_t N = 16384;
 
-
 std::vector<double> uniform(std::size_t n, unsigned seed)
 {
     std::mt19937 gen(seed);
@@ -57,7 +56,7 @@ std::vector<double> hannTaps()
     return h;
 }
 
-}  // namespace
+} // namespace
 
 int main()
 {
@@ -66,21 +65,24 @@ int main()
     std::printf("Orvana signal and project benchmarks (median of %d runs)\n\n", repeats);
 
     // Signal design: cosine sum, M = 14, σ = 0.1, the whole model call.
-    QTemporaryDir scratch;  // nothing is saved; the models still need a library
+    QTemporaryDir scratch; // nothing is saved; the models still need a library
     DesignLibrary designLibrary(scratch.path());
     GVRSignalDesignerModel signalModel(designLibrary);
-    const QVariantMap sum = GVRSignalDesignerModel::parameterDictionary(0, 0, 300.0, 2, {1.0, 10.0, 0.3, 14.0, 0.1, 0.0});
-    bench::report("signal design, cosine sum M=14 + noise", bench::medianMicros([&] {
-                      signalModel.designSignalWithParameters(sum);
-                  }, repeats),
+    const QVariantMap sum =
+        GVRSignalDesignerModel::parameterDictionary(0, 0, 300.0, 2, {1.0, 10.0, 0.3, 14.0, 0.1, 0.0});
+    bench::report("signal design, cosine sum M=14 + noise",
+                  bench::medianMicros([&] { signalModel.designSignalWithParameters(sum); }, repeats),
                   bench::pythonMedianMicros("signal_jobs.py", "design 200"), "numpy");
 
     std::vector<double> out(N);
     bench::report("  cosineSumSig M=14 alone",
-                  bench::medianMicros([&] { cosineSumSig(1.0, 10.0, 0.3, 14.0, 300.0, out); }, repeats), {}, "");
-    bench::report("  gaussianSig alone", bench::medianMicros([&] { gaussianSig(0.1, 0.0, out); }, repeats), {}, "");
+                  bench::medianMicros([&] { cosineSumSig(1.0, 10.0, 0.3, 14.0, 300.0, out); }, repeats), {},
+                  "");
+    bench::report("  gaussianSig alone", bench::medianMicros([&] { gaussianSig(0.1, 0.0, out); }, repeats),
+                  {}, "");
     std::vector<double> mag(N);
-    bench::report("  magSpectrum alone", bench::medianMicros([&] { magSpectrum(out, mag); }, repeats), {}, "");
+    bench::report("  magSpectrum alone", bench::medianMicros([&] { magSpectrum(out, mag); }, repeats), {},
+                  "");
 
     // Projects: two signals summed, then the system, spectra and arrays.
     MemoryDesignSource library;

@@ -16,12 +16,14 @@
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
-    const QString program = argc > 1
-                                ? QString::fromLocal8Bit(argv[1])
-                                : QCoreApplication::applicationDirPath() + QStringLiteral("/orvana-first-paint");
+    const QString program =
+        argc > 1 ? QString::fromLocal8Bit(argv[1])
+                 : QCoreApplication::applicationDirPath() + QStringLiteral("/orvana-first-paint");
     if (!QFileInfo(program).isExecutable()) {
-        std::fprintf(stderr, "startup_bench: %s is not a program; build the orvana-first-paint target or pass its path\n",
-                     qPrintable(program));
+        std::fprintf(
+            stderr,
+            "startup_bench: %s is not a program; build the orvana-first-paint target or pass its path\n",
+            qPrintable(program));
         return 2;
     }
     QTemporaryDir home;

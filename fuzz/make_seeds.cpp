@@ -19,7 +19,7 @@ bool save(const QString& folder, const QString& name, const QByteArray& bytes)
     return !bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
-}  // namespace
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -63,7 +63,7 @@ int main(int argc, char** argv)
     signal.maxFreq = 10.0;
     std::vector<double> samples(kSignalSampleCount);
     for (std::size_t k = 0; k < samples.size(); ++k)
-        samples[k] = std::round(8.0 * std::cos(0.2 * double(k))) / 8.0;  // few distinct values: a small file
+        samples[k] = std::round(8.0 * std::cos(0.2 * double(k))) / 8.0; // few distinct values: a small file
     signal.sampledSignalArray = samples;
 
     GVRProject project;

@@ -4,6 +4,8 @@
 set -euo pipefail
 here="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 bash "$here/scripts/deps.sh"
+# Unformatted C++ fails the run before anything is built.
+bash "$here/scripts/format-check.sh"
 build="$here/build/test"
 cmake -S "$here" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
   -DORVANA_STRICT=ON -DORVANA_SANITIZE=ON -DORVANA_BUILD_BENCH=OFF

@@ -52,7 +52,8 @@ std::optional<QString> nonFiniteRefusal(const QString& verb, const QString& opti
 {
     if (!std::isinf(value))
         return std::nullopt;
-    return QStringLiteral("orvana-cli %1: %2 (--%3) must be a finite number, not %4.").arg(verb, what, option, text.trimmed());
+    return QStringLiteral("orvana-cli %1: %2 (--%3) must be a finite number, not %4.")
+        .arg(verb, what, option, text.trimmed());
 }
 
 namespace {
@@ -94,10 +95,12 @@ int exitStatusOf(DesignOutcome outcome)
 
 QString describeVerb(const QString& summary, bool designs)
 {
-    QString text = summary + QStringLiteral("\n\nExit status:\n"
-                                            "  0  done\n"
-                                            "  1  refused (the message says why) or a file could not be read or written\n"
-                                            "  2  usage error in the command line\n");
+    QString text =
+        summary +
+        QStringLiteral("\n\nExit status:\n"
+                       "  0  done\n"
+                       "  1  refused (the message says why) or a file could not be read or written\n"
+                       "  2  usage error in the command line\n");
     if (designs)
         text += QStringLiteral("  3  designed, but the results are not valid (e.g. 3dB Point Not Found)\n");
     return text;

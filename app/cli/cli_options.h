@@ -16,9 +16,9 @@ class QCommandLineParser;
 namespace cli {
 
 enum ExitCode : int {
-    Designed = 0, // a design was made (or the command did its work)
-    Refused = 1,  // the model refused the input; the message says why
-    Usage = 2,    // the command line itself is wrong
+    Designed = 0,        // a design was made (or the command did its work)
+    Refused = 1,         // the model refused the input; the message says why
+    Usage = 2,           // the command line itself is wrong
     DesignedInvalid = 3, // designed, but the results are not valid
 };
 

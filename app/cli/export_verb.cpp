@@ -20,25 +20,27 @@ namespace cli {
 int runExport(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(describeVerb(QStringLiteral(
-        "Write the coefficients of a saved filter design to OUT.\n"
-        "\n"
-        "Formats (without --format, OUT's extension chooses; any other extension means csv):\n"
-        "  csv      .csv   one line of comma-separated integers, no line break\n"
-        "  c        .h     C header: int16_t, int32_t above 16 bits, double for a Double design\n"
-        "  cmsis    (.h)   CMSIS-DSP q15_t (up to 16 bits) or q31_t table, time-reversed;\n"
-        "                  only by --format, as .h means c\n"
-        "  coe      .coe   Xilinx COE (radix=10; coefdata=...;)\n"
-        "  mif      .mif   Intel memory initialisation file\n"
-        "  verilog  .v     Verilog-2001 ROM module NAME_rom\n"
-        "  vhdl     .vhd   VHDL package NAME_pkg\n"
-        "  matlab   .m     MATLAB/Octave script: q, scale, b = q / scale\n"
-        "  python   .py    Python module: TAPS, SCALE, COEFFICIENTS\n"
-        "  json     .json  integers, coefficients, scale and the design parameters\n"
-        "\n"
-        "cmsis, coe, mif, verilog and vhdl need an integer width (20 to 8 bits) that holds\n"
-        "every integer; c, matlab, python and json also take Double designs (17 digits).\n"
-        "Identifiers come from NAME: letters, digits and _."), false));
+    parser.setApplicationDescription(describeVerb(
+        QStringLiteral(
+            "Write the coefficients of a saved filter design to OUT.\n"
+            "\n"
+            "Formats (without --format, OUT's extension chooses; any other extension means csv):\n"
+            "  csv      .csv   one line of comma-separated integers, no line break\n"
+            "  c        .h     C header: int16_t, int32_t above 16 bits, double for a Double design\n"
+            "  cmsis    (.h)   CMSIS-DSP q15_t (up to 16 bits) or q31_t table, time-reversed;\n"
+            "                  only by --format, as .h means c\n"
+            "  coe      .coe   Xilinx COE (radix=10; coefdata=...;)\n"
+            "  mif      .mif   Intel memory initialisation file\n"
+            "  verilog  .v     Verilog-2001 ROM module NAME_rom\n"
+            "  vhdl     .vhd   VHDL package NAME_pkg\n"
+            "  matlab   .m     MATLAB/Octave script: q, scale, b = q / scale\n"
+            "  python   .py    Python module: TAPS, SCALE, COEFFICIENTS\n"
+            "  json     .json  integers, coefficients, scale and the design parameters\n"
+            "\n"
+            "cmsis, coe, mif, verilog and vhdl need an integer width (20 to 8 bits) that holds\n"
+            "every integer; c, matlab, python and json also take Double designs (17 digits).\n"
+            "Identifiers come from NAME: letters, digits and _."),
+        false));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption library = libraryOption();
     const QCommandLineOption format(QStringLiteral("format"),

@@ -346,7 +346,8 @@ int runFilterDesign(const QStringList& args, bool sweep)
                          .arg(option->names().first(), text));
             return Usage;
         }
-        if (const auto refusal = nonFiniteRefusal(QStringLiteral("filter"), option->names().first(), what, text, *number)) {
+        if (const auto refusal =
+                nonFiniteRefusal(QStringLiteral("filter"), option->names().first(), what, text, *number)) {
             printErr(*refusal);
             return Refused;
         }

@@ -80,18 +80,28 @@ void JsonWriter::value(std::string_view s)
     for (const char c : s) {
         const auto u = static_cast<unsigned char>(c);
         switch (c) {
-        case '"': out_ += "\\\""; break;
-        case '\\': out_ += "\\\\"; break;
-        case '\n': out_ += "\\n"; break;
-        case '\r': out_ += "\\r"; break;
-        case '\t': out_ += "\\t"; break;
+        case '"':
+            out_ += "\\\"";
+            break;
+        case '\\':
+            out_ += "\\\\";
+            break;
+        case '\n':
+            out_ += "\\n";
+            break;
+        case '\r':
+            out_ += "\\r";
+            break;
+        case '\t':
+            out_ += "\\t";
+            break;
         default:
             if (u < 0x20) {
                 char buf[8];
                 std::snprintf(buf, sizeof buf, "\\u%04x", u);
                 out_ += buf;
             } else {
-                out_ += c;  // UTF-8 passes through unchanged
+                out_ += c; // UTF-8 passes through unchanged
             }
         }
     }

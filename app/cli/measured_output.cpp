@@ -110,11 +110,12 @@ QString measuredText(const GVRFilterDesignerModel& model)
 {
     const FilterMeasurement m = model.measured();
     const ResponseAnalysis& r = m.response;
-    auto pair = [&r](const double (&v)[2]) {
+    auto pair = [&r](const double(&v)[2]) {
         return r.edgeCount == 2 ? number(v[0], 6) + QStringLiteral(", ") + number(v[1], 6) : number(v[0], 6);
     };
     QString out = QStringLiteral("\nMeasured (normalised frequencies, 1.0 = fs/2)\n");
-    out += QStringLiteral("Reference Gain:   %1 dB at %2\n").arg(number(r.referenceGainDb, 4), number(r.peakFrequency, 6));
+    out += QStringLiteral("Reference Gain:   %1 dB at %2\n")
+               .arg(number(r.referenceGainDb, 4), number(r.peakFrequency, 6));
     out += QStringLiteral("-3 dB Edges:      %1\n").arg(pair(r.edges3dB));
     out += QStringLiteral("-6 dB Edges:      %1\n").arg(pair(r.edges6dB));
     out += QStringLiteral("Stopband:         %1 dB (quantised %2 dB)\n")
@@ -134,9 +135,11 @@ QString maskText(const GVRFilterDesignerModel& model)
     if (!check)
         return {};
     return QStringLiteral("Mask (%1, %2 taps): %3; ripple %4 dB, stopband %5 dB, worst at %6\n")
-        .arg(model.design().designMethod == kMaskEquiripple ? QStringLiteral("equiripple") : QStringLiteral("kaiser"))
+        .arg(model.design().designMethod == kMaskEquiripple ? QStringLiteral("equiripple")
+                                                            : QStringLiteral("kaiser"))
         .arg(model.filterLengthN())
-        .arg(check->met ? QStringLiteral("met") : QStringLiteral("missed by %1 dB").arg(check->missDb, 0, 'f', 2))
+        .arg(check->met ? QStringLiteral("met")
+                        : QStringLiteral("missed by %1 dB").arg(check->missDb, 0, 'f', 2))
         .arg(check->passbandRippleDb, 0, 'f', 3)
         .arg(check->stopbandAttenuationDb, 0, 'f', 2)
         .arg(check->worstFrequency, 0, 'f', 4);

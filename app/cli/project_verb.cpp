@@ -86,14 +86,16 @@ void explainUnreadable(const DesignLibrary& library, const QString& note, const 
     } designs[] = {{true, oneName}, {true, twoName}, {false, filterName}};
     for (const auto& [isSignal, name] : designs) {
         const QString path = isSignal ? library.signalPath(name) : library.filterPath(name);
-        const bool read = isSignal ? source.signalRecord(name).has_value() : source.filterRecord(name).has_value();
+        const bool read =
+            isSignal ? source.signalRecord(name).has_value() : source.filterRecord(name).has_value();
         if (!read) {
             printErr(QStringLiteral("orvana-cli project: cannot use %1: %2").arg(path, source.lastError()));
             return;
         }
         if (note.contains(QStringLiteral("\"%1\"").arg(name))) {
-            printErr(QStringLiteral("orvana-cli project: cannot use %1: it holds values a project cannot use.")
-                         .arg(path));
+            printErr(
+                QStringLiteral("orvana-cli project: cannot use %1: it holds values a project cannot use.")
+                    .arg(path));
             return;
         }
     }

@@ -118,7 +118,8 @@ void writeText(const GVRSignalDesignerModel& model, const CollectingView& view, 
 int runSignal(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(describeVerb(QStringLiteral("Design a 16384-sample test signal."), true));
+    parser.setApplicationDescription(
+        describeVerb(QStringLiteral("Design a 16384-sample test signal."), true));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption freqUnits(QStringLiteral("freq-units"),
                                        QStringLiteral("mhz or khz (default mhz)."), QStringLiteral("units"),
@@ -171,12 +172,14 @@ int runSignal(const QStringList& args)
         const QString text = parser.value(option);
         const auto v = text.isEmpty() ? std::optional<double>(0.0) : parseNumber(text);
         if (!v) {
-            printErr(QStringLiteral("orvana-cli signal: --%1 takes a number, not %2.").arg(option.names().first(), text));
+            printErr(QStringLiteral("orvana-cli signal: --%1 takes a number, not %2.")
+                         .arg(option.names().first(), text));
             return Usage;
         }
         const QString what = slot < 0 ? QStringLiteral("the sampling frequency")
                                       : QStringLiteral("parameter %1").arg(slot + 1);
-        if (const auto refusal = nonFiniteRefusal(QStringLiteral("signal"), option.names().first(), what, text, *v)) {
+        if (const auto refusal =
+                nonFiniteRefusal(QStringLiteral("signal"), option.names().first(), what, text, *v)) {
             printErr(*refusal);
             return Refused;
         }
@@ -201,9 +204,10 @@ int runSignal(const QStringList& args)
     CollectingView view;
     GVRSignalDesignerModel model(designLibrary);
     model.setWinSignalDesign(&view);
-    const DesignOutcome outcome = model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
-        freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue, *index,
-        values));
+    const DesignOutcome outcome =
+        model.designSignalWithParameters(GVRSignalDesignerModel::parameterDictionary(
+            freqText == QLatin1String("khz") ? 1 : 0, voltText == QLatin1String("mv") ? 1 : 0, *fsValue,
+            *index, values));
     // Values derived from finite parameters can still overflow; such a design
     // is refused like one with non-finite samples, and not saved.
     const auto finite = [](const std::vector<double>& values) {

@@ -51,8 +51,10 @@ constexpr Row kRows[] = {
 int runWindow(const QStringList& args)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Print a window of the filter designer and its properties."));
-    parser.addPositionalArgument(QStringLiteral("window"), QStringLiteral("0..10 or a name: ") + kWindowNames.join(", "));
+    parser.setApplicationDescription(
+        QStringLiteral("Print a window of the filter designer and its properties."));
+    parser.addPositionalArgument(QStringLiteral("window"),
+                                 QStringLiteral("0..10 or a name: ") + kWindowNames.join(", "));
     const QCommandLineOption help = helpOption();
     const QCommandLineOption taps(QStringLiteral("taps"), QStringLiteral("Window length, odd, 25 to 255."),
                                   QStringLiteral("N"));
@@ -75,7 +77,8 @@ int runWindow(const QStringList& args)
         printErr(QStringLiteral("orvana-cli window: --taps and --param take numbers."));
         return Usage;
     }
-    if (!(*n >= kDesignMinTaps && *n <= kDesignMaxTaps) || *n != std::floor(*n) || std::fmod(*n, 2.0) != 1.0) {
+    if (!(*n >= kDesignMinTaps && *n <= kDesignMaxTaps) || *n != std::floor(*n) ||
+        std::fmod(*n, 2.0) != 1.0) {
         printErr(QStringLiteral("VALID RANGE: filter length N odd, 25 ≤ N ≤ 255"));
         return Refused;
     }
@@ -114,8 +117,13 @@ int runWindow(const QStringList& args)
     }
     QString text = QStringLiteral("%1 window, %2 taps").arg(kWindowNames[index]).arg(w.size());
     if (parametric)
-        text += QStringLiteral(", %1 = %2").arg(index == kWindowKaiser ? QStringLiteral("β") : QStringLiteral("ϒ")).arg(*p);
-    text += QStringLiteral("\n\n%1  %2  %3\n").arg(QStringLiteral("property"), -24).arg(QStringLiteral("measured"), 10).arg(QStringLiteral("textbook"), 9);
+        text += QStringLiteral(", %1 = %2")
+                    .arg(index == kWindowKaiser ? QStringLiteral("β") : QStringLiteral("ϒ"))
+                    .arg(*p);
+    text += QStringLiteral("\n\n%1  %2  %3\n")
+                .arg(QStringLiteral("property"), -24)
+                .arg(QStringLiteral("measured"), 10)
+                .arg(QStringLiteral("textbook"), 9);
     for (const Row& row : kRows)
         text += QStringLiteral("%1  %2  %3\n")
                     .arg(QString::fromUtf8(row.label), -24)

@@ -102,7 +102,8 @@ bool writeFileAtomically(const QString& path, const QByteArray& data, QString* e
     const QByteArray target = QFile::encodeName(QFileInfo(path).absoluteFilePath());
     const QByteArray folderBytes = QFile::encodeName(folder);
     if (QFileInfo(path).isDir())
-        return fail(error, QStringLiteral("%1 was not saved: a folder of that name is in the way.").arg(name));
+        return fail(error,
+                    QStringLiteral("%1 was not saved: a folder of that name is in the way.").arg(name));
 
     QByteArray temporary = folderBytes + '/' + kAtomicWriteTemporaryPrefix + "XXXXXX";
     const int fd = faulted(AtomicWriteStep::Create) ? -1 : ::mkstemp(temporary.data());

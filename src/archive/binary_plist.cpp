@@ -40,7 +40,7 @@ void appendUtf8(std::string& out, char32_t c)
     }
 }
 
-}  // namespace
+} // namespace
 
 // Big-endian, 1 to 8 bytes. The common widths read in one load: this is the
 // innermost loop of every reference and number.
@@ -168,8 +168,8 @@ std::optional<BinaryPlist> BinaryPlist::parse(const QByteArray& bytes, QString* 
     }
     // Division keeps this free of overflow whatever the trailer claims.
     if (objectCount > (trailer - tableOffset) / offsetSize) {
-        fail(reason, QStringLiteral("it declares %1 objects, more than its offset table holds")
-                         .arg(objectCount));
+        fail(reason,
+             QStringLiteral("it declares %1 objects, more than its offset table holds").arg(objectCount));
         return std::nullopt;
     }
     if (objectCount > kMaxObjects) {
@@ -223,8 +223,8 @@ std::optional<BinaryPlist> BinaryPlist::parse(const QByteArray& bytes, QString* 
     return plist;
 }
 
-bool BinaryPlist::parseObject(std::uint64_t index, std::uint64_t offset, std::uint64_t limit,
-                              Object& out, std::uint64_t& size, QString* reason) const
+bool BinaryPlist::parseObject(std::uint64_t index, std::uint64_t offset, std::uint64_t limit, Object& out,
+                              std::uint64_t& size, QString* reason) const
 {
     const unsigned marker = data()[offset];
     const unsigned high = marker >> 4;
@@ -396,13 +396,14 @@ bool BinaryPlist::checkContainers(QString* reason) const
         for (std::uint64_t k = 0; k < refs; ++k) {
             const std::uint64_t target = ref(object.payload, k);
             if (target >= n) {
-                fail(reason, QStringLiteral("object %1 refers to object %2, which does not exist")
-                                 .arg(i)
-                                 .arg(target));
+                fail(
+                    reason,
+                    QStringLiteral("object %1 refers to object %2, which does not exist").arg(i).arg(target));
                 return false;
             }
             if (object.type == Type::Dict && k < object.count && objects_[target].type != Type::String) {
-                fail(reason, QStringLiteral("object %1 is a dictionary with a key that is not a string").arg(i));
+                fail(reason,
+                     QStringLiteral("object %1 is a dictionary with a key that is not a string").arg(i));
                 return false;
             }
         }

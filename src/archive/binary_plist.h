@@ -75,11 +75,11 @@ public:
 
 private:
     struct Object {
-        std::uint64_t payload = 0;  // offset of the first byte after marker and length
-        std::uint64_t count = 0;    // elements, pairs, string units, data bytes
+        std::uint64_t payload = 0; // offset of the first byte after marker and length
+        std::uint64_t count = 0;   // elements, pairs, string units, data bytes
         Type type = Type::Boolean;
-        std::uint8_t width = 0;     // bytes of an integer, real or UID; 1 or 2 per string unit
-        bool value = false;         // a boolean's value
+        std::uint8_t width = 0; // bytes of an integer, real or UID; 1 or 2 per string unit
+        bool value = false;     // a boolean's value
     };
 
     BinaryPlist() = default;
@@ -107,10 +107,7 @@ private:
         return readUnsigned(offset + i * refSize_, refSize_);
     }
 
-    const unsigned char* data() const
-    {
-        return reinterpret_cast<const unsigned char*>(bytes_.constData());
-    }
+    const unsigned char* data() const { return reinterpret_cast<const unsigned char*>(bytes_.constData()); }
 
     QByteArray bytes_;
     std::vector<Object> objects_;

@@ -14,7 +14,7 @@ QString quotedName(const QString& path)
     return QStringLiteral("“%1”").arg(QFileInfo(path).fileName());
 }
 
-}  // namespace
+} // namespace
 
 QString designRefusal(const QString& path, const char* noun, const QString& reason)
 {
@@ -37,7 +37,8 @@ std::optional<QByteArray> readDesignBytes(const QString& path, const char* noun,
     }
     const auto tooLarge = [&] {
         if (error)
-            *error = designRefusal(path, noun, QStringLiteral("it is larger than 16 MiB, far more than any design"));
+            *error = designRefusal(path, noun,
+                                   QStringLiteral("it is larger than 16 MiB, far more than any design"));
         return std::nullopt;
     };
     // The cap is checked before reading, and a plain file is read by its size:

@@ -14,10 +14,9 @@
 #include "archive/keyed_archive_reader.h"
 #include "archive/keyed_archive_writer.h"
 
-template <typename Record>
-struct DesignCodec {
+template <typename Record> struct DesignCodec {
     ArchiveSchema schema;
-    const char* noun;  // "filter design", as in "is not an Orvana filter design"
+    const char* noun; // "filter design", as in "is not an Orvana filter design"
     ArchiveRecord (*toArchive)(const Record&);
     Record (*fromArchive)(const ArchiveRecord&);
     // Checks beyond the types of the keys; a reason clause on failure.
@@ -34,8 +33,8 @@ std::optional<QByteArray> readDesignBytes(const QString& path, const char* noun,
 bool writeDesignBytes(const QString& path, const QByteArray& bytes, QString* error);
 
 template <typename Record>
-std::optional<Record> decodeDesign(const DesignCodec<Record>& codec, const QByteArray& bytes,
-                                   QString* reason, ArchiveReach reach = ArchiveReach::Whole)
+std::optional<Record> decodeDesign(const DesignCodec<Record>& codec, const QByteArray& bytes, QString* reason,
+                                   ArchiveReach reach = ArchiveReach::Whole)
 {
     const auto records = decodeKeyedArchive(bytes, codec.schema, reason, reach);
     if (!records)
@@ -50,8 +49,7 @@ std::optional<Record> decodeDesign(const DesignCodec<Record>& codec, const QByte
 }
 
 template <typename Record>
-QByteArray encodeDesigns(const DesignCodec<Record>& codec, const std::vector<Record>& records,
-                         QString* error)
+QByteArray encodeDesigns(const DesignCodec<Record>& codec, const std::vector<Record>& records, QString* error)
 {
     QString reason;
     std::vector<ArchiveRecord> values;

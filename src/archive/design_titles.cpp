@@ -27,8 +27,8 @@ const QStringList& filterTypes()
 
 const QStringList& bitWidths()
 {
-    static const QStringList list =
-        split("Double,20-bit,19-bit,18-bit,17-bit,16-bit,15-bit,14-bit,13-bit,12-bit,11-bit,10-bit,9-bit,8-bit");
+    static const QStringList list = split(
+        "Double,20-bit,19-bit,18-bit,17-bit,16-bit,15-bit,14-bit,13-bit,12-bit,11-bit,10-bit,9-bit,8-bit");
     return list;
 }
 

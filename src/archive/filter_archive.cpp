@@ -123,7 +123,8 @@ bool checkLength(const char* key, std::size_t size, const GVRFilter& f, QString*
 
 bool check(const GVRFilter& f, QString* reason)
 {
-    if (f.integerCoefficients && !checkLength("integerCoefficients", f.integerCoefficients->size(), f, reason))
+    if (f.integerCoefficients &&
+        !checkLength("integerCoefficients", f.integerCoefficients->size(), f, reason))
         return false;
     if (f.filterCoefficients && !checkLength("filterCoefficients", f.filterCoefficients->size(), f, reason))
         return false;
@@ -135,7 +136,7 @@ bool check(const GVRFilter& f, QString* reason)
 
 const DesignCodec<GVRFilter> kCodec{{"GVRFilter", kFields}, "filter design", toArchive, fromArchive, check};
 
-}  // namespace
+} // namespace
 
 QByteArray encodeFilterArchive(const GVRFilter& filter, QString* error)
 {

@@ -24,7 +24,7 @@ QByteArray encodeFilterArchive(const std::vector<GVRFilter>& designs, QString* e
 // ArchiveReach::ScalarsOnly leaves the arrays absent, for lists of many
 // designs; never enough to open one.
 std::optional<GVRFilter> decodeFilterArchive(const QByteArray& bytes, QString* error = nullptr,
-                                         ArchiveReach reach = ArchiveReach::Whole);
+                                             ArchiveReach reach = ArchiveReach::Whole);
 
 std::optional<GVRFilter> readFilterFile(const QString& path, QString* error = nullptr);
 // Its scalar fields only (ArchiveReach::ScalarsOnly), for long lists.

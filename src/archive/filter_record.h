@@ -8,7 +8,7 @@
 #include <vector>
 
 struct GVRFilter {
-    std::optional<std::string> filterName;  // never set by the designer: archived as null
+    std::optional<std::string> filterName; // never set by the designer: archived as null
     std::optional<std::int64_t> filterType;
     std::optional<std::int64_t> windowType;
     std::optional<std::int64_t> filterWidth;
@@ -29,7 +29,7 @@ struct GVRFilter {
     std::optional<std::vector<double>> filterPrecisionCoefficients;
     // A design made from a tolerance mask; absent in a window design. Frequencies normalised;
     // the second edges belong to a band pass.
-    std::optional<std::int64_t> designMethod;  // 0 window method, 1 equiripple
+    std::optional<std::int64_t> designMethod; // 0 window method, 1 equiripple
     std::optional<double> dfMaskPassbandEdge;
     std::optional<double> dfMaskPassbandEdge2;
     std::optional<double> dfMaskStopbandEdge;

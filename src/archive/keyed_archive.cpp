@@ -10,7 +10,7 @@ bool sameDouble(double a, double b)
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 
-}  // namespace
+} // namespace
 
 bool sameBits(const ArchiveValue& a, const ArchiveValue& b)
 {

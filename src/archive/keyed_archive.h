@@ -15,8 +15,8 @@ enum class ArchiveKind { String, Integer, Real, IntegerArray, RealArray };
 struct ArchiveField {
     const char* key;
     ArchiveKind kind;
-    std::size_t maxCount = 0;  // arrays only: most elements a reader accepts
-    bool omittedWhenAbsent = false;  // an absent value leaves the key out instead of archiving null
+    std::size_t maxCount = 0;       // arrays only: most elements a reader accepts
+    bool omittedWhenAbsent = false; // an absent value leaves the key out instead of archiving null
 };
 
 // One record class and its keys, in archiving order.

@@ -41,7 +41,7 @@ private:
     // A reference to an $objects entry: `null` for UID 0.
     struct Ref {
         bool null = true;
-        std::uint64_t object = 0;  // index in the property list, not the UID
+        std::uint64_t object = 0; // index in the property list, not the UID
     };
 
     bool fail(const QString& text)
@@ -70,9 +70,9 @@ private:
     const BinaryPlist& plist_;
     QString* reason_;
     bool scalarsOnly_ = false;
-    std::uint64_t objects_ = 0;      // the $objects array
-    std::uint64_t objectCount_ = 0;  // its length
-    std::vector<std::uint64_t> path_;  // objects being decoded, for cycle detection
+    std::uint64_t objects_ = 0;       // the $objects array
+    std::uint64_t objectCount_ = 0;   // its length
+    std::vector<std::uint64_t> path_; // objects being decoded, for cycle detection
 };
 
 bool Decoder::checkHeader()
@@ -105,9 +105,8 @@ bool Decoder::resolve(std::uint64_t uidObject, Ref& out)
         return fail(QStringLiteral("it holds a value where a reference belongs"));
     const std::uint64_t uid = plist_.uid(uidObject);
     if (uid >= objectCount_)
-        return fail(QStringLiteral("it refers to object %1 of an archive of %2 objects")
-                        .arg(uid)
-                        .arg(objectCount_));
+        return fail(
+            QStringLiteral("it refers to object %1 of an archive of %2 objects").arg(uid).arg(objectCount_));
     out.null = uid == 0;
     out.object = plist_.element(objects_, uid);
     if (!out.null && onPath(out.object))
@@ -153,7 +152,8 @@ bool Decoder::checkDict(std::uint64_t dict)
     for (std::uint64_t i = 0; i < pairs; ++i) {
         const std::uint64_t key = plist_.dictKey(dict, i);
         if (plist_.count(key) > kMaxKeyLength)
-            return fail(QStringLiteral("one of its objects has a key longer than %1 characters").arg(kMaxKeyLength));
+            return fail(
+                QStringLiteral("one of its objects has a key longer than %1 characters").arg(kMaxKeyLength));
         keys.push_back(plist_.string(key));
     }
     std::sort(keys.begin(), keys.end());
@@ -186,7 +186,10 @@ bool Decoder::arrayElements(std::uint64_t dict, std::uint64_t maxCount, const QS
         return fail(QStringLiteral("%1 has no element list").arg(what));
     const std::uint64_t count = plist_.count(*list);
     if (count > maxCount)
-        return fail(QStringLiteral("%1 holds %2 elements; at most %3 are allowed").arg(what).arg(count).arg(maxCount));
+        return fail(QStringLiteral("%1 holds %2 elements; at most %3 are allowed")
+                        .arg(what)
+                        .arg(count)
+                        .arg(maxCount));
     elements.clear();
     elements.reserve(count);
     for (std::uint64_t i = 0; i < count; ++i) {
@@ -233,7 +236,8 @@ bool Decoder::decodeValue(std::uint64_t object, const ArchiveField& field, Archi
         for (std::uint64_t element : elements) {
             if (plist_.type(element) != wanted)
                 return fail(QStringLiteral("%1 holds an element that is not a %2")
-                                .arg(what(), integers ? QStringLiteral("whole number") : QStringLiteral("real number")));
+                                .arg(what(), integers ? QStringLiteral("whole number")
+                                                      : QStringLiteral("real number")));
         }
         if (integers) {
             std::vector<std::int64_t> values(elements.size());
@@ -258,7 +262,8 @@ bool Decoder::decodeRecord(std::uint64_t dict, const ArchiveSchema& schema, Arch
     if (!enterObject(dict, QStringLiteral("its root array holds something other than a design"), name))
         return false;
     if (name != schema.className)
-        return fail(QStringLiteral("it holds a %1 record where a %2 belongs").arg(quoted(name), quoted(schema.className)));
+        return fail(QStringLiteral("it holds a %1 record where a %2 belongs")
+                        .arg(quoted(name), quoted(schema.className)));
     out.assign(schema.fields.size(), std::monostate{});
     for (std::size_t i = 0; i < schema.fields.size(); ++i) {
         const ArchiveField& field = schema.fields[i];
@@ -315,16 +320,14 @@ std::optional<std::vector<ArchiveRecord>> Decoder::run(const ArchiveSchema& sche
     return records;
 }
 
-}  // namespace
+} // namespace
 
-std::optional<std::vector<ArchiveRecord>> decodeKeyedArchive(const QByteArray& bytes,
-                                                             const ArchiveSchema& schema,
-                                                             QString* reason,
-                                                             ArchiveReach reach)
+std::optional<std::vector<ArchiveRecord>>
+decodeKeyedArchive(const QByteArray& bytes, const ArchiveSchema& schema, QString* reason, ArchiveReach reach)
 {
     const bool scalarsOnly = reach == ArchiveReach::ScalarsOnly;
-    const auto plist = BinaryPlist::parse(bytes, reason,
-                                          scalarsOnly ? BinaryPlist::Scope::OnDemand : BinaryPlist::Scope::Whole);
+    const auto plist = BinaryPlist::parse(
+        bytes, reason, scalarsOnly ? BinaryPlist::Scope::OnDemand : BinaryPlist::Scope::Whole);
     if (!plist)
         return std::nullopt;
     Decoder decoder(*plist, reason, scalarsOnly);

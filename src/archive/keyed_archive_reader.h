@@ -23,6 +23,5 @@ enum class ArchiveReach { Whole, ScalarsOnly };
 // On failure returns nothing with the reason in `reason`, a clause in lower
 // case ("its root object is missing").
 std::optional<std::vector<ArchiveRecord>> decodeKeyedArchive(const QByteArray& bytes,
-                                                             const ArchiveSchema& schema,
-                                                             QString* reason,
+                                                             const ArchiveSchema& schema, QString* reason,
                                                              ArchiveReach reach = ArchiveReach::Whole);

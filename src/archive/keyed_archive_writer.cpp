@@ -95,8 +95,7 @@ public:
         return uid;
     }
 
-    template <typename T, typename Encode>
-    std::uint64_t array(const std::vector<T>& values, Encode encode)
+    template <typename T, typename Encode> std::uint64_t array(const std::vector<T>& values, Encode encode)
     {
         const std::uint64_t uid = reserve();
         plist_t refs = plist_new_array();
@@ -126,8 +125,7 @@ public:
     }
 
 private:
-    template <typename Make>
-    std::uint64_t number(std::pair<int, std::uint64_t> key, Make make)
+    template <typename Make> std::uint64_t number(std::pair<int, std::uint64_t> key, Make make)
     {
         const auto found = numbers_.find(key);
         if (found != numbers_.end())
@@ -146,20 +144,24 @@ private:
 bool kindMatches(ArchiveKind kind, const ArchiveValue& value)
 {
     switch (kind) {
-    case ArchiveKind::String: return std::holds_alternative<std::string>(value);
-    case ArchiveKind::Integer: return std::holds_alternative<std::int64_t>(value);
-    case ArchiveKind::Real: return std::holds_alternative<double>(value);
-    case ArchiveKind::IntegerArray: return std::holds_alternative<std::vector<std::int64_t>>(value);
-    case ArchiveKind::RealArray: return std::holds_alternative<std::vector<double>>(value);
+    case ArchiveKind::String:
+        return std::holds_alternative<std::string>(value);
+    case ArchiveKind::Integer:
+        return std::holds_alternative<std::int64_t>(value);
+    case ArchiveKind::Real:
+        return std::holds_alternative<double>(value);
+    case ArchiveKind::IntegerArray:
+        return std::holds_alternative<std::vector<std::int64_t>>(value);
+    case ArchiveKind::RealArray:
+        return std::holds_alternative<std::vector<double>>(value);
     }
     return false;
 }
 
-}  // namespace
+} // namespace
 
 std::optional<QByteArray> encodeKeyedArchive(const ArchiveSchema& schema,
-                                             const std::vector<ArchiveRecord>& records,
-                                             QString* reason)
+                                             const std::vector<ArchiveRecord>& records, QString* reason)
 {
     const auto fail = [&](const QString& text) {
         if (reason)
@@ -174,8 +176,8 @@ std::optional<QByteArray> encodeKeyedArchive(const ArchiveSchema& schema,
         for (std::size_t i = 0; i < record.size(); ++i) {
             const ArchiveField& field = schema.fields[i];
             if (!std::holds_alternative<std::monostate>(record[i]) && !kindMatches(field.kind, record[i]))
-                return fail(QStringLiteral("the value for “%1” has the wrong type")
-                                .arg(QLatin1String(field.key)));
+                return fail(
+                    QStringLiteral("the value for “%1” has the wrong type").arg(QLatin1String(field.key)));
             const auto* text = std::get_if<std::string>(&record[i]);
             if (text && !isStorableText(*text))
                 return fail(QStringLiteral("the text for “%1” is not valid UTF-8 or holds a NUL character")
@@ -194,7 +196,7 @@ std::optional<QByteArray> encodeKeyedArchive(const ArchiveSchema& schema,
             const ArchiveValue& value = record[i];
             if (schema.fields[i].omittedWhenAbsent && std::holds_alternative<std::monostate>(value))
                 continue;
-            std::uint64_t uid = 0;  // $null
+            std::uint64_t uid = 0; // $null
             if (const auto* text = std::get_if<std::string>(&value))
                 uid = archiver.string(*text);
             else if (const auto* integer = std::get_if<std::int64_t>(&value))

@@ -14,5 +14,4 @@
 // nothing. Refuses (with a reason clause in lower case) text that is not valid
 // UTF-8 or holds a NUL character, which the format cannot carry.
 std::optional<QByteArray> encodeKeyedArchive(const ArchiveSchema& schema,
-                                             const std::vector<ArchiveRecord>& records,
-                                             QString* reason);
+                                             const std::vector<ArchiveRecord>& records, QString* reason);

@@ -9,15 +9,9 @@ namespace {
 using K = ArchiveKind;
 
 constexpr ArchiveField kFields[] = {
-    {"blockDiagramNumber", K::Integer},
-    {"signalOneSign", K::Integer},
-    {"signalTwoSign", K::Integer},
-    {"multirateL", K::Integer},
-    {"multirateM", K::Integer},
-    {"multirateFilterType", K::Integer},
-    {"filterName", K::String},
-    {"signalOneName", K::String},
-    {"signalTwoName", K::String},
+    {"blockDiagramNumber", K::Integer}, {"signalOneSign", K::Integer}, {"signalTwoSign", K::Integer},
+    {"multirateL", K::Integer},         {"multirateM", K::Integer},    {"multirateFilterType", K::Integer},
+    {"filterName", K::String},          {"signalOneName", K::String},  {"signalTwoName", K::String},
 };
 
 ArchiveRecord toArchive(const GVRProject& p)
@@ -50,7 +44,7 @@ bool check(const GVRProject&, QString*)
 
 const DesignCodec<GVRProject> kCodec{{"GVRProject", kFields}, "project", toArchive, fromArchive, check};
 
-}  // namespace
+} // namespace
 
 QByteArray encodeProjectArchive(const GVRProject& project, QString* error)
 {

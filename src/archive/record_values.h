@@ -5,14 +5,12 @@
 
 #include "archive/keyed_archive.h"
 
-template <typename T>
-ArchiveValue toValue(const std::optional<T>& field)
+template <typename T> ArchiveValue toValue(const std::optional<T>& field)
 {
     return field ? ArchiveValue(*field) : ArchiveValue();
 }
 
-template <typename T>
-std::optional<T> fromValue(const ArchiveValue& value)
+template <typename T> std::optional<T> fromValue(const ArchiveValue& value)
 {
     if (const T* held = std::get_if<T>(&value))
         return *held;

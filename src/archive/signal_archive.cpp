@@ -9,28 +9,24 @@ namespace {
 using K = ArchiveKind;
 
 constexpr ArchiveField kFields[] = {
-    {"samplingFreq", K::Real},
-    {"yStepIndex", K::Real},
-    {"freqUnits", K::Integer},
-    {"voltUnits", K::Integer},
-    {"parm1", K::Real},
-    {"parm2", K::Real},
-    {"parm3", K::Real},
-    {"parm4", K::Real},
-    {"parm5", K::Real},
-    {"parm6", K::Real},
-    {"maxAmplitude", K::Real},
-    {"minAmplitude", K::Real},
-    {"maxFreq", K::Real},
-    {"sampledSignalArray", K::RealArray, kSignalSampleCount},
+    {"samplingFreq", K::Real}, {"yStepIndex", K::Real},
+    {"freqUnits", K::Integer}, {"voltUnits", K::Integer},
+    {"parm1", K::Real},        {"parm2", K::Real},
+    {"parm3", K::Real},        {"parm4", K::Real},
+    {"parm5", K::Real},        {"parm6", K::Real},
+    {"maxAmplitude", K::Real}, {"minAmplitude", K::Real},
+    {"maxFreq", K::Real},      {"sampledSignalArray", K::RealArray, kSignalSampleCount},
 };
 
 ArchiveRecord toArchive(const GVRSignal& s)
 {
-    return {toValue(s.samplingFreq), toValue(s.yStepIndex), toValue(s.freqUnits), toValue(s.voltUnits),
-            toValue(s.parm1),        toValue(s.parm2),      toValue(s.parm3),     toValue(s.parm4),
-            toValue(s.parm5),        toValue(s.parm6),      toValue(s.maxAmplitude),
-            toValue(s.minAmplitude), toValue(s.maxFreq),    toValue(s.sampledSignalArray)};
+    return {toValue(s.samplingFreq), toValue(s.yStepIndex),
+            toValue(s.freqUnits),    toValue(s.voltUnits),
+            toValue(s.parm1),        toValue(s.parm2),
+            toValue(s.parm3),        toValue(s.parm4),
+            toValue(s.parm5),        toValue(s.parm6),
+            toValue(s.maxAmplitude), toValue(s.minAmplitude),
+            toValue(s.maxFreq),      toValue(s.sampledSignalArray)};
 }
 
 GVRSignal fromArchive(const ArchiveRecord& v)
@@ -66,7 +62,7 @@ bool check(const GVRSignal& s, QString* reason)
 
 const DesignCodec<GVRSignal> kCodec{{"GVRSignal", kFields}, "signal design", toArchive, fromArchive, check};
 
-}  // namespace
+} // namespace
 
 QByteArray encodeSignalArchive(const GVRSignal& signal, QString* error)
 {

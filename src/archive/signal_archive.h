@@ -23,7 +23,7 @@ QByteArray encodeSignalArchive(const std::vector<GVRSignal>& designs, QString* e
 // ArchiveReach::ScalarsOnly leaves the arrays absent, for lists of many
 // designs; never enough to open one.
 std::optional<GVRSignal> decodeSignalArchive(const QByteArray& bytes, QString* error = nullptr,
-                                         ArchiveReach reach = ArchiveReach::Whole);
+                                             ArchiveReach reach = ArchiveReach::Whole);
 
 std::optional<GVRSignal> readSignalFile(const QString& path, QString* error = nullptr);
 // Its scalar fields only (ArchiveReach::ScalarsOnly), for long lists.

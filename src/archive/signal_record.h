@@ -7,7 +7,7 @@
 
 struct GVRSignal {
     std::optional<double> samplingFreq;
-    std::optional<double> yStepIndex;  // a whole number stored as a double
+    std::optional<double> yStepIndex; // a whole number stored as a double
     std::optional<std::int64_t> freqUnits;
     std::optional<std::int64_t> voltUnits;
     std::optional<double> parm1;
@@ -19,7 +19,7 @@ struct GVRSignal {
     std::optional<double> maxAmplitude;
     std::optional<double> minAmplitude;
     std::optional<double> maxFreq;
-    std::optional<std::vector<double>> sampledSignalArray;  // 16384 samples, no header
+    std::optional<std::vector<double>> sampledSignalArray; // 16384 samples, no header
 
     bool operator==(const GVRSignal&) const = default;
 };

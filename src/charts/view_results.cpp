@@ -8,8 +8,7 @@
 #include "dsp/fir_synthesis.h"
 
 GVRViewResults::GVRViewResults(QWidget* parent)
-    : QWidget(parent), freqUnitsTitle_(titles::filterUnits()),
-      textFont_(chartpaint::palatinoFont(18))
+    : QWidget(parent), freqUnitsTitle_(titles::filterUnits()), textFont_(chartpaint::palatinoFont(18))
 {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);

@@ -32,7 +32,8 @@ void GVRViewWordLength::paintEvent(QPaintEvent*)
     const QRectF plot = QRectF(rect()).adjusted(56, 28, -20, -40);
     p.setPen(palette().text().color());
     p.drawRect(plot);
-    p.drawText(QRectF(0, 4, width(), 20), Qt::AlignHCenter, tr("Stopband attenuation against coefficient bits"));
+    p.drawText(QRectF(0, 4, width(), 20), Qt::AlignHCenter,
+               tr("Stopband attenuation against coefficient bits"));
     p.drawText(QRectF(plot.left(), plot.bottom() + 20, plot.width(), 18), Qt::AlignHCenter, tr("bits"));
 
     double top = std::isfinite(doubleDb_) ? doubleDb_ : 0.0;

@@ -14,7 +14,8 @@ public:
 
     // bits and attenuation (dB) of the same size; doubleDb the double design's attenuation (NaN for none);
     // chosenBits the selected width (0 for Double). Empty arrays draw an empty frame. Redraws.
-    void setSweep(std::vector<double> bits, std::vector<double> attenuationDb, double doubleDb, int chosenBits);
+    void setSweep(std::vector<double> bits, std::vector<double> attenuationDb, double doubleDb,
+                  int chosenBits);
 
     QSize sizeHint() const override { return {480, 300}; }
 

@@ -42,8 +42,8 @@ bool equirippleDesign(const ToleranceMask& m, std::span<double> h)
     std::vector<float> taps(N);
     // liquid-dsp 1.3 (Debian 12) returns nothing here and later versions a status, so the
     // result is judged by the taps: all finite and not all zero.
-    firdespm_run(static_cast<unsigned>(N), static_cast<unsigned>(desired.size()), bands.data(), desired.data(),
-                 weights.data(), flat.data(), LIQUID_FIRDESPM_BANDPASS, taps.data());
+    firdespm_run(static_cast<unsigned>(N), static_cast<unsigned>(desired.size()), bands.data(),
+                 desired.data(), weights.data(), flat.data(), LIQUID_FIRDESPM_BANDPASS, taps.data());
     bool any = false;
     for (const float t : taps) {
         if (!std::isfinite(t))

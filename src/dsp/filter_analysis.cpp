@@ -159,7 +159,8 @@ ResponseAnalysis analyseResponse(int type, NominalBand band, std::span<const dou
     return r;
 }
 
-double stopbandAttenuation(std::span<const double> power, double referenceGainDb, const StopbandBins& stopband)
+double stopbandAttenuation(std::span<const double> power, double referenceGainDb,
+                           const StopbandBins& stopband)
 {
     if (power.size() != kAnalysisBins || stopband.empty())
         return kNaN;

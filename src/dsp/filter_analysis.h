@@ -48,17 +48,18 @@ struct ResponseAnalysis {
 ResponseAnalysis analyseResponse(int type, NominalBand band, std::span<const double> power);
 
 // referenceGainDb minus the largest dB value over the stopband bins; NaN when there are none.
-double stopbandAttenuation(std::span<const double> power, double referenceGainDb, const StopbandBins& stopband);
+double stopbandAttenuation(std::span<const double> power, double referenceGainDb,
+                           const StopbandBins& stopband);
 
 // Smallest B with every q in B-bit two's complement (at least 1 bit); 0 for an empty q.
 int bitsNeeded(std::span<const std::int32_t> q);
 
 // Everything the Measured panel and `"measured"` report.
 struct FilterMeasurement {
-    ResponseAnalysis response;                     // of c
-    double stopbandAttenuationDb = 0.0;            // c over its own stopband
-    double stopbandAttenuationQuantisedDb = 0.0;   // cp, own reference, over c's stopband
-    int bitsNeeded = 0;                            // 0 for "Double"
+    ResponseAnalysis response;                   // of c
+    double stopbandAttenuationDb = 0.0;          // c over its own stopband
+    double stopbandAttenuationQuantisedDb = 0.0; // cp, own reference, over c's stopband
+    int bitsNeeded = 0;                          // 0 for "Double"
     bool fitsWidth = true;
     double groupDelaySamples = 0.0;
 };

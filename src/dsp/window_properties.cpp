@@ -50,7 +50,8 @@ WindowProperties windowProperties(std::span<const double> w)
         sum += w[n];
         sumSquares += w[n] * w[n];
         largest = std::max(largest, std::fabs(w[n]));
-        shifted += w[n] * std::polar(1.0, -std::numbers::pi * static_cast<double>(n) / static_cast<double>(N));
+        shifted +=
+            w[n] * std::polar(1.0, -std::numbers::pi * static_cast<double>(n) / static_cast<double>(N));
     }
     const double dN = static_cast<double>(N);
     p.coherentGain = sum / (dN * largest);

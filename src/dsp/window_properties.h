@@ -16,8 +16,8 @@ struct WindowProperties {
     double highestSidelobeDb = 0.0; // largest 20·log10(|W|/|W(0)|) beyond the first zero of W
 };
 
-// Measures window w (N = w.size(), odd, 3..2047, symmetric, Σw ≠ 0) on a zero-padded grid of at least 64·N points.
-// Values that cannot be measured (no crossing, no zero) are NaN.
+// Measures window w (N = w.size(), odd, 3..2047, symmetric, Σw ≠ 0) on a zero-padded grid of at least 64·N
+// points. Values that cannot be measured (no crossing, no zero) are NaN.
 WindowProperties windowProperties(std::span<const double> w);
 
 // The published values for window index 0..10 (Rectangular, Hann, Hamming, Blackman,

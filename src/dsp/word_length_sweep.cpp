@@ -7,7 +7,8 @@
 #include <cstdint>
 #include <vector>
 
-void wordLengthSweep(int type, double cutoff, double center, std::span<const double> c, std::span<SweepRow> rows)
+void wordLengthSweep(int type, double cutoff, double center, std::span<const double> c,
+                     std::span<SweepRow> rows)
 {
     if (rows.size() != kSweepRows || c.empty() || c.size() > 512)
         return;
@@ -22,7 +23,8 @@ void wordLengthSweep(int type, double cutoff, double center, std::span<const dou
     for (int row = 0; row < kSweepRows; ++row) {
         SweepRow& r = rows[row];
         if (row == kSweepRows - 1) {
-            r = {0, stopbandAttenuation(power, exact.referenceGainDb, exact.stopband), exact.passbandRippleDb, 0};
+            r = {0, stopbandAttenuation(power, exact.referenceGainDb, exact.stopband), exact.passbandRippleDb,
+                 0};
             continue;
         }
         r.bits = 8 + row;

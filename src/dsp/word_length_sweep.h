@@ -17,4 +17,5 @@ struct SweepRow {
 
 // Sweeps double coefficients c (N = c.size(), 1..512) of filter type 0..2 with the cutoff as typed and
 // the centre, normalised; rows.size() = 14.
-void wordLengthSweep(int type, double cutoff, double center, std::span<const double> c, std::span<SweepRow> rows);
+void wordLengthSweep(int type, double cutoff, double center, std::span<const double> c,
+                     std::span<SweepRow> rows);

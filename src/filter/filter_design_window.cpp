@@ -361,7 +361,8 @@ void GVRWinFilterDesign::connectControls()
     // Return in the length designs too, as in every other field.
     connect(spinBoxEditor(filterLengthStepper_), &QLineEdit::returnPressed, this,
             &GVRWinFilterDesign::pressDesignFilterBut);
-    connect(filterLengthStepper_, &QSpinBox::valueChanged, this, [this] { fileCommands_->setModified(true); });
+    connect(filterLengthStepper_, &QSpinBox::valueChanged, this,
+            [this] { fileCommands_->setModified(true); });
     for (QComboBox* popUp : {unitsPopUp_, filterTypePopUp_, windowTypePopUp_, bitWidthPopUp_})
         connect(popUp, &QComboBox::activated, this, [this] { fileCommands_->setModified(true); });
 }
@@ -551,7 +552,8 @@ DesignOutcome GVRWinFilterDesign::pressDesignFilterBut()
     number(KEYFP_SAMPLING_FREQ, thetaSamplingField_, units != kUnitsNorm, QStringLiteral("fsampling"));
     number(KEYFP_CUTOFF_FREQ, thetaCutoffField_, true, QStringLiteral("fcutoff"));
     number(KEYFP_CENTER_FREQ, thetaCenterField_, type == kBandPass, QStringLiteral("fcenter"));
-    filterParameterDictionary_.insert(KEYFP_FILTER_LENGTH, typedLength.value_or(filterLengthStepper_->value()));
+    filterParameterDictionary_.insert(KEYFP_FILTER_LENGTH,
+                                      typedLength.value_or(filterLengthStepper_->value()));
     filterParameterDictionary_.insert(KEYFP_FILTER_WIDTH, bitWidthPopUp_->currentIndex());
     filterParameterDictionary_.insert(KEYFP_WINDOW_TYPE, window);
     number(KEYFP_BETA_UPSILON, betaUpsilonField_, window == kKaiser || window == kChebyshev,

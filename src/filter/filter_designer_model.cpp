@@ -279,13 +279,13 @@ void GVRFilterDesignerModel::firFilter()
 
     const double axisScale = d_.unitsType == 0 ? 1.0 : 0.5 * d_.thetaSamplingFreq;
     const double header[kPlotHeader] = {static_cast<double>(kResponseHalf),
-                              m.largest,
-                              m.smallest,
-                              axisScale,
-                              phaseRange.largest,
-                              phaseRange.smallest,
-                              0.0,
-                              0.0};
+                                        m.largest,
+                                        m.smallest,
+                                        axisScale,
+                                        phaseRange.largest,
+                                        phaseRange.smallest,
+                                        0.0,
+                                        0.0};
     std::copy(std::begin(header), std::end(header), plot.begin());
     dBmagAndPhaseArray_.swap(plot);
     if (winFilterDesign_)

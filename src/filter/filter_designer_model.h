@@ -81,7 +81,11 @@ public:
     // The last design that produced valid results, parameters and results together:
     // what a save writes, whatever was typed and refused since.
     const Design& designedDesign() const { return designed_; }
-    void restoreDesign(const Design& design) { d_ = design; designed_ = design; }
+    void restoreDesign(const Design& design)
+    {
+        d_ = design;
+        designed_ = design;
+    }
 
     bool validResultsFlag() const { return d_.validResultsFlag; }
     double thetaSamplingFreq() const { return d_.thetaSamplingFreq; }

@@ -64,8 +64,7 @@ bool GVRFilterDesignerModel::openFilterDesignWithFileName(const QString& name)
     lastFileError_ = designOpenNameProblem(QStringLiteral("filter"), name);
     if (!lastFileError_.isEmpty())
         return false;
-    const std::optional<GVRFilter> record =
-        readFilterFile(library_.filterPath(name), &lastFileError_);
+    const std::optional<GVRFilter> record = readFilterFile(library_.filterPath(name), &lastFileError_);
     if (!record)
         return false;
 

@@ -83,7 +83,8 @@ std::optional<MaskCheck> GVRFilterDesignerModel::maskCheck() const
 
 double GVRFilterDesignerModel::typedCutoffNormalized() const
 {
-    return d_.filterType == kFilterHighPass ? 1.0 - d_.thetaCutoffFreqNormalized : d_.thetaCutoffFreqNormalized;
+    return d_.filterType == kFilterHighPass ? 1.0 - d_.thetaCutoffFreqNormalized
+                                            : d_.thetaCutoffFreqNormalized;
 }
 
 FilterMeasurement GVRFilterDesignerModel::measured() const
@@ -96,7 +97,7 @@ FilterMeasurement GVRFilterDesignerModel::measured() const
 std::array<SweepRow, kSweepRows> GVRFilterDesignerModel::wordLengthSweep() const
 {
     std::array<SweepRow, kSweepRows> rows{};
-    ::wordLengthSweep(d_.filterType, typedCutoffNormalized(), d_.thetaCenterFreqNormalized, d_.filterCoefficients,
-                      rows);
+    ::wordLengthSweep(d_.filterType, typedCutoffNormalized(), d_.thetaCenterFreqNormalized,
+                      d_.filterCoefficients, rows);
     return rows;
 }

@@ -10,8 +10,8 @@
 #include "widgets/inspector_table.h"
 
 GVRWinFiltInspector::GVRWinFiltInspector(DesignLibrary& library, QWidget* parent)
-    : QMainWindow(parent), library_(library), inspectorFiltModel_(library), tableModel_(new GVRInspectorFiltTableModel(this)),
-      table_(new QTableView(this))
+    : QMainWindow(parent), library_(library), inspectorFiltModel_(library),
+      tableModel_(new GVRInspectorFiltTableModel(this)), table_(new QTableView(this))
 {
     setObjectName(QStringLiteral("GVRWinFiltInspector"));
     setWindowTitle(tr("Filter Inspector"));
@@ -47,6 +47,7 @@ void GVRWinFiltInspector::updateTableDisplay()
     listed_ = true;
     // The rows come back in the folder's order; no column claims to sort them.
     table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    filler_.fillFromFolder(*table_, *tableModel_, library_, DesignLibrary::Folder::Filter, &GVRInspectorFiltModel::rowForFile);
+    filler_.fillFromFolder(*table_, *tableModel_, library_, DesignLibrary::Folder::Filter,
+                           &GVRInspectorFiltModel::rowForFile);
     table_->clearSelection();
 }

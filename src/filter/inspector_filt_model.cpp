@@ -145,6 +145,7 @@ QList<GVRInspectFilt> GVRInspectorFiltModel::getFiltInspectorArray()
     QList<GVRInspectFilt> rows;
     const QString extension = DesignLibrary::extension(DesignLibrary::Folder::Filter);
     for (const DesignFileEntry& entry : library_.files(DesignLibrary::Folder::Filter))
-        rows << rowForFile(library_.filterFolder() + u'/' + entry.fileName, entry.fileName.chopped(extension.size()));
+        rows << rowForFile(library_.filterFolder() + u'/' + entry.fileName,
+                           entry.fileName.chopped(extension.size()));
     return rows;
 }

@@ -54,7 +54,8 @@ MaskProblem maskProblem(const ToleranceMask& m, double half)
         return {QStringLiteral("VALID RANGE: fpass < fstop")};
     if (m.type == 2 && !(m.stopband[0] < m.passband[0]))
         return {QStringLiteral("VALID RANGE: fstop < fpass")};
-    if (bandPass && !(m.stopband[0] < m.passband[0] && m.passband[0] < m.passband[1] && m.passband[1] < m.stopband[1]))
+    if (bandPass &&
+        !(m.stopband[0] < m.passband[0] && m.passband[0] < m.passband[1] && m.passband[1] < m.stopband[1]))
         return {QStringLiteral("VALID RANGE: fstop1 < fpass1 < fpass2 < fstop2")};
     if (!(m.rippleDb > 0.0) || !std::isfinite(m.rippleDb))
         return {QStringLiteral("VALID RANGE: Rp > 0")};
@@ -74,7 +75,8 @@ std::optional<MaskDesign> maskTrial(int method, const ToleranceMask& m, int widt
         if (!equirippleDesign(m, d.coefficients))
             return std::nullopt;
     } else {
-        const double A = -20.0 * std::log10(std::min(passbandDeviation(m.rippleDb), stopbandDeviation(m.attenuationDb)));
+        const double A =
+            -20.0 * std::log10(std::min(passbandDeviation(m.rippleDb), stopbandDeviation(m.attenuationDb)));
         d.beta = kaiserBeta(A);
         std::vector<double> H(N), h(N), w(N), hw(N);
         // The window pipeline designs a high pass as the low pass of the complementary cutoff.
@@ -94,7 +96,8 @@ std::optional<MaskDesign> maskTrial(int method, const ToleranceMask& m, int widt
     return d;
 }
 
-std::optional<MaskDesign> designToMask(int method, const ToleranceMask& m, int widthIndex, std::optional<int> taps)
+std::optional<MaskDesign> designToMask(int method, const ToleranceMask& m, int widthIndex,
+                                       std::optional<int> taps)
 {
     if (taps)
         return maskTrial(method, m, widthIndex, clampTaps(*taps));

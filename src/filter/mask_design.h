@@ -23,10 +23,10 @@ MaskProblem maskProblem(const ToleranceMask& typed, double half);
 
 struct MaskDesign {
     int taps = 0;
-    double beta = 0.0;      // Kaiser's β (Kaiser method)
-    double cutoff = 0.0;    // the window design's cutoff as typed (middle of the transition), normalised
-    double center = 0.0;    // its band-pass centre, normalised
-    MaskCheck check;        // of the quantised coefficients at `taps`
+    double beta = 0.0;   // Kaiser's β (Kaiser method)
+    double cutoff = 0.0; // the window design's cutoff as typed (middle of the transition), normalised
+    double center = 0.0; // its band-pass centre, normalised
+    MaskCheck check;     // of the quantised coefficients at `taps`
     std::vector<double> coefficients; // the double coefficients at `taps`
 };
 

@@ -23,7 +23,8 @@ QString num(double v, int decimals)
 
 QString row(const QString& name, const QString& value, const QString& extra = {})
 {
-    return QStringLiteral("<tr><td>%1</td><td align=right>&nbsp;%2</td><td align=right>&nbsp;&nbsp;%3</td></tr>")
+    return QStringLiteral(
+               "<tr><td>%1</td><td align=right>&nbsp;%2</td><td align=right>&nbsp;&nbsp;%3</td></tr>")
         .arg(name, value, extra);
 }
 
@@ -63,13 +64,15 @@ void MeasuredPanel::showDesign(const GVRFilterDesignerModel& model)
         return;
     }
     const double scale = model.unitsType() == 0 ? 1.0 : 0.5 * model.thetaSamplingFreq();
-    const QString unit = model.unitsType() == 1 ? QStringLiteral(" KHz")
+    const QString unit = model.unitsType() == 1   ? QStringLiteral(" KHz")
                          : model.unitsType() == 2 ? QStringLiteral(" MHz")
                                                   : QString();
     const FilterMeasurement m = model.measured();
     const ResponseAnalysis& r = m.response;
-    auto freq = [&](double f) { return std::isfinite(f) ? num(f * scale, 4) + unit : QStringLiteral("none"); };
-    auto edges = [&](const double (&e)[2]) {
+    auto freq = [&](double f) {
+        return std::isfinite(f) ? num(f * scale, 4) + unit : QStringLiteral("none");
+    };
+    auto edges = [&](const double(&e)[2]) {
         return r.edgeCount == 2 ? freq(e[0]) + QStringLiteral(", ") + freq(e[1]) : freq(e[0]);
     };
 
@@ -78,9 +81,10 @@ void MeasuredPanel::showDesign(const GVRFilterDesignerModel& model)
                 tr("at %1").arg(freq(r.peakFrequency)));
     html += row(tr("−3 dB edges"), edges(r.edges3dB));
     html += row(tr("−6 dB edges"), edges(r.edges6dB));
-    html += row(tr("Stopband attenuation"), num(m.stopbandAttenuationDb, 2) + QStringLiteral(" dB"),
-                model.filterWidth() == 0 ? QString()
-                                         : tr("quantised %1 dB").arg(num(m.stopbandAttenuationQuantisedDb, 2)));
+    html +=
+        row(tr("Stopband attenuation"), num(m.stopbandAttenuationDb, 2) + QStringLiteral(" dB"),
+            model.filterWidth() == 0 ? QString()
+                                     : tr("quantised %1 dB").arg(num(m.stopbandAttenuationQuantisedDb, 2)));
     html += row(tr("Passband ripple"), num(r.passbandRippleDb, 4) + QStringLiteral(" dB"));
     html += row(tr("Group delay"), tr("%1 samples").arg(m.groupDelaySamples));
     if (model.filterWidth() != 0)
@@ -108,8 +112,9 @@ void MeasuredPanel::showDesign(const GVRFilterDesignerModel& model)
         auto pair = [&](double measured, double WindowProperties::*field, int decimals) {
             return row(QString(), num(measured, decimals), book ? num((*book).*field, 2) : QString());
         };
-        html += QStringLiteral("<b>%1</b><table><tr><td></td><td align=right>%2</td><td align=right>%3</td></tr>")
-                    .arg(tr("Window"), tr("measured"), book ? tr("textbook") : QString());
+        html +=
+            QStringLiteral("<b>%1</b><table><tr><td></td><td align=right>%2</td><td align=right>%3</td></tr>")
+                .arg(tr("Window"), tr("measured"), book ? tr("textbook") : QString());
         const std::pair<QString, double WindowProperties::*> rows[] = {
             {tr("Coherent gain"), &WindowProperties::coherentGain},
             {tr("ENBW (bins)"), &WindowProperties::enbwBins},
@@ -119,8 +124,8 @@ void MeasuredPanel::showDesign(const GVRFilterDesignerModel& model)
             {tr("Highest side lobe (dB)"), &WindowProperties::highestSidelobeDb},
         };
         for (const auto& [name, field] : rows)
-            html += pair(p.*field, field, 3).replace(QStringLiteral("<td></td>"),
-                                                      QStringLiteral("<td>%1</td>").arg(name));
+            html += pair(p.*field, field, 3)
+                        .replace(QStringLiteral("<td></td>"), QStringLiteral("<td>%1</td>").arg(name));
         html += QStringLiteral("</table>");
     }
     body_->setText(html);

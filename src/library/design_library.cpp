@@ -94,9 +94,10 @@ bool isFailedCopy(const QString& target, const QString& source)
     return existing.error() != QFileDevice::NoError || sample.read(head.size()) == head;
 }
 
-}  // namespace
+} // namespace
 
-DesignLibrary::DesignLibrary(const QString& root, QObject* parent) : QObject(parent), root_(QDir::cleanPath(root))
+DesignLibrary::DesignLibrary(const QString& root, QObject* parent)
+    : QObject(parent), root_(QDir::cleanPath(root))
 {
 }
 
@@ -108,10 +109,14 @@ void DesignLibrary::setRoot(const QString& root)
 QString DesignLibrary::folderName(Folder folder)
 {
     switch (folder) {
-    case Folder::Filter: return QStringLiteral("filter");
-    case Folder::Signal: return QStringLiteral("signal");
-    case Folder::ProjectOne: return QStringLiteral("projectOne");
-    case Folder::ProjectTwo: return QStringLiteral("projectTwo");
+    case Folder::Filter:
+        return QStringLiteral("filter");
+    case Folder::Signal:
+        return QStringLiteral("signal");
+    case Folder::ProjectOne:
+        return QStringLiteral("projectOne");
+    case Folder::ProjectTwo:
+        return QStringLiteral("projectTwo");
     }
     return {};
 }
@@ -119,10 +124,13 @@ QString DesignLibrary::folderName(Folder folder)
 QString DesignLibrary::extension(Folder folder)
 {
     switch (folder) {
-    case Folder::Filter: return QStringLiteral(".filt");
-    case Folder::Signal: return QStringLiteral(".signal");
+    case Folder::Filter:
+        return QStringLiteral(".filt");
+    case Folder::Signal:
+        return QStringLiteral(".signal");
     case Folder::ProjectOne:
-    case Folder::ProjectTwo: return QStringLiteral(".orvana");
+    case Folder::ProjectTwo:
+        return QStringLiteral(".orvana");
     }
     return {};
 }
@@ -182,7 +190,8 @@ QStringList DesignLibrary::designNames(Folder folder) const
     // Names only: no modification dates to fetch for pop-ups of thousands.
     const QString ext = extension(folder);
     QStringList names;
-    const QStringList entries = QDir(folderPath(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
+    const QStringList entries =
+        QDir(folderPath(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
     for (const QString& name : entries)
         if (name.size() > ext.size() && name.endsWith(ext, Qt::CaseSensitive))
             names.append(name.chopped(ext.size()));
@@ -193,7 +202,8 @@ QStringList DesignLibrary::fileNames(Folder folder) const
 {
     const QString ext = extension(folder);
     QStringList names;
-    const QStringList entries = QDir(folderPath(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
+    const QStringList entries =
+        QDir(folderPath(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
     for (const QString& name : entries)
         if (name.size() > ext.size() && name.endsWith(ext, Qt::CaseSensitive))
             names.append(name);

@@ -16,14 +16,14 @@
 
 // One design file of a library folder.
 struct DesignFileEntry {
-    QString fileName;  // with extension, no folder
+    QString fileName; // with extension, no folder
     QDateTime modified;
 };
 
 // Something that kept a folder from being made or a sample from being copied.
 struct LibraryProblem {
     QString path;
-    QString message;  // a whole sentence for the user
+    QString message; // a whole sentence for the user
 };
 
 // What seedSamples() did with each sample design (file names, no folder).

@@ -12,15 +12,14 @@ QString refusedName(const QString& name)
     return QStringLiteral("“%1” is not a design name.").arg(name);
 }
 
-}  // namespace
+} // namespace
 
 LibraryDesignSource::LibraryDesignSource(const DesignLibrary& library) : library_(library) {}
 
 bool LibraryDesignSource::isPlainName(const QString& name)
 {
     return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
-           !name.contains(QLatin1Char('/')) && !name.contains(QLatin1Char('\\')) &&
-           !name.contains(QChar(0));
+           !name.contains(QLatin1Char('/')) && !name.contains(QLatin1Char('\\')) && !name.contains(QChar(0));
 }
 
 std::optional<GVRSignal> LibraryDesignSource::signalRecord(const QString& name) const

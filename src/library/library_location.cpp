@@ -18,7 +18,7 @@ QString absoluteRoot(const QString& path)
     return QDir::cleanPath(QFileInfo(expanded).absoluteFilePath());
 }
 
-}  // namespace
+} // namespace
 
 QString defaultLibraryRoot()
 {

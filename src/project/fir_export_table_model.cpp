@@ -3,7 +3,6 @@
 
 #include "library/natural_order.h"
 
-
 FirExportTableModel::FirExportTableModel(QObject* parent) : RowTableModel(parent) {}
 
 QString FirExportTableModel::columnKey(int column)

@@ -27,9 +27,9 @@ const QStringList& GVRWinFirExport::bitWidthTitle()
 }
 
 GVRWinFirExport::GVRWinFirExport(DesignLibrary& library, QWidget* parent)
-    : QMainWindow(parent), library_(library), firExportModel_(library), tableModel_(new FirExportTableModel(this)),
-      table_(new QTableView(this)), exportBut_(new QPushButton(tr("Export…"), this)),
-      formatPopUp_(new QComboBox(this))
+    : QMainWindow(parent), library_(library), firExportModel_(library),
+      tableModel_(new FirExportTableModel(this)), table_(new QTableView(this)),
+      exportBut_(new QPushButton(tr("Export…"), this)), formatPopUp_(new QComboBox(this))
 {
     setObjectName(QStringLiteral("GVRWinFirExport"));
     setWindowTitle(tr("FIR Coefficient Export"));
@@ -136,7 +136,9 @@ void GVRWinFirExport::updateTableDisplay()
         rows[i].filename = files.at(i);
     filler_.fill(
         *table_, *tableModel_, std::move(rows),
-        [files, folder](qsizetype i) { return GVRFirExportModel::rowForFile(folder + files.at(i), files.at(i)); },
+        [files, folder](qsizetype i) {
+            return GVRFirExportModel::rowForFile(folder + files.at(i), files.at(i));
+        },
         [this] {
             const QHeaderView* header = table_->horizontalHeader();
             if (header->sortIndicatorSection() >= 0)

@@ -17,7 +17,8 @@
 
 namespace {
 
-const QString kRateErrorSumAndFilter = QStringLiteral("ERROR - Both x₁[n] and x₂[n] must have same fs as H[n]");
+const QString kRateErrorSumAndFilter =
+    QStringLiteral("ERROR - Both x₁[n] and x₂[n] must have same fs as H[n]");
 const QString kRateErrorMultirate =
     QStringLiteral("ERROR - Both x₁[n] and x₂[n] must have same fs; H[m] requires rate of L*fs");
 const QString kUnreadable = QStringLiteral("ERROR - Cannot read the design \"%1\"");
@@ -82,8 +83,8 @@ std::optional<FilterInput> userFilter(const GVRFilter& r)
     const std::vector<double>& c = *r.filterPrecisionCoefficients;
     if (c.size() < count || !allFinite(c, count))
         return std::nullopt;
-    FilterInput f{std::vector<double>(c.begin(), c.begin() + static_cast<std::ptrdiff_t>(count)), *r.unitsType,
-                  0.0};
+    FilterInput f{std::vector<double>(c.begin(), c.begin() + static_cast<std::ptrdiff_t>(count)),
+                  *r.unitsType, 0.0};
     if (f.units == 1 || f.units == 2) {
         if (!r.dfThetaSamplingFreq || !std::isfinite(*r.dfThetaSamplingFreq))
             return std::nullopt;
@@ -106,21 +107,39 @@ int integerOf(const QVariant& value)
 std::vector<double> headers(double fsIn, double maxFreq, int voltIn, int freqCode, SignalExtremes in,
                             double fsOut, int voltOut, SignalExtremes out)
 {
-    return {fsIn,  maxFreq, static_cast<double>(voltIn),  static_cast<double>(freqCode), in.max,  in.min,  0.0, 0.0,
-            fsOut, maxFreq, static_cast<double>(voltOut), static_cast<double>(freqCode), out.max, out.min, 0.0, 0.0};
+    return {fsIn,
+            maxFreq,
+            static_cast<double>(voltIn),
+            static_cast<double>(freqCode),
+            in.max,
+            in.min,
+            0.0,
+            0.0,
+            fsOut,
+            maxFreq,
+            static_cast<double>(voltOut),
+            static_cast<double>(freqCode),
+            out.max,
+            out.min,
+            0.0,
+            0.0};
 }
 
-}  // namespace
+} // namespace
 
 QVariantMap GVRProjectModel::parameterDictionary(int blockDiagramNumber, const QString& filterName,
                                                  const QString& signalOneName, const QString& signalTwoName,
                                                  int signalOneSign, int signalTwoSign, int multirateL,
                                                  int multirateM, int multirateFilterType)
 {
-    return {{KEYMOD_BLOCK_DIAGRAM, blockDiagramNumber}, {KEYMOD_FILTER_NAME, filterName},
-            {KEYMOD_SIG_ONE_NAME, signalOneName},       {KEYMOD_SIG_TWO_NAME, signalTwoName},
-            {KEYMOD_SIG_ONE_SIGN, signalOneSign},       {KEYMOD_SIG_TWO_SIGN, signalTwoSign},
-            {KEYMOD_MULTIRATE_L, multirateL},           {KEYMOD_MULTIRATE_M, multirateM},
+    return {{KEYMOD_BLOCK_DIAGRAM, blockDiagramNumber},
+            {KEYMOD_FILTER_NAME, filterName},
+            {KEYMOD_SIG_ONE_NAME, signalOneName},
+            {KEYMOD_SIG_TWO_NAME, signalTwoName},
+            {KEYMOD_SIG_ONE_SIGN, signalOneSign},
+            {KEYMOD_SIG_TWO_SIGN, signalTwoSign},
+            {KEYMOD_MULTIRATE_L, multirateL},
+            {KEYMOD_MULTIRATE_M, multirateM},
             {KEYMOD_MULTIRATE_FILT, multirateFilterType}};
 }
 
@@ -149,8 +168,9 @@ GVRProjectModel::StageArrays GVRProjectModel::multirateStageArrays(MultirateStag
     const SignalExtremes magRange = magSpectrum(shown, magnitudes);
     const double fs = static_cast<double>(stageL_) * stageFs_;
     const auto header = [&](SignalExtremes r) {
-        return std::vector<double>{fs,    0.5 * fs, static_cast<double>(stageVolt_),
-                                   static_cast<double>(stageFreqCode_), r.max, r.min, 0.0, 0.0};
+        return std::vector<double>{
+            fs,  0.5 * fs, static_cast<double>(stageVolt_), static_cast<double>(stageFreqCode_), r.max, r.min,
+            0.0, 0.0};
     };
     out.time = header(range);
     out.time.insert(out.time.end(), shown.begin(), shown.end());
@@ -174,9 +194,9 @@ DesignOutcome GVRProjectModel::designProjectWithParameters(const QVariantMap& pa
 
     if (parameters.size() != 9)
         return lastOutcome_;
-    for (const auto& key : {KEYMOD_BLOCK_DIAGRAM, KEYMOD_FILTER_NAME, KEYMOD_SIG_ONE_NAME, KEYMOD_SIG_TWO_NAME,
-                            KEYMOD_SIG_ONE_SIGN, KEYMOD_SIG_TWO_SIGN, KEYMOD_MULTIRATE_L, KEYMOD_MULTIRATE_M,
-                            KEYMOD_MULTIRATE_FILT})
+    for (const auto& key : {KEYMOD_BLOCK_DIAGRAM, KEYMOD_FILTER_NAME, KEYMOD_SIG_ONE_NAME,
+                            KEYMOD_SIG_TWO_NAME, KEYMOD_SIG_ONE_SIGN, KEYMOD_SIG_TWO_SIGN, KEYMOD_MULTIRATE_L,
+                            KEYMOD_MULTIRATE_M, KEYMOD_MULTIRATE_FILT})
         if (!parameters.contains(key))
             return lastOutcome_;
     if (!checkAllParameters())
@@ -189,8 +209,9 @@ bool GVRProjectModel::checkAllParameters() const
 {
     const auto within = [](int v, int lo, int hi) { return v >= lo && v <= hi; };
     return !filterName_.isEmpty() && !signalOneName_.isEmpty() && !signalTwoName_.isEmpty() &&
-           within(blockDiagramNumber_, 1, 2) && within(signalOneSign_, 0, 2) && within(signalTwoSign_, 0, 2) &&
-           within(multirateL_, 1, 12) && within(multirateM_, 1, 12) && within(multirateFilterType_, 0, 1);
+           within(blockDiagramNumber_, 1, 2) && within(signalOneSign_, 0, 2) &&
+           within(signalTwoSign_, 0, 2) && within(multirateL_, 1, 12) && within(multirateM_, 1, 12) &&
+           within(multirateFilterType_, 0, 1);
 }
 
 void GVRProjectModel::designProject()
@@ -224,7 +245,7 @@ void GVRProjectModel::designProject()
     } else if (const auto user = userFilter(*filter)) {
         stage = *user;
         if (multirate)
-            stage.fs /= multirateL_;  // H[m] runs at L·fs
+            stage.fs /= multirateL_; // H[m] runs at L·fs
     } else {
         return note(kUnreadable.arg(filterName_));
     }
@@ -272,8 +293,8 @@ void GVRProjectModel::designProject()
     // fs is in the unit the rate check used (the filter's, or MHz when the
     // signals' units differ); the charts read it in the unit of freq.code, so
     // bring it there: the headers must state the rate of the samples they head.
-    const int fsCode = stage.units == 1   ? 1
-                       : stage.units == 2 ? 0
+    const int fsCode = stage.units == 1                 ? 1
+                       : stage.units == 2               ? 0
                        : s1->freqUnits != s2->freqUnits ? 0
                                                         : s1->freqUnits;
     if (fsCode == 0 && freq.code == 1)
@@ -304,7 +325,8 @@ void GVRProjectModel::designProject()
     time.reserve(kTimeArrayLength);
     time.insert(time.end(), x.begin(), x.end());
     time.insert(time.end(), y.begin(), y.end());
-    std::vector<double> spectra = headers(fs, freq.maxFreq, voltIn, freq.code, XRange, fsOut, voltOut, YRange);
+    std::vector<double> spectra =
+        headers(fs, freq.maxFreq, voltIn, freq.code, XRange, fsOut, voltOut, YRange);
     spectra.reserve(kFreqArrayLength);
     spectra.insert(spectra.end(), X.begin(), X.begin() + kSpectrumLength / 2);
     spectra.insert(spectra.end(), Y.begin(), Y.begin() + kSpectrumLength / 2);

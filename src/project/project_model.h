@@ -26,8 +26,8 @@ class GVRProjectModel {
 public:
     static constexpr std::size_t kSamples = 16384;
     static constexpr std::size_t kHeaderLength = 8;
-    static constexpr std::size_t kTimeArrayLength = 32784;  // 2 headers + x + y
-    static constexpr std::size_t kFreqArrayLength = 16400;  // 2 headers + |X| + |Y|
+    static constexpr std::size_t kTimeArrayLength = 32784; // 2 headers + x + y
+    static constexpr std::size_t kFreqArrayLength = 16400; // 2 headers + |X| + |Y|
     static constexpr double kRateTolerance = 1e-6;
 
     // `library` holds the project files' designs and must outlive the model.
@@ -62,8 +62,8 @@ public:
     // A parameter dictionary as the window builds it.
     static QVariantMap parameterDictionary(int blockDiagramNumber, const QString& filterName,
                                            const QString& signalOneName, const QString& signalTwoName,
-                                           int signalOneSign, int signalTwoSign, int multirateL, int multirateM,
-                                           int multirateFilterType);
+                                           int signalOneSign, int signalTwoSign, int multirateL,
+                                           int multirateM, int multirateFilterType);
 
     // Results of the last successful design (kept when a later one fails).
     const std::vector<double>& timeDomainArray() const { return timeDomainArray_; }
@@ -75,8 +75,8 @@ public:
     // and p[m], its filtered form before decimation.
     enum class MultirateStage { Upsampled, Filtered };
     struct StageArrays {
-        std::vector<double> time;  // kStageTimeLength: header + the first 16384 samples at L·fs
-        std::vector<double> freq;  // kStageFreqLength: header + 8192 magnitude bins
+        std::vector<double> time; // kStageTimeLength: header + the first 16384 samples at L·fs
+        std::vector<double> freq; // kStageFreqLength: header + 8192 magnitude bins
     };
     static constexpr std::size_t kStageTimeLength = 16392;
     static constexpr std::size_t kStageFreqLength = 8200;
@@ -147,8 +147,8 @@ private:
     GVRSignal signalTwoRecord_;
     GVRFilter filterOneRecord_;
     DesignLibrary& designLibrary_;
-    std::unique_ptr<LibraryDesignSource> ownSource_;  // reads designLibrary_
-    const DesignSource* library_ = nullptr;           // never null
+    std::unique_ptr<LibraryDesignSource> ownSource_; // reads designLibrary_
+    const DesignSource* library_ = nullptr;          // never null
     ProjectView* winProject_ = nullptr;
     QString lastFileError_;
 };

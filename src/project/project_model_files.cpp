@@ -9,7 +9,8 @@
 #include "library/library_design_source.h"
 
 GVRProjectModel::GVRProjectModel(DesignLibrary& library)
-    : designLibrary_(library), ownSource_(std::make_unique<LibraryDesignSource>(library)), library_(ownSource_.get())
+    : designLibrary_(library), ownSource_(std::make_unique<LibraryDesignSource>(library)),
+      library_(ownSource_.get())
 {
 }
 

@@ -112,7 +112,8 @@ const QStringList& GVRWinProject::signTitle()
 }
 
 GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
-    : QMainWindow(parent), library_(library), projectModel_(library), projectDirectory_(library.projectOneFolder())
+    : QMainWindow(parent), library_(library), projectModel_(library),
+      projectDirectory_(library.projectOneFolder())
 {
     setObjectName(QStringLiteral("GVRWinProject"));
     projectModel_.setWinProject(this);
@@ -156,7 +157,9 @@ GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
     hooks.lastFileError = [this] { return projectModel_.lastFileError(); };
     hooks.showNote = [this](const QString& text) { displayNoteField(text, 0.0, false); };
     DesignFileKind kind = DesignFileKind::project([this] { return projectDirectory_; });
-    kind.windowKind = [this] { return blockDiagramNumber_ == 1 ? tr("Sum & Filter Model") : tr("Multirate Model"); };
+    kind.windowKind = [this] {
+        return blockDiagramNumber_ == 1 ? tr("Sum & Filter Model") : tr("Multirate Model");
+    };
     fileCommands_ = new DesignFileCommands(this, std::move(kind), std::move(hooks), this);
 
     // The loading steps: lists, steppers, the automatic filter chosen, tool
@@ -527,8 +530,9 @@ void GVRWinProject::restoreProjectParameters(const QVariantMap& parameters)
         const int shown = std::clamp(stored, stepper->minimum(), stepper->maximum());
         stepper->setValue(shown);
         if (shown != stored)
-            restoreNote_ += (restoreNote_.isEmpty() ? QString() : QStringLiteral("; ")) +
-                            tr("%1 = %2 in the file was limited to %3").arg(QLatin1String(symbol)).arg(stored).arg(shown);
+            restoreNote_ +=
+                (restoreNote_.isEmpty() ? QString() : QStringLiteral("; ")) +
+                tr("%1 = %2 in the file was limited to %3").arg(QLatin1String(symbol)).arg(stored).arg(shown);
     }
     if (parameters.value(KEYMOD_MULTIRATE_FILT).toInt() == UserFilter)
         userFilterBut_->setChecked(true);
@@ -583,7 +587,8 @@ void GVRWinProject::connectEdits()
 {
     // Choices the design reads mark the project changed since its last save or open.
     auto edited = [this] { fileCommands_->setModified(true); };
-    for (QComboBox* popUp : {signalOnePopUp_, signalTwoPopUp_, signalOneSignPopUp_, signalTwoSignPopUp_, filterPopUp_})
+    for (QComboBox* popUp :
+         {signalOnePopUp_, signalTwoPopUp_, signalOneSignPopUp_, signalTwoSignPopUp_, filterPopUp_})
         connect(popUp, &QComboBox::activated, this, edited);
     for (QSpinBox* stepper : {multirateLStepper_, multirateMStepper_})
         connect(stepper, &QSpinBox::valueChanged, this, edited);

@@ -153,8 +153,8 @@ private:
     DesignFileCommands* fileCommands_ = nullptr;
 
     int blockDiagramNumber_ = 1;
-    bool modeShown_ = false;  // a mode entry point has set the window up
-    QString restoreNote_;     // what an open had to limit, for the note line
+    bool modeShown_ = false; // a mode entry point has set the window up
+    QString restoreNote_;    // what an open had to limit, for the note line
     QString projectDirectory_;
     std::vector<double> timeArray_;
     std::vector<double> freqArray_;

@@ -36,8 +36,8 @@ struct MenuLayout {
 };
 const MenuLayout kMenus[] = {
     {QT_TR_NOOP("&File"),
-     {"newAction", "openAction", kRecentMenu, "saveAction", "saveAsAction", "", "exportAction", "exportChartAction", "",
-      "preferencesAction", "", "quitAction"}},
+     {"newAction", "openAction", kRecentMenu, "saveAction", "saveAsAction", "", "exportAction",
+      "exportChartAction", "", "preferencesAction", "", "quitAction"}},
     {QT_TR_NOOP("&Window"),
      {"filterDesignerAction", "signalDesignerAction", "", "sumAndFilterAction", "multirateAction", "",
       "filterInspectorAction", "signalInspectorAction", "firExportAction"}},
@@ -132,8 +132,9 @@ void GVRMenuController::createActions()
         if (t.firExport)
             t.firExport->showGVRWinFirExport();
     });
-    addAction("manualAction", tr("Orvana User Manual"), [this] { viewManual(); })
-        ->setShortcut(QKeySequence::HelpContents);
+    addAction("manualAction", tr("Orvana User Manual"), [this] {
+        viewManual();
+    })->setShortcut(QKeySequence::HelpContents);
     addAction("aboutAction", tr("&About Orvana"), [this] { showAbout(); })->setMenuRole(QAction::AboutRole);
 }
 
@@ -179,7 +180,7 @@ void GVRMenuController::installMenus(QMainWindow* window)
                 connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(recent); });
             } else {
                 QAction* shared = action(QLatin1String(item));
-                Q_ASSERT(shared);  // every name in the layout is made by createActions()
+                Q_ASSERT(shared); // every name in the layout is made by createActions()
                 if (shared)
                     menu->addAction(shared);
             }

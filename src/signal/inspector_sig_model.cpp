@@ -128,6 +128,7 @@ QList<GVRInspectSig> GVRInspectorSigModel::getSigInspectorArray()
     QList<GVRInspectSig> rows;
     const QString extension = DesignLibrary::extension(DesignLibrary::Folder::Signal);
     for (const DesignFileEntry& entry : library_.files(DesignLibrary::Folder::Signal))
-        rows << rowForFile(library_.signalFolder() + u'/' + entry.fileName, entry.fileName.chopped(extension.size()));
+        rows << rowForFile(library_.signalFolder() + u'/' + entry.fileName,
+                           entry.fileName.chopped(extension.size()));
     return rows;
 }

@@ -424,7 +424,8 @@ void GVRWinSignalDesign::connectControls()
     connect(voltUnitsPopUp_, &QComboBox::activated, this, edited);
     connect(yFuncStepper_, &QSpinBox::valueChanged, this, edited);
     // Return in the function stepper designs, as in the number fields.
-    connect(spinBoxEditor(yFuncStepper_), &QLineEdit::returnPressed, this, &GVRWinSignalDesign::pressDesignSignalBut);
+    connect(spinBoxEditor(yFuncStepper_), &QLineEdit::returnPressed, this,
+            &GVRWinSignalDesign::pressDesignSignalBut);
 }
 
 void GVRWinSignalDesign::closeEvent(QCloseEvent* event)

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr double kRecordLength = 16384.0;  // samples per record: τ ≤ 16384 / fs
+constexpr double kRecordLength = 16384.0; // samples per record: τ ≤ 16384 / fs
 
 // The texts of the note line.
 const QString kFsPositive = QStringLiteral("VALID RANGE: f samp > 0");
@@ -52,7 +52,7 @@ bool allFinite(const std::vector<double>& values)
     return std::all_of(values.begin(), values.end(), [](double v) { return std::isfinite(v); });
 }
 
-}  // namespace
+} // namespace
 
 QVariantMap GVRSignalDesignerModel::parameterDictionary(std::int64_t freqUnits, std::int64_t voltUnits,
                                                         double samplingFreq, double yStepIndex,
@@ -103,7 +103,7 @@ bool GVRSignalDesignerModel::checkAllParameters()
 {
     note(QString(), 0.0, false);
     if (!(yStepIndex_ >= 0.0 && yStepIndex_ < 11.0))
-        return false;  // includes NaN: no such function, no message
+        return false; // includes NaN: no such function, no message
     switch (static_cast<unsigned>(yStepIndex_)) {
     case 0:
     case 3:
@@ -285,8 +285,8 @@ void GVRSignalDesignerModel::designSignal()
     const SignalExtremes magnitude = magSpectrum(workSignal_, workSpectrum_);
 
     const auto fill = [&](std::vector<double>& array, SignalExtremes extremes, std::span<const double> data) {
-        array.assign({samplingFreq_, maxFreq, static_cast<double>(voltUnits_), static_cast<double>(freqUnits_),
-                      extremes.max, extremes.min, 0.0, 0.0});
+        array.assign({samplingFreq_, maxFreq, static_cast<double>(voltUnits_),
+                      static_cast<double>(freqUnits_), extremes.max, extremes.min, 0.0, 0.0});
         array.insert(array.end(), data.begin(), data.end());
     };
     fill(spareTime_, amplitude, workSignal_);

@@ -19,8 +19,8 @@ class SignalDesignView;
 class GVRSignalDesignerModel {
 public:
     static constexpr std::size_t kHeaderLength = 8;
-    static constexpr std::size_t kTimeArrayLength = 16392;  // header + 16384 samples
-    static constexpr std::size_t kFreqArrayLength = 8200;   // header + 8192 magnitudes
+    static constexpr std::size_t kTimeArrayLength = 16392; // header + 16384 samples
+    static constexpr std::size_t kFreqArrayLength = 8200;  // header + 8192 magnitudes
 
     // `library` is where designs are saved and opened; it must outlive the model.
     explicit GVRSignalDesignerModel(DesignLibrary& library) : library_(library) {}
@@ -46,8 +46,9 @@ public:
     void optimalSamplingRateCheck();
 
     // A parameter dictionary as the window builds it.
-    static QVariantMap parameterDictionary(std::int64_t freqUnits, std::int64_t voltUnits, double samplingFreq,
-                                           double yStepIndex, const std::array<double, 6>& parms);
+    static QVariantMap parameterDictionary(std::int64_t freqUnits, std::int64_t voltUnits,
+                                           double samplingFreq, double yStepIndex,
+                                           const std::array<double, 6>& parms);
 
     // Results of the last successful design.
     const std::vector<double>& timeDomainArray() const { return timeDomainArray_; }

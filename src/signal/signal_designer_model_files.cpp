@@ -48,8 +48,7 @@ bool GVRSignalDesignerModel::openSignalDesignWithFileName(const QString& name)
     lastFileError_ = designOpenNameProblem(QStringLiteral("signal"), name);
     if (!lastFileError_.isEmpty())
         return false;
-    const std::optional<GVRSignal> record =
-        readSignalFile(library_.signalPath(name), &lastFileError_);
+    const std::optional<GVRSignal> record = readSignalFile(library_.signalPath(name), &lastFileError_);
     if (!record)
         return false;
 

@@ -10,8 +10,8 @@
 #include "signal/inspector_sig_table_model.h"
 
 GVRWinSigInspector::GVRWinSigInspector(DesignLibrary& library, QWidget* parent)
-    : QMainWindow(parent), library_(library), inspectorSigModel_(library), tableModel_(new GVRInspectorSigTableModel(this)),
-      table_(new QTableView(this))
+    : QMainWindow(parent), library_(library), inspectorSigModel_(library),
+      tableModel_(new GVRInspectorSigTableModel(this)), table_(new QTableView(this))
 {
     setObjectName(QStringLiteral("GVRWinSigInspector"));
     setWindowTitle(tr("Signal Inspector"));
@@ -47,6 +47,7 @@ void GVRWinSigInspector::updateTableDisplay()
     listed_ = true;
     // The rows come back in the folder's order; no column claims to sort them.
     table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    filler_.fillFromFolder(*table_, *tableModel_, library_, DesignLibrary::Folder::Signal, &GVRInspectorSigModel::rowForFile);
+    filler_.fillFromFolder(*table_, *tableModel_, library_, DesignLibrary::Folder::Signal,
+                           &GVRInspectorSigModel::rowForFile);
     table_->clearSelection();
 }

@@ -53,7 +53,8 @@ QMessageBox* DesignFileAlerts::alertDuplicateFile(const QString& name, std::func
                                                   std::function<void()> onCancel)
 {
     return askWithFirstButton(tr("\"%1\" already exists. Do you want to replace it?").arg(name),
-                              replaceInformativeText_, tr("Replace"), std::move(onReplace), std::move(onCancel));
+                              replaceInformativeText_, tr("Replace"), std::move(onReplace),
+                              std::move(onCancel));
 }
 
 QMessageBox* DesignFileAlerts::alertOverwriteFile(const QString& name, std::function<void()> onOverwrite,
@@ -65,7 +66,8 @@ QMessageBox* DesignFileAlerts::alertOverwriteFile(const QString& name, std::func
 }
 
 QMessageBox* DesignFileAlerts::alertSaveChanges(const QString& name, std::function<void()> onSave,
-                                                std::function<void()> onDontSave, std::function<void()> onCancel)
+                                                std::function<void()> onDontSave,
+                                                std::function<void()> onCancel)
 {
     QMessageBox* box = makeAlert(tr("Do you want to save the changes you made to \"%1\"?").arg(name),
                                  tr("Your changes will be lost if you don't save them."));

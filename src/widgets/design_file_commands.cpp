@@ -72,8 +72,7 @@ void DesignFileCommands::proceedAfterSaving(std::function<void()> proceed)
 {
     // Only a design that could be saved is worth the question: an edit that
     // never designed has nothing a save could keep.
-    const bool worthAsking =
-        isModified() && (!hooks_.nothingToSave || hooks_.nothingToSave().isEmpty());
+    const bool worthAsking = isModified() && (!hooks_.nothingToSave || hooks_.nothingToSave().isEmpty());
     if (!worthAsking) {
         if (proceed)
             proceed();
@@ -127,9 +126,8 @@ void DesignFileCommands::quitAfterSaving(QList<QPointer<DesignFileCommands>> des
         return;
     }
     DesignFileCommands* first = designers.takeFirst();
-    first->proceedAfterSaving([rest = std::move(designers), quit = std::move(quit)] {
-        quitAfterSaving(rest, quit);
-    });
+    first->proceedAfterSaving(
+        [rest = std::move(designers), quit = std::move(quit)] { quitAfterSaving(rest, quit); });
 }
 
 QString DesignFileCommands::pathForName(const QString& name) const

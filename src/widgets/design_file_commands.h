@@ -30,9 +30,9 @@ struct DesignFileHooks {
     std::function<bool(const QString& name)> openDesign; // model reads the file; false when refused
     std::function<bool(const QString& name)> saveDesign; // model writes the file; false when not
     std::function<void()> redesign;                      // design afresh from the form
-    std::function<QString()> nothingToSave;              // why there is no design to save; empty when there is
-    std::function<QString()> lastFileError;              // the model's reason for a failed open or save
-    std::function<void(const QString&)> showNote;        // a message on the note line
+    std::function<QString()> nothingToSave;       // why there is no design to save; empty when there is
+    std::function<QString()> lastFileError;       // the model's reason for a failed open or save
+    std::function<void(const QString&)> showNote; // a message on the note line
 };
 
 class DesignFileCommands : public QObject {

@@ -80,9 +80,8 @@ public:
                              if (!watcher->isCanceled() && done)
                                  done();
                          });
-        watcher_->setFuture(QtConcurrent::mapped(backgroundPool(), std::move(indexes), [make = std::move(make)](qsizetype i) {
-            return make(i);
-        }));
+        watcher_->setFuture(QtConcurrent::mapped(backgroundPool(), std::move(indexes),
+                                                 [make = std::move(make)](qsizetype i) { return make(i); }));
     }
 
     // Decoding leaves one core to the window thread, at low priority, so a

@@ -33,7 +33,8 @@ template <class Decode> bool scalarsAgree(const QByteArray& bytes, Decode decode
     const auto whole = decode(bytes, &wholeError, ArchiveReach::Whole);
     const auto scalars = decode(bytes, &scalarError, ArchiveReach::ScalarsOnly);
     EXPECT_TRUE(scalars || !scalarError.isEmpty());
-    EXPECT_TRUE(!whole || (scalars && scalarBytes(*scalars) == scalarBytes(*whole))) << scalarError.toStdString();
+    EXPECT_TRUE(!whole || (scalars && scalarBytes(*scalars) == scalarBytes(*whole)))
+        << scalarError.toStdString();
     return scalars.has_value();
 }
 
@@ -41,8 +42,12 @@ template <class Decode> bool scalarsAgree(const QByteArray& bytes, Decode decode
 
 TEST(ScalarReach, SameScalarsAsTheWholeDecodeThroughDamage)
 {
-    const auto filter = [](const QByteArray& b, QString* e, ArchiveReach r) { return decodeFilterArchive(b, e, r); };
-    const auto signal = [](const QByteArray& b, QString* e, ArchiveReach r) { return decodeSignalArchive(b, e, r); };
+    const auto filter = [](const QByteArray& b, QString* e, ArchiveReach r) {
+        return decodeFilterArchive(b, e, r);
+    };
+    const auto signal = [](const QByteArray& b, QString* e, ArchiveReach r) {
+        return decodeSignalArchive(b, e, r);
+    };
     const QByteArray filterBytes = encodeFilterArchive(archive_test::awkwardFilter());
     const QByteArray signalBytes = encodeSignalArchive(archive_test::awkwardSignal());
     EXPECT_FALSE(decodeSignalArchive(signalBytes, nullptr, ArchiveReach::ScalarsOnly)->sampledSignalArray);
@@ -58,7 +63,8 @@ TEST(ScalarReach, SameScalarsAsTheWholeDecodeThroughDamage)
             QByteArray bytes = *original;
             for (int changes = round % 3; changes >= 0; --changes)
                 bytes[position(random)] = char(random() & 0xFF);
-            const bool ok = original == &filterBytes ? scalarsAgree(bytes, filter) : scalarsAgree(bytes, signal);
+            const bool ok =
+                original == &filterBytes ? scalarsAgree(bytes, filter) : scalarsAgree(bytes, signal);
             ++(ok ? read : refused);
         }
     }

@@ -1,26 +1,12 @@
 // --plot charts of the further design views: the Multirate stages of the
 // project verb, and their CSV row counts and refusals.
-#include <QFile>
 #include <QJsonArray>
 #include <QTemporaryDir>
 
 #include "cli_test_support.h"
 #include "support/temp_library.h"
 
-namespace {
-
-QList<QList<QByteArray>> csvRows(const QString& path)
-{
-    QFile file(path);
-    QList<QList<QByteArray>> rows;
-    if (file.open(QIODevice::ReadOnly))
-        for (const QByteArray& line : file.readAll().split('\n'))
-            if (!line.isEmpty())
-                rows << line.split(',');
-    return rows;
-}
-
-} // namespace
+using clitest::csvCells;
 
 // Each stage chart: a header and 16384 time rows or 8192 spectrum rows, the
 // time axis at L·fs (300 KHz · 3); the Sum & Filter model has no stages.
@@ -36,7 +22,7 @@ TEST(DesignViewsCli, MultirateStageCharts)
         const QString path = temp.root() + "/" + chart + ".csv";
         const auto r = clitest::runCli(project + QStringList{"--plot", path, "--chart", chart}, temp.root());
         ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-        const auto rows = csvRows(path);
+        const auto rows = csvCells(path);
         ASSERT_EQ(rows.size(), (time ? 16384 : 8192) + 1);
         if (time)
             EXPECT_NEAR(rows[2][0].toDouble(), 1.0 / 900.0, 1e-9); // mS per sample at 900 KHz
@@ -65,7 +51,7 @@ TEST(DesignViewsCli, WordLengthCsvHasTheFourteenSweepRows)
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
     const auto sweep = clitest::runCli(QStringList{"sweep"} + design + QStringList{"--json"});
     const QJsonArray expected = clitest::json(sweep).value("rows").toArray();
-    const auto rows = csvRows(path);
+    const auto rows = csvCells(path);
     ASSERT_EQ(rows.size(), 15);
     ASSERT_EQ(expected.size(), 14);
     EXPECT_EQ(rows[0].size(), 3);
@@ -96,7 +82,7 @@ TEST(DesignViewsCli, ZerosCsvHasNMinusOneRowsWithLeadingZeroCoefficients)
         int leading = 0;
         while (leading < cp.size() && cp[leading].toDouble() == 0.0)
             ++leading;
-        const auto rows = csvRows(path);
+        const auto rows = csvCells(path);
         ASSERT_EQ(rows.size(), 1 + 50);
         int infinite = 0;
         int origin = 0;
@@ -132,7 +118,7 @@ TEST(DesignViewsCli, CompareCsvEqualsEachDesignsMagnitudeChart)
     const QString path = temp.root() + "/compare.csv";
     const auto r = clitest::runCli({"compare", "a", "b.filt", "c", "--plot", path}, temp.root());
     ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
-    const auto rows = csvRows(path);
+    const auto rows = csvCells(path);
     ASSERT_EQ(rows.size(), 2049);
     EXPECT_EQ(rows[0].size(), 4);
     for (int k = 0; k < 2048; ++k) {

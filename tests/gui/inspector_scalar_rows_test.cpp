@@ -37,6 +37,7 @@ TEST(InspectorScalarRows, SampleRowsMatchTheWholeRecordAndDamageShows)
         const GVRInspectSig whole = GVRInspectorSigModel::rowForRecord(file, *readSignalFile(path));
         for (const QString& key : GVRInspectSig::keys())
             EXPECT_EQ(row.value(key), whole.value(key)) << key.toStdString();
-        EXPECT_EQ(GVRInspectorSigModel::rowForFile(cut + file, file).function, GVRInspectorSigModel::unreadableFunctionText());
+        EXPECT_EQ(GVRInspectorSigModel::rowForFile(cut + file, file).function,
+                  GVRInspectorSigModel::unreadableFunctionText());
     }
 }

@@ -28,9 +28,11 @@ int main(int argc, char* argv[])
         mode = arguments.takeAt(1);
         target = arguments.takeAt(1);
     }
-    const QStringList modes{QStringLiteral("--screenshot"), QStringLiteral("--tour"), QStringLiteral("--launch")};
+    const QStringList modes{QStringLiteral("--screenshot"), QStringLiteral("--tour"),
+                            QStringLiteral("--launch")};
     if (!modes.contains(mode)) {
-        std::fprintf(stderr, "usage: orvana-selftest --screenshot PNG | --tour DIR | --launch - [orvana options]\n");
+        std::fprintf(stderr,
+                     "usage: orvana-selftest --screenshot PNG | --tour DIR | --launch - [orvana options]\n");
         return 2;
     }
     StartupHooks hooks;
