@@ -28,4 +28,6 @@ struct GVRInspectSig {
     bool setValue(const QString& key, const QVariant& cell);
     // The thirteen column identifiers in table order.
     static const QStringList& keys();
+
+    bool operator==(const GVRInspectSig&) const = default;
 };
