@@ -187,19 +187,16 @@ QList<DesignFileEntry> DesignLibrary::files(Folder folder) const
 
 QStringList DesignLibrary::designNames(Folder folder) const
 {
-    // Names only: no modification dates to fetch for pop-ups of thousands.
-    const QString ext = extension(folder);
-    QStringList names;
-    const QStringList entries =
-        QDir(folderPath(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
-    for (const QString& name : entries)
-        if (name.size() > ext.size() && name.endsWith(ext, Qt::CaseSensitive))
-            names.append(name.chopped(ext.size()));
+    const qsizetype extLength = extension(folder).size();
+    QStringList names = fileNames(folder);
+    for (QString& name : names)
+        name.chop(extLength);
     return names;
 }
 
 QStringList DesignLibrary::fileNames(Folder folder) const
 {
+    // Names only: no modification dates to fetch for lists of thousands.
     const QString ext = extension(folder);
     QStringList names;
     const QStringList entries =

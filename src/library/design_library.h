@@ -100,7 +100,8 @@ public:
     QList<LibraryProblem> ensureFolders() const;
 
     // Files of a folder with its extension (case-sensitive, hidden ones too),
-    // in the order the file system lists them; empty when the folder is missing.
+    // in natural order (case-insensitive, digit runs as numbers); empty when
+    // the folder is missing.
     QList<DesignFileEntry> files(Folder folder) const;
     // The same files' design names (without the extension), same order.
     QStringList designNames(Folder folder) const;
