@@ -3,7 +3,6 @@
 
 #include <QHeaderView>
 #include <QTableView>
-#include <QTimer>
 
 #include "filter/inspector_filt_table_model.h"
 #include "library/design_library.h"
@@ -22,12 +21,7 @@ GVRWinFiltInspector::GVRWinFiltInspector(DesignLibrary& library, QWidget* parent
 
     connect(&library, &DesignLibrary::newFilterFile, this, &GVRWinFiltInspector::updateTableDisplay);
     fitInspectorToColumns(*this, *table_);
-    // Listed once the event loop runs, so a large folder never holds up the
-    // program's first paint.
-    QTimer::singleShot(0, this, [this] {
-        if (!listed_)
-            updateTableDisplay();
-    });
+    filler_.fillWhenIdle(this, [this] { updateTableDisplay(); });
 }
 
 const QList<GVRInspectFilt>& GVRWinFiltInspector::inspectorDataArray() const
@@ -44,7 +38,6 @@ void GVRWinFiltInspector::showGVRWinFiltInspector()
 
 void GVRWinFiltInspector::updateTableDisplay()
 {
-    listed_ = true;
     // The rows come back in the folder's order; no column claims to sort them.
     table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     filler_.fillFromFolder(*table_, *tableModel_, library_, DesignLibrary::Folder::Filter,

@@ -35,12 +35,7 @@ public:
     bool rowsLoading() const { return filler_.busy(); }
     // Blocks until every row is in, listing the folder first if the event
     // loop has not yet come to it.
-    void waitForRows()
-    {
-        if (!listed_)
-            updateTableDisplay();
-        filler_.waitForRows();
-    }
+    void waitForRows() { filler_.waitForRows(); }
 
 private:
     const DesignLibrary& library_;
@@ -48,5 +43,4 @@ private:
     GVRInspectorFiltModel inspectorFiltModel_;
     GVRInspectorFiltTableModel* tableModel_ = nullptr;
     QTableView* table_ = nullptr;
-    bool listed_ = false;
 };

@@ -410,7 +410,8 @@ void GVRWinProject::initPopUpsWithMandatoryFlag(bool mandatory)
 {
     if (graphPopUp_->count() >= 2 && !mandatory)
         return;
-    if (mandatory || namesListed_)
+    // At construction the names wait for ensureDesignNamesListed().
+    if (mandatory)
         listDesignNames();
     setGraphTitles();
     for (QComboBox* popUp : {signalOneSignPopUp_, signalTwoSignPopUp_}) {

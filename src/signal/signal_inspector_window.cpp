@@ -3,7 +3,6 @@
 
 #include <QHeaderView>
 #include <QTableView>
-#include <QTimer>
 
 #include "library/design_library.h"
 #include "widgets/inspector_table.h"
@@ -22,12 +21,7 @@ GVRWinSigInspector::GVRWinSigInspector(DesignLibrary& library, QWidget* parent)
 
     connect(&library, &DesignLibrary::newSignalFile, this, &GVRWinSigInspector::updateTableDisplay);
     fitInspectorToColumns(*this, *table_);
-    // Listed once the event loop runs, so a large folder never holds up the
-    // program's first paint.
-    QTimer::singleShot(0, this, [this] {
-        if (!listed_)
-            updateTableDisplay();
-    });
+    filler_.fillWhenIdle(this, [this] { updateTableDisplay(); });
 }
 
 const QList<GVRInspectSig>& GVRWinSigInspector::inspectorDataArray() const
@@ -44,7 +38,6 @@ void GVRWinSigInspector::showGVRWinSigInspector()
 
 void GVRWinSigInspector::updateTableDisplay()
 {
-    listed_ = true;
     // The rows come back in the folder's order; no column claims to sort them.
     table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     filler_.fillFromFolder(*table_, *tableModel_, library_, DesignLibrary::Folder::Signal,

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 #include <QCoreApplication>
 #include <QFutureWatcher>
@@ -16,6 +17,7 @@
 #include <QTableView>
 #include <QThread>
 #include <QThreadPool>
+#include <QTimer>
 #include <QtConcurrent/QtConcurrentMap>
 
 #include "library/design_library.h"
@@ -39,6 +41,7 @@ public:
     void fill(QTableView& table, RowTableModel<Row>& model, QList<Row> placeholders,
               std::function<Row(qsizetype)> make, std::function<void()> done = {})
     {
+        pending_ = nullptr; // a fill now makes a deferred one moot
         stop();
         if (placeholders.size() <= kRowsFilledInLine) {
             for (qsizetype i = 0; i < placeholders.size(); ++i)
@@ -113,11 +116,21 @@ public:
         });
     }
 
+    // Runs `fillNow` once the event loop comes to it (so a large folder never
+    // holds up the window's first paint), or at the first waitForRows(),
+    // whichever comes first; a fill started meanwhile makes it moot.
+    void fillWhenIdle(QObject* context, std::function<void()> fillNow)
+    {
+        pending_ = std::move(fillNow);
+        QTimer::singleShot(0, context, [this] { runPending(); });
+    }
+
     // True while rows are still being decoded.
     bool busy() const { return watcher_ && watcher_->isRunning(); }
     // Blocks until every row is in (tests, and a refresh that must be whole).
     void waitForRows()
     {
+        runPending();
         if (!watcher_)
             return;
         watcher_->waitForFinished();
@@ -126,6 +139,12 @@ public:
     }
 
 private:
+    void runPending()
+    {
+        if (auto fillNow = std::exchange(pending_, nullptr))
+            fillNow();
+    }
+
     // The header as it was before a background fill: sortable, columns fitted.
     void restoreHeader()
     {
@@ -153,4 +172,5 @@ private:
     QFutureWatcher<Row>* watcher_ = nullptr;
     QPointer<QHeaderView> header_;
     QList<int> fitted_;
+    std::function<void()> pending_;
 };
