@@ -3,6 +3,7 @@
 
 #include "charts/chart_scene.h"
 #include "charts/chart_series.h"
+#include "charts/project_array_layout.h"
 #include "charts/spectrum_chart_layout.h"
 #include "charts/time_chart_layout.h"
 #include "cli/cli_options.h"
@@ -11,20 +12,7 @@
 
 namespace cli {
 
-namespace {
-
-// Header and first value of the input and output halves of the project arrays.
-constexpr int kInputHeader = 0;
-constexpr int kOutputHeader = 8;
-constexpr int kInputSamples = 16;
-constexpr int kOutputSamples = 16400;
-constexpr int kInputBins = 16;
-constexpr int kOutputBins = 8208;
-// A stage comes as one record in the signal layout.
-constexpr int kStageHeader = 0;
-constexpr int kStageFirst = 8;
-
-} // namespace
+using namespace projectarrays;
 
 QStringList projectChartNames()
 {
@@ -52,16 +40,16 @@ int writeProjectPlot(const PlotRequest& plot, const GVRProjectModel& model,
                                                      : GVRProjectModel::MultirateStage::Filtered);
     const std::vector<double>& time = stage ? stageArrays.time : projectTime;
     const std::vector<double>& freq = stage ? stageArrays.freq : projectFreq;
-    const int header = stage ? kStageHeader : input ? kInputHeader : kOutputHeader;
+    const int header = stage ? kSingleRecordHeader : input ? kInputHeader : kOutputHeader;
     const QString verb = QStringLiteral("project");
     if (chart.endsWith(QLatin1String("-time"))) {
-        const int first = stage ? kStageFirst : input ? kInputSamples : kOutputSamples;
+        const int first = stage ? kSingleRecordFirst : input ? kInputSamples : kOutputSamples;
         const float zoom = plot.zoom();
         return plot.write([&](float w, float h) { return layoutTimeChart(time, header, first, zoom, w, h); },
                           chartseries::timeSeries(time, header, first, zoom), QStringLiteral("Time Domain"),
                           verb);
     }
-    const int first = stage ? kStageFirst : input ? kInputBins : kOutputBins;
+    const int first = stage ? kSingleRecordFirst : input ? kInputBins : kOutputBins;
     return plot.write([&](float w, float h) { return layoutSpectrumChart(freq, header, first, w, h); },
                       chartseries::spectrumSeries(freq, header, first), QStringLiteral("Spectrum"), verb);
 }

@@ -1,16 +1,8 @@
 // The spectrum chart of the project window.
 #include "charts/view_proj_freq.h"
 
-namespace {
-
-// Header and first bin of the input and output halves of the project frequency array.
-constexpr int kInputHeader = 0;
-constexpr int kInputBins = 16;
-constexpr int kOutputHeader = 8;
-constexpr int kOutputBins = 8208;
-constexpr int kSingleRecordBins = 8;
-
-} // namespace
+#include "charts/project_array_layout.h"
+using namespace projectarrays;
 
 GVRViewProjFreq::GVRViewProjFreq(QWidget* parent) : GVRSpectrumChartView(kInputHeader, kInputBins, parent) {}
 
@@ -26,5 +18,5 @@ void GVRViewProjFreq::selectChartOne(bool input)
 void GVRViewProjFreq::selectSingleRecord()
 {
     showsInput_ = false;
-    setBases(kInputHeader, kSingleRecordBins);
+    setBases(kSingleRecordHeader, kSingleRecordFirst);
 }

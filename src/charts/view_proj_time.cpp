@@ -1,16 +1,8 @@
 // The time chart of the project window.
 #include "charts/view_proj_time.h"
 
-namespace {
-
-// Header and first sample of the input and output halves of the project time array.
-constexpr int kInputHeader = 0;
-constexpr int kInputSamples = 16;
-constexpr int kOutputHeader = 8;
-constexpr int kOutputSamples = 16400;
-constexpr int kSingleRecordSamples = 8;
-
-} // namespace
+#include "charts/project_array_layout.h"
+using namespace projectarrays;
 
 GVRViewProjTime::GVRViewProjTime(QWidget* parent) : GVRTimeChartView(kInputHeader, kInputSamples, parent) {}
 
@@ -31,5 +23,5 @@ void GVRViewProjTime::selectChartOne(bool input)
 void GVRViewProjTime::selectSingleRecord()
 {
     showsInput_ = false;
-    setBases(kInputHeader, kSingleRecordSamples);
+    setBases(kSingleRecordHeader, kSingleRecordFirst);
 }
