@@ -11,6 +11,7 @@
 #include <QFileInfo>
 
 #include "archive/atomic_write.h"
+#include "library/folder_listing.h"
 #include "library/library_location.h"
 #include "library/stale_temporaries.h"
 #include "library/natural_order.h"
@@ -199,8 +200,7 @@ QStringList DesignLibrary::fileNames(Folder folder) const
     // Names only: no modification dates to fetch for lists of thousands.
     const QString ext = extension(folder);
     QStringList names;
-    const QStringList entries =
-        QDir(folderPath(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
+    const QStringList entries = regularFileNames(folderPath(folder));
     for (const QString& name : entries)
         if (name.size() > ext.size() && name.endsWith(ext, Qt::CaseSensitive))
             names.append(name);

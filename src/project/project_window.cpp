@@ -18,7 +18,6 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QStringListModel>
-#include <QTimer>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -163,11 +162,11 @@ GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
     fileCommands_ = new DesignFileCommands(this, std::move(kind), std::move(hooks), this);
 
     // The loading steps: lists, steppers, the automatic filter chosen, tool
-    // tips. The design names are listed once the event loop runs (or sooner,
-    // when something needs them), so a large library never holds up the
-    // program's first paint.
+    // tips. The design names are listed once the program has painted (or
+    // sooner, when something needs them), so a large library never holds up
+    // its first paint.
     initPopUpsWithMandatoryFlag(false);
-    QTimer::singleShot(0, this, &GVRWinProject::ensureDesignNamesListed);
+    namesListing_.defer(this, [this] { listDesignNames(); });
     initSteppers();
     autoFilterBut_->setChecked(true);
     updateUnitsAndHiddenFields();
@@ -181,7 +180,7 @@ GVRWinProject::GVRWinProject(DesignLibrary& library, QWidget* parent)
     // folder changed: relisting thousands of designs at every activation
     // (the first comes with the first window) held up the first paint.
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
-        if (state == Qt::ApplicationActive && namesListed_ && designFoldersChanged())
+        if (state == Qt::ApplicationActive && !namesListing_.pending() && designFoldersChanged())
             handleNewFilterOrSignalFile();
     });
 }
@@ -425,7 +424,7 @@ void GVRWinProject::initPopUpsWithMandatoryFlag(bool mandatory)
 
 void GVRWinProject::listDesignNames()
 {
-    namesListed_ = true;
+    namesListing_.cancel();
     // Taken before listing: a change made while listing shows as a change.
     listedFolders_ = {fileIdentity(library_.filterFolder()), fileIdentity(library_.signalFolder()),
                       QDateTime::currentMSecsSinceEpoch() * 1000000LL};
@@ -438,8 +437,7 @@ void GVRWinProject::listDesignNames()
 
 void GVRWinProject::ensureDesignNamesListed()
 {
-    if (!namesListed_)
-        listDesignNames();
+    namesListing_.runNow();
 }
 
 void GVRWinProject::updateUnitsAndHiddenFields()

@@ -16,6 +16,7 @@
 #include "charts/freq_array_source.h"
 #include "charts/time_array_source.h"
 #include "project/project_model.h"
+#include "widgets/deferred_work.h"
 #include "library/file_identity.h"
 #include "project/project_view.h"
 
@@ -170,7 +171,7 @@ private:
     QComboBox* filterPopUp_ = nullptr;
     QStringListModel* filterNames_ = nullptr;
     QStringListModel* signalNames_ = nullptr;
-    bool namesListed_ = false;
+    DeferredWork namesListing_;
     QComboBox* graphPopUp_ = nullptr;
     QButtonGroup* autoFilterGenBut_ = nullptr;
     QRadioButton* userFilterBut_ = nullptr;

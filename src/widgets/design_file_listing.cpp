@@ -41,19 +41,6 @@ QList<GVRFile> designFilesInFolder(const QString& folder, const QString& extensi
     return rows;
 }
 
-QStringList designNamesInFolder(const QString& folder, const QString& extension)
-{
-    // Names only: no dates to read or format, for pop-ups of thousands of designs.
-    QStringList names;
-    if (folder.isEmpty())
-        return names;
-    const QStringList entries = QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);
-    for (const QString& name : entries)
-        if (name.endsWith(extension, Qt::CaseSensitive))
-            names.append(stripExtension(name, extension));
-    return names;
-}
-
 QString stripExtension(const QString& fileName, const QString& extension)
 {
     if (!fileName.endsWith(extension, Qt::CaseSensitive))

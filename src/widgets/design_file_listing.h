@@ -19,8 +19,5 @@ QDateTime parseFileDate(const QString& text);
 // in natural order of their names; empty when the folder is missing.
 QList<GVRFile> designFilesInFolder(const QString& folder, const QString& extension);
 
-// The same files' names without the extension, in the same order.
-QStringList designNamesInFolder(const QString& folder, const QString& extension);
-
 // `fileName` without a trailing `extension`; unchanged when it lacks it.
 QString stripExtension(const QString& fileName, const QString& extension);

@@ -17,10 +17,10 @@
 #include <QTableView>
 #include <QThread>
 #include <QThreadPool>
-#include <QTimer>
 #include <QtConcurrent/QtConcurrentMap>
 
 #include "library/design_library.h"
+#include "widgets/deferred_work.h"
 #include "widgets/row_table_model.h"
 
 // Up to this many rows are decoded in line: faster than a thread hop, and the
@@ -41,7 +41,7 @@ public:
     void fill(QTableView& table, RowTableModel<Row>& model, QList<Row> placeholders,
               std::function<Row(qsizetype)> make, std::function<void()> done = {})
     {
-        pending_ = nullptr; // a fill now makes a deferred one moot
+        deferred_.cancel(); // a fill now makes a deferred one moot
         stop();
         if (placeholders.size() <= kRowsFilledInLine) {
             for (qsizetype i = 0; i < placeholders.size(); ++i)
@@ -116,21 +116,20 @@ public:
         });
     }
 
-    // Runs `fillNow` once the event loop comes to it (so a large folder never
-    // holds up the window's first paint), or at the first waitForRows(),
-    // whichever comes first; a fill started meanwhile makes it moot.
+    // Runs `fillNow` once the program has painted (so a large folder never
+    // holds up the first paint), or at the first waitForRows(), whichever
+    // comes first; a fill started meanwhile makes it moot.
     void fillWhenIdle(QObject* context, std::function<void()> fillNow)
     {
-        pending_ = std::move(fillNow);
-        QTimer::singleShot(0, context, [this] { runPending(); });
+        deferred_.defer(context, std::move(fillNow));
     }
 
-    // True while rows are still being decoded.
-    bool busy() const { return watcher_ && watcher_->isRunning(); }
+    // True while rows are still to be listed or decoded.
+    bool busy() const { return deferred_.pending() || (watcher_ && watcher_->isRunning()); }
     // Blocks until every row is in (tests, and a refresh that must be whole).
     void waitForRows()
     {
-        runPending();
+        deferred_.runNow();
         if (!watcher_)
             return;
         watcher_->waitForFinished();
@@ -139,12 +138,6 @@ public:
     }
 
 private:
-    void runPending()
-    {
-        if (auto fillNow = std::exchange(pending_, nullptr))
-            fillNow();
-    }
-
     // The header as it was before a background fill: sortable, columns fitted.
     void restoreHeader()
     {
@@ -172,5 +165,5 @@ private:
     QFutureWatcher<Row>* watcher_ = nullptr;
     QPointer<QHeaderView> header_;
     QList<int> fitted_;
-    std::function<void()> pending_;
+    DeferredWork deferred_;
 };

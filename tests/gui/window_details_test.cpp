@@ -4,13 +4,14 @@
 // extension, Double designs let through only to the formats that write
 // doubles); and large folders filling the inspectors in worker threads (names
 // first, then every row decoded as a small folder shows it, an unreadable
-// file kept to its name).
+// file kept to its name, and nothing listed before the first paint).
 #include <gtest/gtest.h>
 
 #include <unistd.h>
 
 #include <QFileDialog>
 #include <QRadioButton>
+#include <QTest>
 #include <QTemporaryDir>
 
 #include "designer_test_support.h"
@@ -177,4 +178,18 @@ TEST(InspectorFill, LargeFoldersFillInWorkerThreads)
     ASSERT_EQ(signalRows.inspectorDataArray().size(), count);
     for (const GVRInspectSig& row : signalRows.inspectorDataArray())
         EXPECT_EQ(row.function, signalRow.function);
+}
+
+TEST(InspectorFill, RowsWaitForTheProgramsFirstPaint)
+{
+    designer_test::SeededLibrary seeded;
+    GVRWinFiltInspector filters(seeded.library);
+    for (int i = 0; i < 3; ++i)
+        QCoreApplication::processEvents();
+    EXPECT_TRUE(filters.rowsLoading()); // nothing painted yet
+    EXPECT_TRUE(filters.inspectorDataArray().isEmpty());
+    filters.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&filters));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !filters.rowsLoading(); }));
+    EXPECT_EQ(filters.inspectorDataArray().size(), 6);
 }

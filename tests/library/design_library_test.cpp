@@ -92,6 +92,8 @@ TEST_F(DesignLibraryTest, ListingIsInNaturalOrderAndOnlyItsExtension)
     for (const char* name : {"b.filt", "a.filt", ".hidden.filt", "c.filt.bak", "d.FILT", ".filt", "e.signal"})
         writeText(folder + "/" + name, name);
     ASSERT_TRUE(QDir(folder).mkdir("folder.filt"));
+    ASSERT_TRUE(QFile::link(folder + "/b.filt", folder + "/linked.filt"));
+    ASSERT_TRUE(QFile::link(folder + "/none", folder + "/dangling.filt"));
     const QDateTime when(QDate(2010, 3, 5), QTime(16, 7, 0));
     QFile stamped(folder + "/a.filt");
     ASSERT_TRUE(stamped.open(QIODevice::ReadWrite));
@@ -99,7 +101,7 @@ TEST_F(DesignLibraryTest, ListingIsInNaturalOrderAndOnlyItsExtension)
     stamped.close();
 
     // Natural order, whatever order the file system lists them in.
-    QStringList expected{".hidden.filt", "a.filt", "b.filt"};
+    QStringList expected{".hidden.filt", "a.filt", "b.filt", "linked.filt"};
     const QList<DesignFileEntry> entries = library.files(Folder::Filter);
     QStringList names;
     for (const DesignFileEntry& entry : entries) {

@@ -50,6 +50,10 @@ TEST(StaleTemporaries, OnlyOldFilesOfOurPatternsGo)
         const QStringList removed = library.removeStaleTemporaries();
         EXPECT_EQ(removed, c.removed ? QStringList{path} : QStringList{});
         EXPECT_EQ(QFile::exists(path), !c.removed);
+        // A link of our pattern is someone's arrangement.
+        const QString link = library.filterFolder() + "/.orvana-save-Link01";
+        ASSERT_TRUE(QFile::link(path, link));
+        EXPECT_TRUE(library.removeStaleTemporaries().isEmpty());
     }
 }
 
