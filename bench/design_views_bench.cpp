@@ -67,7 +67,7 @@ int main(int argc, char** argv)
     bench::loadFftWisdom();
 
     const std::vector<double> h = lowPass(255, 0.25);
-    bench::report("zeros of a 255-tap design, Eigen companion eigenvalues (target 50000)",
+    bench::report("zeros of a 255-tap design, Eigen colleague-matrix eigenvalues (target 50000)",
                   bench::medianMicros([&] { (void)designviews::transferZeros(h); }, 20),
                   bench::pythonMedianMicros("zeros_numpy.py", "20"), "numpy.roots");
 

@@ -119,6 +119,31 @@ QPainterPath curvePath(const QVector<QLineF>& segments)
     return path;
 }
 
+void drawCurve(QPainter& painter, const QVector<QLineF>& segments, const QColor& color, qreal width,
+               ChartPaintMode mode)
+{
+    const QPen pen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    if (mode == ChartPaintMode::Vector) {
+        // Files keep every point, as one path.
+        painter.strokePath(curvePath(segments), pen);
+        return;
+    }
+    // Separate segments with butt ends, all in one call; dense curves are
+    // thinned to what each pixel column can show, their solid columns filled
+    // in a second call without antialiasing (it would only soften their ends).
+    const ThinCurve curve = thinCurveForPixels(segments, width);
+    painter.setPen(pen);
+    painter.drawLines(curve.segments);
+    if (!curve.columns.isEmpty()) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawRects(curve.columns);
+        painter.restore();
+    }
+}
+
 // The legend of a chart with compared designs: a swatch and a name per
 // curve, the chart's own first, in a framed box at the top right.
 void paintLegend(QPainter& painter, const ChartScene& scene, QSizeF size, const QFont& font)
@@ -169,46 +194,11 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
         painter.setBrush(Qt::NoBrush);
     }
 
-    const QPen curvePen(scene.curveColor, kChartLineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
-    if (mode == ChartPaintMode::Vector) {
-        // Files keep every point, as one path.
-        painter.strokePath(curvePath(scene.curve), curvePen);
-    } else {
-        // Separate segments with butt ends, all in one call; dense curves are
-        // thinned to what each pixel column can show, their solid columns filled
-        // in a second call without antialiasing (it would only soften their ends).
-        const ThinCurve curve = thinCurveForPixels(scene.curve, kChartLineWidth);
-        painter.setPen(curvePen);
-        painter.drawLines(curve.segments);
-        if (!curve.columns.isEmpty()) {
-            painter.save();
-            painter.setRenderHint(QPainter::Antialiasing, false);
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(scene.curveColor);
-            painter.drawRects(curve.columns);
-            painter.restore();
-        }
-    }
-
-    if (!scene.overlay.isEmpty()) {
-        const QPen pen(scene.overlayColor, 1.5, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
-        if (mode == ChartPaintMode::Vector) {
-            painter.strokePath(curvePath(scene.overlay), pen);
-        } else {
-            painter.setPen(pen);
-            painter.drawLines(scene.overlay);
-        }
-    }
-
-    for (const ChartTrace& trace : scene.traces) {
-        const QPen pen(trace.color, 1.5, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
-        if (mode == ChartPaintMode::Vector) {
-            painter.strokePath(curvePath(trace.lines), pen);
-        } else {
-            painter.setPen(pen);
-            painter.drawLines(trace.lines);
-        }
-    }
+    drawCurve(painter, scene.curve, scene.curveColor, kChartLineWidth, mode);
+    if (!scene.overlay.isEmpty())
+        drawCurve(painter, scene.overlay, scene.overlayColor, 1.5, mode);
+    for (const ChartTrace& trace : scene.traces)
+        drawCurve(painter, trace.lines, trace.color, 1.5, mode);
 
     QPainterPath gridPath;
     for (const QLineF& line : scene.gridLines) {

@@ -42,9 +42,13 @@ private:
         const double lowY = points[low].y();
         const double highY = points[high].y();
         // A column where the curve turns back and spans more than a pen width
-        // is drawn solid anyway: one column shows it. A column the curve
-        // crosses in one direction keeps its slant through its end points.
-        if (highY - lowY >= penWidth_ && turnsBack(points, count)) {
+        // is drawn solid anyway: one column shows it. So is one the curve
+        // crosses steeply, a slant under a pen width wide over four of
+        // height (and an antialiased stroke of it costs per row). A column
+        // crossed in one direction at a gentler slope keeps its slant
+        // through its end points.
+        const double span = highY - lowY;
+        if ((span >= penWidth_ && turnsBack(points, count)) || span >= kSteepWidths * penWidth_) {
             // Joining from the previous column is needed unless that was a
             // bar overlapping this one.
             const bool covered = previousBar_ && lowY <= previousHigh_ && highY >= previousLow_;
@@ -135,6 +139,7 @@ private:
     ThinCurve& out_;
     const double penWidth_;
     static constexpr double kTolerance = 0.25; // pixels
+    static constexpr double kSteepWidths = 4.0;
     QVector<QPointF> kept_;
     QPointF anchor_;
     double slopeLow_ = 0.0;
