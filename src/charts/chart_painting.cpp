@@ -197,8 +197,10 @@ void paintChartScene(QPainter& painter, const ChartScene& scene, QSizeF size, co
     drawCurve(painter, scene.curve, scene.curveColor, kChartLineWidth, mode);
     if (!scene.overlay.isEmpty())
         drawCurve(painter, scene.overlay, scene.overlayColor, 1.5, mode);
+    // Compared curves one pixel wide: under the main curve, and Qt strokes
+    // antialiased lines of that width on its fast path.
     for (const ChartTrace& trace : scene.traces)
-        drawCurve(painter, trace.lines, trace.color, 1.5, mode);
+        drawCurve(painter, trace.lines, trace.color, 1.0, mode);
 
     QPainterPath gridPath;
     for (const QLineF& line : scene.gridLines) {

@@ -131,8 +131,19 @@ private:
 
     void flushKept()
     {
-        for (qsizetype i = 1; i < kept_.size(); ++i)
-            out_.segments.append(QLineF(kept_[i - 1], kept_[i]));
+        for (qsizetype i = 1; i < kept_.size(); ++i) {
+            const QPointF a = kept_[i - 1];
+            const QPointF b = kept_[i];
+            // A steep stroke about a pixel wide is a solid column too, off
+            // its slant by at most a little over half a pixel.
+            const double rise = std::abs(b.y() - a.y());
+            if (std::abs(b.x() - a.x()) <= kSteepRun && rise >= kSteepWidths * penWidth_) {
+                const double x = 0.5 * (a.x() + b.x());
+                out_.columns.append(QRectF(x - 0.5 * penWidth_, std::min(a.y(), b.y()), penWidth_, rise));
+            } else {
+                out_.segments.append(QLineF(a, b));
+            }
+        }
         kept_.clear();
     }
 
@@ -140,6 +151,7 @@ private:
     const double penWidth_;
     static constexpr double kTolerance = 0.25; // pixels
     static constexpr double kSteepWidths = 4.0;
+    static constexpr double kSteepRun = 1.25; // pixels
     QVector<QPointF> kept_;
     QPointF anchor_;
     double slopeLow_ = 0.0;
