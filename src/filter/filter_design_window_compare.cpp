@@ -19,7 +19,6 @@
 #include "charts/view_filt_design.h"
 #include "library/design_library.h"
 #include "library/library_design_source.h"
-#include "library/natural_order.h"
 #include "widgets/design_file_commands.h"
 
 QWidget* GVRWinFilterDesign::buildCompareRow(QWidget* parent)
@@ -54,10 +53,7 @@ void GVRWinFilterDesign::pressCompareBut()
     auto* list = new QListWidget(dialog);
     list->setObjectName(QStringLiteral("compareList"));
     list->setSelectionMode(QAbstractItemView::MultiSelection);
-    QStringList names = filterDesignModel_.library().designNames(DesignLibrary::Folder::Filter);
-    std::sort(names.begin(), names.end(),
-              [](const QString& a, const QString& b) { return compareNaturally(a, b) < 0; });
-    list->addItems(names);
+    list->addItems(filterDesignModel_.library().designNames(DesignLibrary::Folder::Filter));
     for (const ComparedFilter& f : compared_)
         for (QListWidgetItem* item : list->findItems(f.name, Qt::MatchExactly))
             item->setSelected(true);

@@ -39,8 +39,8 @@ const MenuLayout kMenus[] = {
      {"newAction", "openAction", kRecentMenu, "saveAction", "saveAsAction", "", "exportAction",
       "exportChartAction", "", "preferencesAction", "", "quitAction"}},
     {QT_TR_NOOP("&Window"),
-     {"filterDesignerAction", "signalDesignerAction", "", "sumAndFilterAction", "multirateAction", "",
-      "filterInspectorAction", "signalInspectorAction", "firExportAction"}},
+     {"filterDesignerAction", "compareFiltersAction", "signalDesignerAction", "", "sumAndFilterAction",
+      "multirateAction", "", "filterInspectorAction", "signalInspectorAction", "firExportAction"}},
     {QT_TR_NOOP("&Help"), {"manualAction", "aboutAction"}},
 };
 
@@ -107,6 +107,13 @@ void GVRMenuController::createActions()
     addAction("filterDesignerAction", tr("Filter Designer"), [t] {
         if (t.filterDesign)
             t.filterDesign->showGVRWinFilterDesign();
+    });
+    // Up to three saved filters over the designer's magnitude chart.
+    addAction("compareFiltersAction", tr("Compare Filters…"), [t] {
+        if (t.filterDesign) {
+            t.filterDesign->showGVRWinFilterDesign();
+            t.filterDesign->pressCompareBut();
+        }
     });
     addAction("signalDesignerAction", tr("Signal Designer"), [t] {
         if (t.signalDesign)

@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QSettings>
@@ -266,6 +267,13 @@ TEST_F(DesktopShell, WindowMenuOpensEveryWindowAndKeepsAnOpenProject)
     EXPECT_EQ(shell->project()->noteField()->text(), ""); // the sample designs without a rate error
     trigger("multirateAction");
     EXPECT_EQ(shell->project()->blockDiagramNumber(), 2);
+
+    shell->filterDesign()->hide();
+    trigger("compareFiltersAction"); // the designer, with its list of saved filters
+    EXPECT_TRUE(shell->filterDesign()->isVisible());
+    auto* list = shell->filterDesign()->findChild<QListWidget*>("compareList");
+    ASSERT_TRUE(list);
+    EXPECT_EQ(list->count(), 6);
 }
 
 TEST_F(DesktopShell, HelpOpensTheManualAndTheAboutBox)
