@@ -17,11 +17,13 @@
 #include "designer_test_support.h"
 #include "filter/filter_design_window.h"
 #include "filter/filter_inspector_window.h"
+#include "filter/inspector_filt_model.h"
 #include "project/fir_export_table_model.h"
 #include "project/fir_export_window.h"
 #include "project/project_window.h"
 #include "signal/signal_design_window.h"
 #include "signal/signal_inspector_window.h"
+#include "signal/inspector_sig_model.h"
 #include "widgets/number_field.h"
 
 TEST(ToolTips, EveryControlShowsItsText)
