@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThreadPool>
 
 #include "archive/atomic_write.h"
 #include "filter/filter_designer_model.h"
@@ -15,10 +16,15 @@
 #include "project/project_model.h"
 #include "signal/signal_designer_model.h"
 
-QList<LibraryProblem> prepareLibrary(DesignLibrary& library, const QString& sampleFolder)
+QList<LibraryProblem> prepareLibrary(DesignLibrary& library, const QString& sampleFolder,
+                                     StaleCleanUp cleanUp)
 {
     QList<LibraryProblem> problems = library.ensureFolders();
-    library.removeStaleTemporaries();
+    if (cleanUp == StaleCleanUp::Now)
+        library.removeStaleTemporaries();
+    else
+        QThreadPool::globalInstance()->start(
+            [root = library.root()] { DesignLibrary(root).removeStaleTemporaries(); });
     if (sampleFolder.isEmpty()) {
         problems << LibraryProblem{QString(),
                                    QStringLiteral("The sample designs shipped with Orvana were not found, "

@@ -9,10 +9,17 @@
 #include "library/design_library.h"
 #include "library/library_location.h"
 
-// Makes sure the library folders exist and copies the 13 samples in (never
-// overwriting); returns the problems to show. A missing sample folder is a problem.
+// When the stale temporaries of interrupted saves are removed: at once, or
+// in a worker thread while the windows come up (reading the names of a
+// folder of thousands of designs is work the first paint need not wait for).
+enum class StaleCleanUp { Now, InBackground };
+
+// Makes sure the library folders exist, removes stale temporaries and copies
+// the 13 samples in (never overwriting); returns the problems to show. A
+// missing sample folder is a problem.
 QList<LibraryProblem> prepareLibrary(DesignLibrary& library,
-                                     const QString& sampleFolder = defaultSampleFolder());
+                                     const QString& sampleFolder = defaultSampleFolder(),
+                                     StaleCleanUp cleanUp = StaleCleanUp::Now);
 
 // Designs the thirteen sample designs with the models and writes them side by
 // side into `folder` (made if missing), replacing older copies. Returns the

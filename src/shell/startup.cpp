@@ -80,7 +80,8 @@ QMessageBox* reportLibraryProblems(const QList<LibraryProblem>& problems, QWidge
 int runOrvana(const StartupOptions& options, const StartupHooks& hooks)
 {
     DesignLibrary library(resolveLibraryRoot(options.library));
-    const QList<LibraryProblem> problems = prepareLibrary(library);
+    const QList<LibraryProblem> problems =
+        prepareLibrary(library, defaultSampleFolder(), StaleCleanUp::InBackground);
 
     OrvanaShell shell(library);
     if (hooks.beforeWindows)
