@@ -1,67 +1,26 @@
 // Repaint time of a zoomed or panned time chart (16383 segments at zoom 1),
 // of a repaint after the cursor moves, and of an SVG export of the filter
 // chart; the default repaint is printed beside them as the reference.
-#include <cmath>
-#include <numbers>
-#include <vector>
 
 #include <QApplication>
 #include <QImage>
 
 #include "bench_support.h"
+#include "chart_fixtures.h"
 #include "charts/chart_export.h"
 #include "charts/chart_painting.h"
 #include "charts/filter_chart_layout.h"
-#include "charts/mag_phase_array_source.h"
-#include "charts/time_array_source.h"
 #include "charts/view_filt_design.h"
 #include "charts/view_time_signal_design.h"
-
-namespace {
-
-struct Arrays : MagPhaseArraySource, TimeArraySource {
-    std::vector<double> response;
-    std::vector<double> time;
-    std::vector<double> theMagPhaseArray() const override { return response; }
-    std::vector<double> theTimeArray() const override { return time; }
-};
-
-std::vector<double> timeArray()
-{
-    std::vector<double> a(8 + 16384);
-    for (int k = 0; k < 16384; ++k)
-        a[8 + size_t(k)] =
-            std::cos(2 * std::numbers::pi * 0.01 * k) + 0.5 * std::sin(2 * std::numbers::pi * 0.13 * k);
-    a[0] = 1.0;
-    a[4] = 1.5;
-    a[5] = -1.5;
-    return a;
-}
-
-std::vector<double> responseArray()
-{
-    std::vector<double> a(8 + 2 * 2048);
-    for (int k = 0; k < 2048; ++k) {
-        const double f = k / 2047.0;
-        a[8 + size_t(k)] = f < 0.25 ? 0.01 * std::sin(60 * f) : -40.0 - 50.0 * std::fabs(std::sin(90 * f));
-        a[8 + 2048 + size_t(k)] = -25.0 * std::numbers::pi * f;
-    }
-    a[2] = -90.0;
-    a[3] = 0.5;
-    a[5] = -25.0 * std::numbers::pi;
-    return a;
-}
-
-} // namespace
 
 int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    Arrays arrays;
-    arrays.time = timeArray();
-    arrays.response = responseArray();
+    bench::ChartArrays arrays;
+    arrays.time = bench::busyTimeArray();
+    arrays.response = bench::lowPassResponseArray();
     QImage image(1200, 400, QImage::Format_ARGB32_Premultiplied);
 
     GVRViewTimeSignalDesign time;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -23,6 +24,14 @@ public:
     void value(std::string_view s);
     void value(const char* s) { value(std::string_view(s)); }
     void null();
+    // The value, or null where it does not apply.
+    template <class T> void value(const std::optional<T>& v)
+    {
+        if (v)
+            value(*v);
+        else
+            null();
+    }
     void array(std::span<const double> values);
     void array(std::span<const std::int64_t> values);
 

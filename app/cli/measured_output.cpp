@@ -44,11 +44,8 @@ void writeMeasuredJson(JsonWriter& json, const GVRFilterDesignerModel& model)
     json.value(m.stopbandAttenuationQuantisedDb);
     json.key("passbandRippleDb");
     json.value(m.response.passbandRippleDb);
-    json.key("bitsNeeded");
-    if (model.filterWidth() == 0)
-        json.null();
-    else
-        json.value(m.bitsNeeded);
+    json.key("bitsNeeded"); // none for a Double design
+    json.value(model.filterWidth() == 0 ? std::nullopt : std::optional(m.bitsNeeded));
     json.key("fitsWidth");
     json.value(m.fitsWidth);
     json.key("groupDelaySamples");
@@ -86,20 +83,16 @@ void writeSweepJson(JsonWriter& json, const GVRFilterDesignerModel& model)
     json.beginArray();
     for (const SweepRow& row : model.wordLengthSweep()) {
         json.beginObject();
+        // The Double row has neither a width nor a need for one.
+        const auto unlessDouble = [&row](int v) { return row.bits == 0 ? std::nullopt : std::optional(v); };
         json.key("bits");
-        if (row.bits == 0)
-            json.null();
-        else
-            json.value(row.bits);
+        json.value(unlessDouble(row.bits));
         json.key("stopbandAttenuationDb");
         json.value(row.stopbandAttenuationDb);
         json.key("passbandRippleDb");
         json.value(row.passbandRippleDb);
         json.key("bitsNeeded");
-        if (row.bits == 0)
-            json.null();
-        else
-            json.value(row.bitsNeeded);
+        json.value(unlessDouble(row.bitsNeeded));
         json.endObject();
     }
     json.endArray();
