@@ -139,7 +139,7 @@ void appendPalindromeRoots(std::span<const double> p, std::vector<std::complex<d
             colleague(i, i + 1) = colleague(i + 1, i) = 0.5;
         // Scaled so the matrix stays symmetric but for its last column.
         for (Eigen::Index i = 0; i < n; ++i) {
-            const double scale = (i == 0 ? 1.0 : std::sqrt(0.5)) / std::sqrt(0.5);
+            const double scale = i == 0 ? std::sqrt(2.0) : 1.0;
             colleague(i, n - 1) -= 0.5 * c[std::size_t(i)] / c[m] * scale;
         }
         appendEigenvalues(colleague, xs);
