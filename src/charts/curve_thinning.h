@@ -2,8 +2,9 @@
 // pixel column the column shows only the span they cover: a column where the
 // curve turns back and forth over more than a pen width, or crosses steeply
 // over more than four, becomes one solid column over that span, and any other
-// column keeps its first, lowest, highest and last point (in curve order). The pixels are those of the full
-// curve, with far fewer and shorter strokes.
+// column keeps its first, lowest, highest and last point (in curve order).
+// The pixels are those of the full curve, a steep stroke's within a pixel,
+// with far fewer and shorter strokes.
 #pragma once
 
 #include <QLineF>

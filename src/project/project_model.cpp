@@ -104,25 +104,22 @@ int integerOf(const QVariant& value)
     return static_cast<int>(v);
 }
 
+// One record's eight-number header: fs, the highest frequency, the volt and
+// frequency unit codes, the extremes, two spare zeros.
+std::vector<double> recordHeader(double fs, double maxFreq, int volt, int freqCode, SignalExtremes range)
+{
+    return {fs,  maxFreq, static_cast<double>(volt), static_cast<double>(freqCode), range.max, range.min,
+            0.0, 0.0};
+}
+
+// The input's header, then the output's.
 std::vector<double> headers(double fsIn, double maxFreq, int voltIn, int freqCode, SignalExtremes in,
                             double fsOut, int voltOut, SignalExtremes out)
 {
-    return {fsIn,
-            maxFreq,
-            static_cast<double>(voltIn),
-            static_cast<double>(freqCode),
-            in.max,
-            in.min,
-            0.0,
-            0.0,
-            fsOut,
-            maxFreq,
-            static_cast<double>(voltOut),
-            static_cast<double>(freqCode),
-            out.max,
-            out.min,
-            0.0,
-            0.0};
+    std::vector<double> both = recordHeader(fsIn, maxFreq, voltIn, freqCode, in);
+    const std::vector<double> second = recordHeader(fsOut, maxFreq, voltOut, freqCode, out);
+    both.insert(both.end(), second.begin(), second.end());
+    return both;
 }
 
 } // namespace
@@ -167,14 +164,9 @@ GVRProjectModel::StageArrays GVRProjectModel::multirateStageArrays(MultirateStag
     const SignalExtremes range = measureSignal(shown);
     const SignalExtremes magRange = magSpectrum(shown, magnitudes);
     const double fs = static_cast<double>(stageL_) * stageFs_;
-    const auto header = [&](SignalExtremes r) {
-        return std::vector<double>{
-            fs,  0.5 * fs, static_cast<double>(stageVolt_), static_cast<double>(stageFreqCode_), r.max, r.min,
-            0.0, 0.0};
-    };
-    out.time = header(range);
+    out.time = recordHeader(fs, 0.5 * fs, stageVolt_, stageFreqCode_, range);
     out.time.insert(out.time.end(), shown.begin(), shown.end());
-    out.freq = header(magRange);
+    out.freq = recordHeader(fs, 0.5 * fs, stageVolt_, stageFreqCode_, magRange);
     out.freq.insert(out.freq.end(), magnitudes.begin(), magnitudes.begin() + kSpectrumLength / 2);
     return out;
 }
